@@ -1,0 +1,18 @@
+# Options for all of the project's own code.
+
+option(VORN_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ON)
+set(VORN_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize takes them")
+
+add_library(vorn_options INTERFACE)
+target_compile_features(vorn_options INTERFACE cxx_std_17)
+target_compile_options(vorn_options INTERFACE
+  -Wall -Wextra -Wpedantic
+  $<$<BOOL:${VORN_WARNINGS_AS_ERRORS}>:-Werror>
+  # Meshes and matrices are the same bit for bit on every processor.
+  -ffp-contract=off)
+
+if(VORN_SANITIZE)
+  target_compile_options(vorn_options INTERFACE
+    -fsanitize=${VORN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(vorn_options INTERFACE -fsanitize=${VORN_SANITIZE})
+endif()

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+
+#include "kernel/GlGeometry.h"
+#include "kernel/Matrix4.h"
+#include "render/GPUTextureFilter/VEGPUTextureFilterBase.h"
+#include "render/VEStickerList.h"
+
+/// The texture filter: draws a picture, keyed by a mask and overlaid with stickers, into the
+/// caller's texture under a movable perspective view. Not exported.
+///
+/// Program and framebuffer are made by the first draw, which fixes the choice of shaders.
+///
+/// \thread the GL thread.
+class GPUTextureFilterBaseImpl : public GPUTextureFilterBase {
+public:
+    /// Stands for "no mask", and for a program not built yet.
+    static constexpr uint32_t kNone = 0xFFFFFFFFU;
+
+    /// \param width, height of source and target alike: the output has the size of its source.
+    GPUTextureFilterBaseImpl(uint32_t targetTexture, uint32_t targetFormat, uint32_t sourceFormat,
+                             uint32_t width, uint32_t height, uint32_t maskFormat,
+                             uint32_t maskWidth, uint32_t maskHeight);
+    ~GPUTextureFilterBaseImpl();
+    GPUTextureFilterBaseImpl(const GPUTextureFilterBaseImpl&) = delete;
+    GPUTextureFilterBaseImpl& operator=(const GPUTextureFilterBaseImpl&) = delete;
+
+    /// Moves the camera to (\p x, 0, 3 - zoom / 2), looking at (x, 0, 0). Takes effect at the next
+    /// draw. \p y and \p w are accepted and ignored: the view has no vertical movement.
+    void updateMatrixState(float x, float y, float zoom, float w);
+
+    /// Rebuilds the sticker mesh for a sticker anchored at output pixel (\p x, \p y), counted from
+    /// the first row; (-1, -1) hides the sticker and keeps the mesh.
+    void updateStickerPaintPosition(int32_t x, int32_t y);
+
+    /// \param sourceIsExternal the source is a GL_TEXTURE_EXTERNAL_OES instead of a GL_TEXTURE_2D.
+    /// \param maskTexture      kNone for none.
+    /// \param stickerTexture   negative for none.
+    void draw(uint32_t sourceTexture, uint32_t maskTexture, bool mirror, bool sourceIsExternal,
+              int32_t stickerTexture, const VEStickerList& stickers);
+
+protected:
+    uint32_t m_targetTexture;
+    uint32_t m_targetFormat;
+    uint32_t m_targetWidth;
+    uint32_t m_targetHeight;
+    uint32_t m_sourceFormat;
+    uint32_t m_sourceWidth;
+    uint32_t m_sourceHeight;
+    uint32_t m_maskFormat;
+    uint32_t m_maskWidth;
+    uint32_t m_maskHeight;
+    uint32_t m_program = kNone;
+    bool m_stickerVisible = false;
+    GLFbo* m_fbo = nullptr;
+    OVR::GlGeometry m_quad;
+    OVR::GlGeometry m_stickerQuad;
+    OVR::Matrix4<float> m_projection;
+    OVR::Matrix4<float> m_mvpMatrix;
+    int32_t m_texture0Loc = -1;
+    int32_t m_texture1Loc = -1;
+    int32_t m_texture2Loc = -1;
+    int32_t m_colorMirrorLoc = -1;
+    int32_t m_spareLocs[2] = {-1, -1};
+    int32_t m_matrixLoc = -1;
+    int32_t m_stickerLoc = -1;
+
+private:
+    void setUp(bool sourceIsExternal, bool masked);
+    void buildProgram(bool sourceIsExternal, bool masked);
+    void beginTarget() const;
+    void useProgram(bool mirror) const;
+    void bindTextures(uint32_t sourceTexture, uint32_t maskTexture, bool sourceIsExternal,
+                      int32_t stickerTexture) const;
+    void drawStickers(const VEStickerList& stickers);
+};

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+#include "kernel/Allocator.h"
+
+namespace OVR {
+
+/// A growable array of plain elements in memory of the kernel's allocator.
+///
+/// Elements are moved bytewise; no constructor or destructor of theirs runs, so those that Resize
+/// adds are uninitialised. Throws std::bad_alloc when the allocator has no memory.
+template <typename T>
+struct Array {
+    static_assert(std::is_trivially_copyable<T>::value, "elements are copied bytewise");
+
+    T* Data = nullptr;
+    uint32_t Size = 0;
+    uint32_t Capacity = 0;
+
+    Array() = default;
+    ~Array() { Reserve(0); }
+    Array(const Array&) = delete;
+    Array& operator=(const Array&) = delete;
+    Array(Array&& other) noexcept { Swap(other); }
+    Array& operator=(Array&& other) noexcept {
+        Swap(other);
+        return *this;
+    }
+
+    bool IsEmpty() const { return Size == 0; }
+    T& operator[](size_t index) { return Data[index]; }
+    const T& operator[](size_t index) const { return Data[index]; }
+    T* begin() { return Data; }
+    T* end() { return Data + Size; }
+    const T* begin() const { return Data; }
+    const T* end() const { return Data + Size; }
+
+    /// Growing leaves a quarter to spare; shrinking below half of the room gives the rest back.
+    void Resize(uint32_t size) {
+        if (size >= Capacity) {
+            Reserve(size + size / 4);
+        } else if (size < Size && size < Capacity / 2) {
+            Reserve(size);
+        }
+        Size = size;
+    }
+
+    /// Makes room for exactly \p capacity elements, rounded up to a multiple of four; 0 frees the
+    /// storage. Size is not touched.
+    void Reserve(uint32_t capacity) {
+        if (capacity == 0) {
+            Release();
+            return;
+        }
+        const uint32_t rounded = (capacity + 3) / 4 * 4;
+        const size_t bytes = size_t{rounded} * sizeof(T);
+        void* storage = Data == nullptr ? Allocator::pInstance->Alloc(bytes)
+                                        : Allocator::pInstance->Realloc(Data, bytes);
+        if (storage == nullptr) {
+            throw std::bad_alloc();
+        }
+        Data = static_cast<T*>(storage);
+        Capacity = rounded;
+    }
+
+private:
+    void Release() {
+        if (Data != nullptr) {
+            Allocator::pInstance->Free(Data);
+            Data = nullptr;
+        }
+        Capacity = 0;
+    }
+
+    void Swap(Array& other) noexcept {
+        std::swap(Data, other.Data);
+        std::swap(Size, other.Size);
+        std::swap(Capacity, other.Capacity);
+    }
+};
+
+}  // namespace OVR

@@ -1,0 +1,120 @@
+#include "kernel/GlGeometry.h"
+
+#include <cstring>
+
+namespace OVR {
+namespace {
+
+/// Each attribute is one block, not interleaved, and the blocks follow one another by location.
+/// Joint indices deliberately take the float path too: the shader sees them as floats.
+void PackVertexAttribs(Array<unsigned char>& packed, const VertexAttribs& attribs) {
+    PackVertexAttribute(packed, attribs.position, VERTEX_ATTRIBUTE_POSITION, GL_FLOAT, 3);
+    PackVertexAttribute(packed, attribs.normal, VERTEX_ATTRIBUTE_NORMAL, GL_FLOAT, 3);
+    PackVertexAttribute(packed, attribs.tangent, VERTEX_ATTRIBUTE_TANGENT, GL_FLOAT, 3);
+    PackVertexAttribute(packed, attribs.binormal, VERTEX_ATTRIBUTE_BINORMAL, GL_FLOAT, 3);
+    PackVertexAttribute(packed, attribs.vertexColor, VERTEX_ATTRIBUTE_COLOR, GL_FLOAT, 4);
+    PackVertexAttribute(packed, attribs.texCoord, VERTEX_ATTRIBUTE_UV0, GL_FLOAT, 2);
+    PackVertexAttribute(packed, attribs.texCoord1, VERTEX_ATTRIBUTE_UV1, GL_FLOAT, 2);
+    PackVertexAttribute(packed, attribs.jointIndices, VERTEX_ATTRIBUTE_JOINT_INDICES, GL_INT, 4);
+    PackVertexAttribute(packed, attribs.jointWeights, VERTEX_ATTRIBUTE_JOINT_WEIGHTS, GL_FLOAT, 4);
+}
+
+/// Fills the bound GL_ARRAY_BUFFER; static even on updates, which are expected to be rare.
+void UploadVertices(const VertexAttribs& attribs) {
+    Array<unsigned char> packed;
+    PackVertexAttribs(packed, attribs);
+    GLES3::glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(packed.Size), packed.Data,
+                        GL_STATIC_DRAW);
+}
+
+void UploadIndices(const Array<unsigned short>& indices) {
+    GLES3::glBufferData(GL_ELEMENT_ARRAY_BUFFER,
+                        static_cast<GLsizeiptr>(indices.Size * sizeof(unsigned short)),
+                        indices.Data, GL_STATIC_DRAW);
+}
+
+void ComputeBounds(Bounds3<float>& bounds, const Array<Vector3<float>>& positions) {
+    bounds.Clear();
+    for (const Vector3<float>& position : positions) {
+        bounds.AddPoint(position);
+    }
+}
+
+}  // namespace
+
+template <typename T>
+void PackVertexAttribute(Array<unsigned char>& packed, const Array<T>& attrib, int glLocation,
+                         int glType, int glComponents) {
+    const auto location = static_cast<GLuint>(glLocation);
+    if (attrib.IsEmpty()) {
+        GLES3::glDisableVertexAttribArray(location);
+        return;
+    }
+    const uintptr_t offset = packed.Size;
+    const auto bytes = static_cast<uint32_t>(attrib.Size * sizeof(T));
+    packed.Resize(packed.Size + bytes);
+    std::memcpy(packed.Data + offset, attrib.Data, bytes);
+    GLES3::glEnableVertexAttribArray(location);
+    GLES3::glVertexAttribPointer(location, glComponents, static_cast<GLenum>(glType), GL_FALSE,
+                                 sizeof(T), reinterpret_cast<const void*>(offset));
+}
+
+template OVR_EXPORT void PackVertexAttribute(Array<unsigned char>&, const Array<Vector2<float>>&,
+                                             int, int, int);
+template OVR_EXPORT void PackVertexAttribute(Array<unsigned char>&, const Array<Vector3<float>>&,
+                                             int, int, int);
+template OVR_EXPORT void PackVertexAttribute(Array<unsigned char>&, const Array<Vector4<float>>&,
+                                             int, int, int);
+template OVR_EXPORT void PackVertexAttribute(Array<unsigned char>&, const Array<Vector4<int>>&, int,
+                                             int, int);
+
+void GlGeometry::Create(const VertexAttribs& attribs, const Array<unsigned short>& indices) {
+    vertexCount = static_cast<int32_t>(attribs.position.Size);
+    indexCount = static_cast<int32_t>(indices.Size);
+
+    GLES3::glGenBuffers(1, &vertexBuffer);
+    GLES3::glGenBuffers(1, &indexBuffer);
+    GLES3::glGenVertexArrays(1, &vertexArrayObject);
+
+    GLES3::glBindVertexArray(vertexArrayObject);
+    GLES3::glBindBuffer(GL_ARRAY_BUFFER, vertexBuffer);
+    UploadVertices(attribs);
+    GLES3::glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, indexBuffer);
+    UploadIndices(indices);
+
+    GLES3::glBindVertexArray(0);
+    for (GLuint location = 0; location <= VERTEX_ATTRIBUTE_JOINT_WEIGHTS; ++location) {
+        GLES3::glDisableVertexAttribArray(location);
+    }
+    ComputeBounds(localBounds, attribs.position);
+}
+
+void GlGeometry::Update(const VertexAttribs& attribs, bool updateBounds) {
+    vertexCount = static_cast<int32_t>(attribs.position.Size);
+    GLES3::glBindVertexArray(vertexArrayObject);
+    GLES3::glBindBuffer(GL_ARRAY_BUFFER, vertexBuffer);
+    UploadVertices(attribs);
+    if (updateBounds) {
+        ComputeBounds(localBounds, attribs.position);
+    }
+}
+
+void GlGeometry::Draw() const {
+    GLES3::glBindVertexArray(vertexArrayObject);
+    GLES3::glDrawElements(static_cast<GLenum>(primitiveType), indexCount, GL_UNSIGNED_SHORT,
+                          nullptr);
+}
+
+void GlGeometry::Free() {
+    GLES3::glDeleteVertexArrays(1, &vertexArrayObject);
+    GLES3::glDeleteBuffers(1, &indexBuffer);
+    GLES3::glDeleteBuffers(1, &vertexBuffer);
+    vertexArrayObject = 0;
+    indexBuffer = 0;
+    vertexBuffer = 0;
+    vertexCount = 0;
+    indexCount = 0;
+    localBounds.Clear();
+}
+
+}  // namespace OVR

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdarg>
+#include <cstddef>
+#include <cstdint>
+
+#include "kernel/Export.h"
+
+namespace OVR {
+
+/// Bit 0x100 marks ordinary output, bit 0x200 debug output.
+enum LogMessageType : uint32_t {
+    LogMessage_Text = 0x100,
+    LogMessage_Error = 0x101,
+    LogMessage_DebugText = 0x200,
+    LogMessage_Debug = 0x201,
+    LogMessage_Assert = 0x202,
+};
+
+/// The kernel's leveled log. The library silences it when it is loaded: nothing is written unless a
+/// caller widens the mask of the default log or installs a log of its own.
+///
+/// \thread messages may come from any thread; set masks and the global log before there are others.
+class OVR_EXPORT Log {
+public:
+    explicit Log(uint32_t loggingMask = LogMessage_DebugText);
+    /// Takes the log out of use when it is the global one.
+    virtual ~Log();
+    Log(const Log&) = delete;
+    Log& operator=(const Log&) = delete;
+
+    /// Writes the message if its type shares a bit with LoggingMask. Debug and assert types are
+    /// never written, whatever the mask.
+    virtual void LogMessageVarg(LogMessageType type, const char* fmt, va_list args)
+        OVR_PRINTF(3, 0);
+
+    void LogMessage(LogMessageType type, const char* fmt, ...) OVR_PRINTF(3, 4);
+
+    /// Puts prefix, message and, for types with a prefix, a newline into \p buffer. What does not
+    /// fit is cut, the newline first; the text always ends in NUL.
+    static void FormatLog(char* buffer, unsigned bufferSize, LogMessageType type, const char* fmt,
+                          va_list args) OVR_PRINTF(4, 0);
+    /// Writes \p text to the system log under the tag "OVR".
+    static void DefaultLogOutput(LogMessageType type, const char* text);
+
+    /// The one default log, made on first call and destroyed at process exit or unload.
+    static Log* GetDefaultLog();
+    /// The log that the free functions below write to; null for none.
+    static Log* GetGlobalLog();
+    static void SetGlobalLog(Log* log);
+
+    uint32_t LoggingMask;
+};
+
+OVR_EXPORT void LogText(const char* fmt, ...) OVR_PRINTF(1, 2);
+OVR_EXPORT void LogError(const char* fmt, ...) OVR_PRINTF(1, 2);
+OVR_EXPORT void LogDebugText(const char* fmt, ...) OVR_PRINTF(1, 2);
+OVR_EXPORT void LogDebug(const char* fmt, ...) OVR_PRINTF(1, 2);
+OVR_EXPORT void LogAssert(const char* fmt, ...) OVR_PRINTF(1, 2);
+
+}  // namespace OVR

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+
+#include "render/VERenderer.h"
+
+/// A renderer behind a handle; the handle is this object's address.
+///
+/// The destructor is deliberately not virtual, and does nothing: all cleanup is Destroy's, and
+/// VEDestroyRenderer releases the memory without knowing the renderer's kind. Renderers are
+/// therefore made with ::operator new and add no destructor work of their own.
+///
+/// \thread the GL thread.
+class VERendererBase {
+public:
+    VERendererBase(int textureId, int format, VERendererMode* mode);
+    ~VERendererBase() {}
+    VERendererBase(const VERendererBase&) = delete;
+    VERendererBase& operator=(const VERendererBase&) = delete;
+
+    /// Draws one frame. \return 0.
+    virtual int Update(void* data, unsigned int size, bool colorMirror, void* maskData,
+                       int stickerTexture, VEStickerList& stickers) = 0;
+    /// Releases everything the renderer owns; harmless when repeated.
+    virtual void Destroy() = 0;
+    /// Hands one compressed access unit to the decoder. \return 0.
+    virtual int UpdateCompressedData(void* data, int size) = 0;
+    /// Forwards a view position to the filter. \return 0.
+    virtual int UpdateUserPosition(float a, float b, float c, float d) = 0;
+
+protected:
+    int32_t textureId;
+    int32_t textureWidth;
+    int32_t textureHeight;
+    int32_t outputMode;
+};

@@ -1,0 +1,52 @@
+#include "render/ThreadAffinity.h"
+
+#include <android/log.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
+#include <cstdlib>
+
+#include "render/VELog.h"
+
+namespace {
+
+/// All engine services log under the tag of the logging service.
+constexpr char kSourceFile[] = "src/common/VELog.cpp";
+
+/// Set sizes in bytes, in the order tried. The kernel only takes multiples of its own word, so
+/// 64-bit systems get one more attempt.
+constexpr size_t kSetSizes[] = {4, 2, 1,
+#if defined(__LP64__)
+                                8
+#endif
+};
+
+}  // namespace
+
+int GetThreadAffinityMask(int tid) {
+    if (tid == 0) {
+        return 0;
+    }
+    uint32_t mask[2] = {0, 0};
+    for (const size_t size : kSetSizes) {
+        if (syscall(__NR_sched_getaffinity, tid, size, mask) >= 0) {
+            return static_cast<int>(mask[0]);
+        }
+        if (errno == ENOSYS) {
+            return 0;
+        }
+    }
+    return 0;
+}
+
+int SetThreadAffinityMask(int tid, int mask) {
+    if (syscall(__NR_sched_setaffinity, tid, sizeof(mask), &mask) != 0) {
+        LogWithFileTag(ANDROID_LOG_ERROR, kSourceFile,
+                       "Error in the syscall setaffinity: mask=0x%x err=0x%x",
+                       static_cast<unsigned>(mask), static_cast<unsigned>(errno));
+        std::abort();
+    }
+    return 0;
+}
