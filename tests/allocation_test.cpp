@@ -32,17 +32,18 @@ CountingAllocator countingAllocator;
 
 }  // namespace
 
-void* operator new(size_t size) {
+// Kept out of line: inlined, the pair looks mismatched to the compiler.
+__attribute__((noinline)) void* operator new(size_t size) {
     void* p = Count(size == 0 ? 1 : size);
     if (p == nullptr) {
         throw std::bad_alloc();
     }
     return p;
 }
-void operator delete(void* p) noexcept {
+__attribute__((noinline)) void operator delete(void* p) noexcept {
     std::free(p);
 }
-void operator delete(void* p, size_t) noexcept {
+__attribute__((noinline)) void operator delete(void* p, size_t) noexcept {
     std::free(p);
 }
 

@@ -170,7 +170,7 @@ TEST_F(Filter, TexturesWithoutPixelBuffersTakeTheirImageAtOnce) {
 }
 
 TEST_F(Filter, FormatsWithoutASizeUploadNothing) {
-    GLTexture* texture = GPUTextureFilterBase::GeneratorTexture(GL_LUMINANCE, 4, 4, true);
+    GLTexture* texture = GPUTextureFilterBase::GeneratorTexture(0x1234, 4, 4, true);
     EXPECT_EQ(0U, texture->m_byteSize);
     texture->loadData(picture.bytes.data());
     texture->loadData(nullptr);
