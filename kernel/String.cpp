@@ -93,6 +93,16 @@ uint32_t String::GetCharAt(size_t position) const {
     return UTF8Util::DecodeNextChar(cursor, text.data() + text.size());
 }
 
+void String::Append(std::string_view utf8) {
+    const size_t size = GetSize();
+    if (utf8.size() <= kMaxSize - size && HasOwnRoomFor(size + utf8.size())) {
+        utf8.copy(block_->Text() + size, utf8.size());
+        block_->SetSize(size + utf8.size());
+    } else {
+        Replace(size, 0, utf8);
+    }
+}
+
 void String::AppendChar(uint32_t ch) {
     char encoded[UTF8Util::kMaxEncodedSize];
     Append({encoded, UTF8Util::EncodeChar(encoded, ch)});
@@ -151,12 +161,12 @@ uint32_t String::GetHash() const {
     return hash;
 }
 
-bool String::CanEditInPlace(size_t size, std::string_view inserted) const {
+bool String::HasOwnRoomFor(size_t size) const {
     return block_ != nullptr && size <= block_->capacity &&
-           block_->users.load(std::memory_order_acquire) == 1 && !Overlap(View(), inserted);
+           block_->users.load(std::memory_order_acquire) == 1;
 }
 
-/// Every edit: \p inserted takes the place of \p removed bytes at \p offset.
+/// Any edit: \p inserted takes the place of \p removed bytes at \p offset.
 void String::Replace(size_t offset, size_t removed, std::string_view inserted) {
     const std::string_view text = View();
     const std::string_view tail = text.substr(offset + removed);
@@ -166,13 +176,13 @@ void String::Replace(size_t offset, size_t removed, std::string_view inserted) {
     const size_t size = offset + inserted.size() + tail.size();
     if (size == 0) {
         Clear();
-    } else if (CanEditInPlace(size, inserted)) {
+    } else if (HasOwnRoomFor(size) && !Overlap(text, inserted)) {
         std::memmove(block_->Text() + offset + inserted.size(), tail.data(), tail.size());
         inserted.copy(block_->Text() + offset, inserted.size());
         block_->SetSize(size);
     } else {
-        // Half as much again for texts that grow, so that many appends cost little each.
-        Block* block = Block::Create(std::max(size, size > text.size() ? text.size() / 2 * 3 : 0));
+        // Twice the room for texts that grow, so that many appends cost little each.
+        Block* block = Block::Create(std::max(size, size > text.size() ? text.size() * 2 : 0));
         text.copy(block->Text(), offset);
         inserted.copy(block->Text() + offset, inserted.size());
         tail.copy(block->Text() + offset + inserted.size(), tail.size());

@@ -79,7 +79,7 @@ public:
     Iterator begin() const { return {View().data(), View().data() + View().size()}; }
     Iterator end() const { return {View().data() + View().size(), View().data() + View().size()}; }
 
-    void Append(std::string_view utf8) { Replace(GetSize(), 0, utf8); }
+    void Append(std::string_view utf8);
     void Append(const char* utf8) { Append(std::string_view(utf8)); }
     void AppendChar(uint32_t ch);
     void Insert(size_t position, std::string_view utf8);
@@ -104,7 +104,7 @@ public:
 private:
     struct Block;
 
-    bool CanEditInPlace(size_t size, std::string_view inserted) const;
+    bool HasOwnRoomFor(size_t size) const;
     void Replace(size_t offset, size_t removed, std::string_view inserted);
 
     Block* block_ = nullptr;

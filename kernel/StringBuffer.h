@@ -40,16 +40,19 @@ public:
 
     void Append(std::string_view utf8) {
         if (utf8.size() < Room()) {
-            utf8.copy(storage_.Data + size_, utf8.size());
-            SetSize(size_ + utf8.size());
+            char* end = storage_.Data + size_;
+            utf8.copy(end, utf8.size());
+            end[utf8.size()] = '\0';
+            size_ += utf8.size();
         } else {
             AppendGrowing(utf8);
         }
     }
     void AppendChar(uint32_t ch) {
         if (ch < 0x80 && Room() > 1) {
-            storage_.Data[size_] = static_cast<char>(ch);
-            SetSize(size_ + 1);
+            char* end = storage_.Data + size_++;
+            end[0] = static_cast<char>(ch);
+            end[1] = '\0';
         } else {
             AppendEncoded(ch);
         }

@@ -1,5 +1,7 @@
 #include "kernel/geometry/CalibrationLines.h"
 
+#include <algorithm>
+
 #include "kernel/geometry/Grid.h"
 #include "kernel/geometry/Mesh.h"
 
@@ -21,22 +23,23 @@ LinePlace PlaceAt(float t) {
     return {t + t - 1.0F, 1.0F - t};
 }
 
+/// The vertices of one end: the horizontal's, then the vertical's.
+void FillEnd(VertexAttribs& attribs, size_t vertex, LinePlace place, float a, float u) {
+    attribs.position[vertex] = {a, place.f, kDepth};
+    attribs.position[vertex + 1] = {place.f, a, kDepth};
+    attribs.texCoord[vertex] = {u, place.v};
+    attribs.texCoord[vertex + 1] = {u, place.v};
+}
+
 void FillLine(VertexAttribs& attribs, size_t vertex, LinePlace place, float scale) {
-    for (int end = 0; end < 2; ++end) {
-        const auto j = static_cast<float>(end);
-        const float a = (j + j - 1.0F) * scale;
-        attribs.position[vertex] = {a, place.f, kDepth};
-        attribs.position[vertex + 1] = {place.f, a, kDepth};
-        for (int direction = 0; direction < 2; ++direction, ++vertex) {
-            attribs.texCoord[vertex] = {j, place.v};
-            attribs.vertexColor[vertex] = kOpaqueWhite;
-        }
-    }
+    FillEnd(attribs, vertex, place, -scale, 0.0F);
+    FillEnd(attribs, vertex + 2, place, scale, 1.0F);
 }
 
 void FillVertices(VertexAttribs& attribs, int extraLines, bool fullGrid) {
     const int lines = 2 * extraLines + 1;
-    ResizeVertices(attribs, static_cast<uint32_t>(lines) * kVerticesPerLine);
+    SizeVertices(attribs, static_cast<uint32_t>(lines) * kVerticesPerLine);
+    std::fill(attribs.vertexColor.begin(), attribs.vertexColor.end(), kOpaqueWhite);
     if (extraLines == 0) {
         FillLine(attribs, 0, {0.0F, 0.5F}, 1.0F);
         return;
@@ -50,7 +53,7 @@ void FillVertices(VertexAttribs& attribs, int extraLines, bool fullGrid) {
 }
 
 void FillIndices(Array<unsigned short>& indices, uint32_t lines) {
-    indices.Resize(lines * kIndicesPerLine);
+    SizeOnce(indices, lines * kIndicesPerLine);
     for (uint32_t slot = 0; slot < indices.Size; slot += kIndicesPerLine) {
         const auto first = static_cast<unsigned short>(slot);
         indices[slot] = first;

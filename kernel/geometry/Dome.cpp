@@ -50,7 +50,7 @@ void FillRow(VertexAttribs& attribs, uint32_t y, const Meridians& meridians, flo
 Mesh MakeDome(float latRads, float uScale, float vScale) {
     const Meridians meridians = MakeMeridians();
     Mesh mesh;
-    ResizeVertices(mesh.attribs, kGrid.VertexCount());
+    SizeVertices(mesh.attribs, kGrid.VertexCount());
     for (uint32_t y = 0; y <= kGrid.vertical; ++y) {
         FillRow(mesh.attribs, y, meridians, latRads, uScale, vScale);
     }

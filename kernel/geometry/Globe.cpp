@@ -63,7 +63,7 @@ void FillRow(VertexAttribs& attribs, uint32_t y, const Meridians& meridians, flo
 Mesh MakeGlobe(float uScale, float vScale, float radius) {
     const Meridians meridians = MakeMeridians();
     Mesh mesh;
-    ResizeVertices(mesh.attribs, kGrid.VertexCount());
+    SizeVertices(mesh.attribs, kGrid.VertexCount());
     for (uint32_t y = 0; y <= kGrid.vertical; ++y) {
         FillRow(mesh.attribs, y, meridians, uScale, vScale, radius);
     }

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "kernel/VertexAttribs.h"
+#include "kernel/geometry/Mesh.h"
 
 namespace OVR {
 
@@ -20,11 +20,11 @@ constexpr uint32_t kIndicesPerCell = 6;
 constexpr Vector4<float> kOpaqueWhite = {1.0F, 1.0F, 1.0F, 1.0F};
 constexpr Vector4<float> kClearWhite = {1.0F, 1.0F, 1.0F, 0.0F};
 
-/// Sizes what every surface of the kernel has: position, texCoord and vertexColor.
-inline void ResizeVertices(VertexAttribs& attribs, uint32_t count) {
-    attribs.position.Resize(count);
-    attribs.texCoord.Resize(count);
-    attribs.vertexColor.Resize(count);
+/// Sizes what every surface has: position, texCoord and vertexColor.
+inline void SizeVertices(VertexAttribs& attribs, uint32_t count) {
+    SizeOnce(attribs.position, count);
+    SizeOnce(attribs.texCoord, count);
+    SizeOnce(attribs.vertexColor, count);
 }
 
 /// Two triangles over the cell whose first vertex is \p first, split between the vertices right of
@@ -55,7 +55,7 @@ inline unsigned short* WriteCellsByRow(unsigned short* slots, const Grid& grid) 
 
 /// The cells column by column.
 inline void FillCellsByColumn(Array<unsigned short>& indices, const Grid& grid) {
-    indices.Resize(grid.CellCount() * kIndicesPerCell);
+    SizeOnce(indices, grid.CellCount() * kIndicesPerCell);
     unsigned short* slots = indices.Data;
     for (uint32_t x = 0; x < grid.horizontal; ++x) {
         for (uint32_t y = 0; y < grid.vertical; ++y) {

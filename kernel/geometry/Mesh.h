@@ -10,6 +10,13 @@ struct Mesh {
     Array<unsigned short> indices;
 };
 
+/// Gives an empty array its final size, without the spare room of one that grows on.
+template <typename T>
+void SizeOnce(Array<T>& array, uint32_t size) {
+    array.Reserve(size);
+    array.Size = size;
+}
+
 /// \return the mesh on the GPU, of GL_TRIANGLES; the caller frees it.
 inline GlGeometry Upload(const Mesh& mesh) {
     GlGeometry geometry;

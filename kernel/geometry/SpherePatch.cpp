@@ -47,7 +47,7 @@ void FillRow(VertexAttribs& attribs, uint32_t y, const Meridians& meridians, flo
 Mesh MakeSpherePatch(float fov) {
     const Meridians meridians = MakeMeridians(fov);
     Mesh mesh;
-    ResizeVertices(mesh.attribs, kGrid.VertexCount());
+    SizeVertices(mesh.attribs, kGrid.VertexCount());
     for (uint32_t y = 0; y <= kGrid.vertical; ++y) {
         FillRow(mesh.attribs, y, meridians, fov);
     }

@@ -9,7 +9,7 @@ namespace OVR {
 namespace {
 
 void FillVertices(VertexAttribs& attribs, const Grid& grid) {
-    ResizeVertices(attribs, grid.VertexCount());
+    SizeVertices(attribs, grid.VertexCount());
     const float rx = 1.0F / static_cast<float>(grid.horizontal);
     const float ry = 1.0F / static_cast<float>(grid.vertical);
     size_t vertex = 0;
@@ -41,7 +41,7 @@ void FlipDiagonal(unsigned short* slots) {
 }
 
 void FillIndices(Array<unsigned short>& indices, const Grid& grid, bool twoSided) {
-    indices.Resize(grid.CellCount() * kIndicesPerCell * (twoSided ? 2 : 1));
+    SizeOnce(indices, grid.CellCount() * kIndicesPerCell * (twoSided ? 2 : 1));
     unsigned short* back = WriteCellsByRow(indices.Data, grid);
     // Deliberately the first and the last cell of the front only (they may be the same one): the
     // cells in the other two corners, and all of the back, keep the grid's own split.

@@ -25,11 +25,11 @@ float Coordinate(uint32_t corner, uint32_t bit) {
 
 Mesh MakeUnitCubeLines() {
     Mesh mesh;
-    mesh.attribs.position.Resize(kCorners);
+    SizeOnce(mesh.attribs.position, kCorners);
     for (uint32_t k = 0; k < kCorners; ++k) {
         mesh.attribs.position[k] = {Coordinate(k, 0), Coordinate(k, 1), Coordinate(k, 2)};
     }
-    mesh.indices.Resize(std::size(kEdges));
+    SizeOnce(mesh.indices, std::size(kEdges));
     std::copy(std::begin(kEdges), std::end(kEdges), mesh.indices.Data);
     return mesh;
 }

@@ -26,7 +26,7 @@ bool AtOpening(uint32_t stop) {
 }
 
 void FillVertices(VertexAttribs& attribs, const Stops& xStops, const Stops& yStops) {
-    ResizeVertices(attribs, kGrid.VertexCount());
+    SizeVertices(attribs, kGrid.VertexCount());
     size_t vertex = 0;
     for (uint32_t y = 0; y <= kGrid.vertical; ++y) {
         for (uint32_t x = 0; x <= kGrid.horizontal; ++x, ++vertex) {
@@ -46,7 +46,7 @@ unsigned short* WriteCellOnDiagonal(unsigned short* slots, uint32_t first) {
 }
 
 void FillIndices(Array<unsigned short>& indices) {
-    indices.Resize((kGrid.CellCount() - 1) * kIndicesPerCell);
+    SizeOnce(indices, (kGrid.CellCount() - 1) * kIndicesPerCell);
     unsigned short* slots = indices.Data;
     for (uint32_t y = 0; y < kGrid.vertical; ++y) {
         for (uint32_t x = 0; x < kGrid.horizontal; ++x) {
