@@ -1,0 +1,44 @@
+#include "support/CommandLine.h"
+
+#include <cstdio>
+#include <exception>
+
+#include "support/ToolError.h"
+
+int RunTool(const char* name, const std::function<int()>& body) {
+    try {
+        return body();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", name, error.what());
+        return kExitBadInput;
+    }
+}
+
+std::string PlainHelp::make_option_opts(const CLI::Option* option) const {
+    const std::string form = option->get_type_name();
+    return form.empty() ? form : " " + form;
+}
+
+bool ParseCommandLine(CLI::App& app, int argc, char** argv) {
+    try {
+        app.parse(argc, argv);
+        return true;
+    } catch (const CLI::Success& request) {
+        app.exit(request);
+        return false;
+    } catch (const CLI::ParseError& error) {
+        const std::string message = error.what();
+        throw ToolError(message.substr(0, message.find('\n')));
+    }
+}
+
+Size ParseSize(const std::string& text) {
+    Size size;
+    int used = 0;
+    // NOLINTNEXTLINE(cert-err34-c): %n and the range show what sscanf would let pass.
+    const int fields = std::sscanf(text.c_str(), "%5dx%5d%n", &size.width, &size.height, &used);
+    if (fields != 2 || text.c_str()[used] != '\0' || size.width < 1 || size.height < 1) {
+        throw CLI::ValidationError(text + " is no size; give it as WIDTHxHEIGHT");
+    }
+    return size;
+}
