@@ -5,7 +5,12 @@
 
 #include "support/ToolError.h"
 
+extern "C" {
+#include <libavutil/log.h>
+}
+
 int RunTool(const char* name, const std::function<int()>& body) {
+    av_log_set_level(AV_LOG_QUIET);
     try {
         return body();
     } catch (const std::exception& error) {

@@ -10,7 +10,7 @@
 enum ExitStatus { kExitDone = 0, kExitBroken = 1, kExitBadInput = 2 };
 
 /// Runs a tool: an error that \p body throws becomes the one line "<name>: …" on stderr and the
-/// status kExitBadInput.
+/// status kExitBadInput. libav keeps quiet.
 int RunTool(const char* name, const std::function<int()>& body);
 
 /// Help with the names and the forms of the options, without their rules.

@@ -24,6 +24,10 @@ bool HasFullRange(const AVFrame& frame) {
 
 }  // namespace
 
+Size SizeOr(Size size, const AVFrame& frame) {
+    return size.width > 0 ? size : Size{frame.width, frame.height};
+}
+
 bool FrameConverter::Source::operator==(const Source& other) const {
     return std::tie(width, height, format, colorSpace, fullRange) ==
            std::tie(other.width, other.height, other.format, other.colorSpace, other.fullRange);

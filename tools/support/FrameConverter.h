@@ -6,6 +6,9 @@
 #include "support/Image.h"
 #include "support/Libav.h"
 
+/// \p size, or where that is zero the frame's own.
+Size SizeOr(Size size, const AVFrame& frame);
+
 /// Scales decoded frames of any format to tightly packed RGB or RGBA of one size, with the colours
 /// that the frame's own tags mean.
 class FrameConverter {

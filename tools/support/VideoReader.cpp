@@ -79,11 +79,15 @@ void VideoReader::OpenDecoder() {
 /// Goes to the last key frame before the start. Where that fails, the file is read from its
 /// beginning, to the same effect.
 void VideoReader::Seek() {
-    const int64_t first = stream_->start_time == AV_NOPTS_VALUE ? 0 : stream_->start_time;
     const double ticks = startSeconds_ / av_q2d(stream_->time_base);
     constexpr double kFarthest = 1e15;
     av_seek_frame(input_.get(), stream_->index,
-                  first + static_cast<int64_t>(std::min(ticks, kFarthest)), AVSEEK_FLAG_BACKWARD);
+                  FirstTick() + static_cast<int64_t>(std::min(ticks, kFarthest)),
+                  AVSEEK_FLAG_BACKWARD);
+}
+
+int64_t VideoReader::FirstTick() const {
+    return stream_->start_time == AV_NOPTS_VALUE ? 0 : stream_->start_time;
 }
 
 AVRational VideoReader::FrameRate() const {
@@ -130,8 +134,7 @@ bool VideoReader::IsBeforeStart() const {
     if (startSeconds_ <= 0.0 || frame_->best_effort_timestamp == AV_NOPTS_VALUE) {
         return false;
     }
-    const int64_t first = stream_->start_time == AV_NOPTS_VALUE ? 0 : stream_->start_time;
-    const int64_t ticks = frame_->best_effort_timestamp - first;
+    const int64_t ticks = frame_->best_effort_timestamp - FirstTick();
     return static_cast<double>(ticks) * av_q2d(stream_->time_base) < startSeconds_ - kTimeTolerance;
 }
 
@@ -161,20 +164,48 @@ void VideoReader::Feed() {
         Drain(result);
         return;
     }
-    ++packets_;
+    Note(*packet_);
     // Travels with the packet and comes out with its frame.
-    decoder_->reordered_opaque = (packet_->flags & AV_PKT_FLAG_CORRUPT) != 0 ? 1 : 0;
+    decoder_->reordered_opaque = lastIsCorrupt_ ? 1 : 0;
     if (avcodec_send_packet(decoder_.get(), packet_.get()) < 0) {
         ++lost_;
     }
 }
 
-/// Ends the decoding, and counts what a file promises but does not hold.
+void VideoReader::Note(const AVPacket& packet) {
+    ++packets_;
+    lastIsCorrupt_ = (packet.flags & AV_PKT_FLAG_CORRUPT) != 0;
+    const int64_t time = packet.pts != AV_NOPTS_VALUE ? packet.pts : packet.dts;
+    if (time != AV_NOPTS_VALUE) {
+        readTicks_ = std::max(readTicks_, time + packet.duration - FirstTick());
+    }
+}
+
+/// How many frames fit between the last packet and the end that the file promises.
+int64_t VideoReader::MissingTime() const {
+    if (stream_->duration == AV_NOPTS_VALUE ||
+        input_->duration_estimation_method == AVFMT_DURATION_FROM_BITRATE) {
+        return 0;
+    }
+    const auto ticks = static_cast<double>(stream_->duration - readTicks_);
+    const double frames = ticks * av_q2d(stream_->time_base) * av_q2d(FrameRate());
+    return std::max<int64_t>(0, std::llround(frames));
+}
+
+/// How many frames a file that is known to break off does not hold.
+int64_t VideoReader::MissingFrames() const {
+    const bool counted = startSeconds_ <= 0.0 && stream_->nb_frames > packets_;
+    return counted ? stream_->nb_frames - packets_ : MissingTime();
+}
+
+/// Ends the decoding, and counts what is missing if the file breaks off.
 void VideoReader::Drain(int readResult) {
-    if (startSeconds_ <= 0.0 && stream_->nb_frames > packets_) {
-        lost_ += stream_->nb_frames - packets_;
-    } else if (readResult != AVERROR_EOF) {
-        ++lost_;
+    // Packets may be left out where the picture stands still, also at the end, but hardly for long.
+    const bool endsEarly = static_cast<double>(MissingTime()) > av_q2d(FrameRate());
+    if (readResult != AVERROR_EOF) {
+        lost_ += std::max<int64_t>(1, MissingFrames());
+    } else if (lastIsCorrupt_ || endsEarly) {
+        lost_ += MissingFrames();
     }
     avcodec_send_packet(decoder_.get(), nullptr);
 }

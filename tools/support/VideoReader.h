@@ -43,6 +43,10 @@ private:
     bool Decode();
     void Feed();
     void Drain(int readResult);
+    void Note(const AVPacket& packet);
+    int64_t MissingFrames() const;
+    int64_t MissingTime() const;
+    int64_t FirstTick() const;
     bool IsBeforeStart() const;
 
     std::string path_;
@@ -53,6 +57,8 @@ private:
     LibavPtr<AVPacket> packet_{av_packet_alloc()};
     LibavPtr<AVFrame> frame_{av_frame_alloc()};
     int64_t packets_ = 0;
+    int64_t readTicks_ = 0;       ///< How far the packets reach, in the stream's time.
+    bool lastIsCorrupt_ = false;  ///< The last packet is not whole.
     int64_t lost_ = 0;
     int64_t damaged_ = 0;
 };

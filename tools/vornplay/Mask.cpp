@@ -51,10 +51,6 @@ void DropAlpha(uint8_t* pixels, size_t count) {
     }
 }
 
-Size SizeOr(Size size, const AVFrame& frame) {
-    return size.width > 0 ? size : Size{frame.width, frame.height};
-}
-
 }  // namespace
 
 Mask::Mask(const std::string& path, Size size, bool rgb)

@@ -15,10 +15,6 @@ namespace {
 std::array<uint8_t, 4> opaqueMask = {255, 255, 255, 255};
 constexpr Size kOpaqueMaskSize = {1, 1};
 
-Size SizeOr(Size size, const AVFrame& frame) {
-    return size.width > 0 ? size : Size{frame.width, frame.height};
-}
-
 /// Says what is broken in a file. \return whether something is
 bool ReportBroken(const std::string& path, const VideoReader& reader) {
     if (reader.Lost() == 0 && reader.Damaged() == 0) {

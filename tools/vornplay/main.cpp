@@ -26,7 +26,9 @@ int Run(int argc, char** argv) {
         return kExitDone;
     }
     ShowLog(options->verbose);
-    av_log_set_level(options->verbose ? AV_LOG_WARNING : AV_LOG_QUIET);
+    if (options->verbose) {
+        av_log_set_level(AV_LOG_WARNING);
+    }
     return Player(*options).Play();
 }
 
