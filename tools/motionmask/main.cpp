@@ -31,7 +31,7 @@ bool Parse(int argc, char** argv, Options& options) {
         ->required();
     app.add_option("--start", options.startSeconds, "Begin at this time")
         ->type_name("SECONDS")
-        ->check(InRange(0.0, 1e9));
+        ->check(InRange(0.0, 1e6));
     app.add_option("--frames", options.frames, "Write no more masks than this")
         ->type_name("N")
         ->check(InRange(1, 1'000'000'000));

@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <functional>
+#include <iomanip>
+#include <sstream>
 #include <string>
 
 #include "support/Image.h"
@@ -25,11 +27,20 @@ public:
 /// \throws ToolError on bad arguments
 bool ParseCommandLine(CLI::App& app, int argc, char** argv);
 
-/// "640x480". \throws CLI::ValidationError, as options report bad values
+/// "640x480". \throws ToolError
 Size ParseSize(const std::string& text);
 
 /// Accepts numbers in a range.
 template <typename Number>
 CLI::Validator InRange(Number low, Number high) {
-    return CLI::Range(low, high).description("");
+    const auto check = [low, high](const std::string& text) {
+        Number number{};
+        if (CLI::detail::lexical_cast(text, number) && number >= low && number <= high) {
+            return std::string();
+        }
+        std::ostringstream message;
+        message << std::setprecision(12) << text << " is no number from " << low << " to " << high;
+        return message.str();
+    };
+    return CLI::Validator(check, "");
 }

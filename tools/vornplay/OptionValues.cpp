@@ -1,39 +1,27 @@
 #include "OptionValues.h"
 
-#include <CLI/CLI.hpp>
 #include <cmath>
 #include <cstdlib>
 #include <regex>
-#include <vector>
+
+#include "support/ToolError.h"
 
 namespace {
 
-/// The numbers of a list such as "1,2.5,-3", of which there must be \p count.
-std::vector<double> ParseNumbers(const std::string& text, size_t count) {
-    std::vector<double> numbers;
+/// The numbers of a list such as "1,2.5,-3".
+template <size_t count>
+std::array<double, count> ParseNumbers(const std::string& text, double low, double high) {
+    std::array<double, count> numbers{};
     const char* next = text.c_str();
-    for (bool more = true; more; ++next) {
+    for (size_t i = 0; i < count; ++i) {
         char* end = nullptr;
-        numbers.push_back(std::strtod(next, &end));
-        if (end == next || !std::isfinite(numbers.back()) || (*end != ',' && *end != '\0')) {
-            throw CLI::ValidationError(text + " is no list of numbers");
+        numbers[i] = std::strtod(next, &end);
+        const char separator = i + 1 < count ? ',' : '\0';
+        // The comparisons fail for what is not a number at all, too.
+        if (end == next || *end != separator || !(numbers[i] >= low && numbers[i] <= high)) {
+            throw ToolError(text + " is no list of " + std::to_string(count) + " numbers in range");
         }
-        more = *end == ',';
-        next = end;
-    }
-    if (numbers.size() != count) {
-        throw CLI::ValidationError(text + " has not " + std::to_string(count) + " numbers");
-    }
-    return numbers;
-}
-
-/// The same for whole numbers from \p low to \p high.
-std::vector<double> ParseIntegers(const std::string& text, size_t count, int low, int high) {
-    std::vector<double> numbers = ParseNumbers(text, count);
-    for (const double number : numbers) {
-        if (number != std::floor(number) || number < low || number > high) {
-            throw CLI::ValidationError(text + " is not of whole numbers in range");
-        }
+        next = end + 1;
     }
     return numbers;
 }
@@ -59,24 +47,22 @@ View Between(const View& from, const View& to, double progress) {
 }
 
 View ParseView(const std::string& text) {
-    const std::vector<double> numbers = ParseNumbers(text, 4);
-    return {static_cast<float>(numbers[0]), static_cast<float>(numbers[1]),
-            static_cast<float>(numbers[2]), static_cast<float>(numbers[3])};
+    constexpr double kFarthest = 1e6;
+    const auto [x, y, zoom, w] = ParseNumbers<4>(text, -kFarthest, kFarthest);
+    return {static_cast<float>(x), static_cast<float>(y), static_cast<float>(zoom),
+            static_cast<float>(w)};
 }
 
 Rgba ParseColour(const std::string& text) {
-    const std::vector<double> numbers = ParseIntegers(text, 4, 0, 255);
-    Rgba colour{};
-    for (size_t i = 0; i < colour.size(); ++i) {
-        colour[i] = static_cast<uint8_t>(numbers[i]);
-    }
-    return colour;
+    const auto [red, green, blue, alpha] = ParseNumbers<4>(text, 0.0, 255.0);
+    return {static_cast<uint8_t>(red), static_cast<uint8_t>(green), static_cast<uint8_t>(blue),
+            static_cast<uint8_t>(alpha)};
 }
 
 std::pair<int, int> ParsePosition(const std::string& text) {
-    constexpr int kFarthest = 1 << 20;
-    const std::vector<double> numbers = ParseIntegers(text, 2, -kFarthest, kFarthest);
-    return {static_cast<int>(numbers[0]), static_cast<int>(numbers[1])};
+    constexpr double kFarthest = 1e6;
+    const auto [x, y] = ParseNumbers<2>(text, -kFarthest, kFarthest);
+    return {static_cast<int>(x), static_cast<int>(y)};
 }
 
 Backdrop ParseBackdrop(const std::string& text) {
@@ -85,7 +71,7 @@ Backdrop ParseBackdrop(const std::string& text) {
         return {};
     }
     if (!std::regex_match(text, kHexColour)) {
-        throw CLI::ValidationError(text + " is neither checker nor a colour #rrggbb");
+        throw ToolError(text + " is neither checker nor a colour #rrggbb");
     }
     const unsigned long rgb = std::stoul(text.substr(1), nullptr, 16);
     return Backdrop({static_cast<uint8_t>(rgb >> 16), static_cast<uint8_t>(rgb >> 8),

@@ -23,7 +23,7 @@ View FitView();
 /// The view at \p progress on the straight way between two; 0 is \p from, 1 is \p to.
 View Between(const View& from, const View& to, double progress);
 
-// Parsers of option values. All throw CLI::ValidationError.
+// Parsers of option values. All throw ToolError.
 
 View ParseView(const std::string& text);                     ///< "X,Y,ZOOM,W"
 Rgba ParseColour(const std::string& text);                   ///< "R,G,B,A", each 0 … 255

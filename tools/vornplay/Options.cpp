@@ -1,7 +1,5 @@
 #include "Options.h"
 
-#include <algorithm>
-#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -35,14 +33,24 @@ constexpr char kNotes[] =
     "Exit status: 0 done, 1 the input is broken and was drawn as far as it decodes,\n"
     "2 nothing could be done.";
 
+/// \p parse, with the option's name in front of what it reports.
+template <typename Parse>
+auto ParseFor(const std::string& name, Parse parse, const std::string& text) {
+    try {
+        return parse(text);
+    } catch (const ToolError& error) {
+        throw ToolError(name + ": " + error.what());
+    }
+}
+
 /// An option whose text \p parse turns into \p value.
 template <typename Value, typename Parse>
 CLI::Option* AddParsed(CLI::App& app, const std::string& name, Value& value, Parse parse,
                        const std::string& form, const std::string& help) {
-    return app
-        .add_option_function<std::string>(
-            name, [&value, parse](const std::string& text) { value = parse(text); }, help)
-        ->type_name(form);
+    const auto set = [&value, name, parse](const std::string& text) {
+        value = ParseFor(name, parse, text);
+    };
+    return app.add_option_function<std::string>(name, set, help)->type_name(form);
 }
 
 void AddInputOptions(CLI::App& app, Options& options) {
@@ -55,7 +63,7 @@ void AddInputOptions(CLI::App& app, Options& options) {
               "Scale the frames to this size (default: the input's)");
     app.add_option("--start", options.startSeconds, "Begin at this time")
         ->type_name("SECONDS")
-        ->check(InRange(0.0, 1e9));
+        ->check(InRange(0.0, 1e6));
     app.add_option("--frames", options.frames, "Draw no more frames than this")
         ->type_name("N")
         ->check(InRange(int64_t{1}, kMostFrames));
@@ -75,7 +83,7 @@ void AddMaskOptions(CLI::App& app, Options& options) {
         app, "--mask-format", options.rgbMask,
         [](const std::string& text) {
             if (text != "rgb" && text != "rgba") {
-                throw CLI::ValidationError(text + " is neither rgb nor rgba");
+                throw ToolError(text + " is neither rgb nor rgba");
             }
             return text == "rgb";
         },
@@ -92,8 +100,9 @@ void AddStickerOptions(CLI::App& app, Options& options) {
     auto* at = app.add_option_function<std::vector<std::string>>(
         "--at",
         [&options](const std::vector<std::string>& texts) {
-            std::transform(texts.begin(), texts.end(), std::back_inserter(options.positions),
-                           ParsePosition);
+            for (const std::string& text : texts) {
+                options.positions.push_back(ParseFor("--at", ParsePosition, text));
+            }
         },
         "Stand a sticker above this pixel; may be given often");
     at->type_name("X,Y")->type_size(1)->allow_extra_args(false)->needs(sticker);
