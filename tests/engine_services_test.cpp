@@ -97,7 +97,7 @@ TEST(AffinityDeathTest, AFailureIsLoggedAndFatal) {
     EXPECT_EXIT(
         {
             // The sink keeps the line: abort is caught to look at it.
-            signal(SIGABRT, [](int) {
+            (void)signal(SIGABRT, [](int) {
                 const auto lines = LogCapture::Take();
                 _exit(lines.size() == 1 && lines[0].tag == "VELog" && lines[0].priority == 6 &&
                               lines[0].text == "Error in the syscall setaffinity: mask=0x0 err=0x16"

@@ -15,7 +15,7 @@ Image Frame(int number) {
 class Latency : public testing::Test {
 protected:
     /// One call with the numbered frame and mask; 0 passes null.
-    void call(RendererHarness& renderer, int frame, int mask = 0) {
+    static void call(RendererHarness& renderer, int frame, int mask = 0) {
         Image frameImage = Frame(frame);
         Image maskImage = Solid(2, 2, {255, 255, 255, static_cast<uint8_t>(mask)});
         EXPECT_EQ(

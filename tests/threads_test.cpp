@@ -32,6 +32,7 @@ void Render(int number) {
 
 TEST(Threads, RenderersOnTheirOwnContextsAreIndependent) {
     std::vector<std::thread> threads;
+    threads.reserve(3);
     for (int number = 0; number < 3; ++number) {
         threads.emplace_back(Render, number);
     }

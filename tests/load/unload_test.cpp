@@ -51,7 +51,7 @@ TEST(Unload, LeavesNothingBehind) {
     }
     // GL keeps the pixel buffers and shaders of a renderer until its context goes; nothing else may
     // grow, least of all by the size of a library.
-    EXPECT_LT(HeapInUse(), before + 20 * 64 * 1024);
+    EXPECT_LT(HeapInUse(), before + size_t{20} * 64 * 1024);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ public:
     GlRecorder& operator=(const GlRecorder&) = delete;
 
     /// The calls since the last take, without glGetError, as Call writes them.
-    std::vector<std::string> take();
+    static std::vector<std::string> take();
 };
 
 namespace GlRecorderDetail {

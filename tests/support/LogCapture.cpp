@@ -20,18 +20,18 @@ int Keep(int priority, const char* tag, std::string text, bool formattedByCaller
 
 }  // namespace
 
-extern "C" int __android_log_write(int priority, const char* tag, const char* text) {
-    return Keep(priority, tag, text, true);
+extern "C" int __android_log_write(int prio, const char* tag, const char* text) {
+    return Keep(prio, tag, text, true);
 }
 
-extern "C" int __android_log_vprint(int priority, const char* tag, const char* format,
-                                    va_list args) {
+extern "C" int __android_log_vprint(int prio, const char* tag, const char* fmt, va_list ap) {
     va_list copy;
-    va_copy(copy, args);
-    std::string text(static_cast<size_t>(std::vsnprintf(nullptr, 0, format, copy)), '\0');
+    va_copy(copy, ap);
+    std::string text(static_cast<size_t>(std::vsnprintf(nullptr, 0, fmt, copy)), '\0');
     va_end(copy);
-    std::vsnprintf(&text[0], text.size() + 1, format, args);
-    return Keep(priority, tag, std::move(text), false);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): it is the caller's, and initialised.
+    (void)std::vsnprintf(text.data(), text.size() + 1, fmt, ap);
+    return Keep(prio, tag, std::move(text), false);
 }
 
 std::vector<LogCapture::Line> LogCapture::Take() {
