@@ -33,7 +33,8 @@ void CheckSame(const Mesh& mesh, const PlainMesh& plain) {
 }
 
 template <typename Make, typename MakePlain>
-void Builder(benchmark::State& state, Make make, MakePlain makePlain) {
+void Builder(benchmark::State& state, const char* label, Make make, MakePlain makePlain) {
+    state.SetLabel(label);
     const OffscreenContext context;
     GLES3::LoadGLFunctions();
     const Mesh mesh = make();
@@ -51,21 +52,22 @@ void Builder(benchmark::State& state, Make make, MakePlain makePlain) {
     state.counters["build/loop"] = times.medianRatio(0, 1);
 }
 
-#define BUILDER(name, make, makePlain)                                \
-    BENCHMARK_CAPTURE(                                                \
-        Builder, name, [] { return make; }, [] { return makePlain; }) \
-        ->Iterations(kRounds)                                         \
-        ->UseManualTime()                                             \
+#define BUILDER(id, label, make, makePlain)                                \
+    BENCHMARK_CAPTURE(                                                     \
+        Builder, id, label, [] { return make; }, [] { return makePlain; }) \
+        ->Iterations(kRounds)                                              \
+        ->UseManualTime()                                                  \
         ->Unit(benchmark::kMicrosecond)
 
-BUILDER(quad_64x64, OVR::MakeTesselatedQuad(64, 64, false), PlainQuad(64, 64));
-BUILDER(globe, OVR::MakeGlobe(1, 1, 1), PlainGlobe(1, 1, 1));
-BUILDER(dome, OVR::MakeDome(1, 1, 1), PlainDome(1, 1, 1));
-BUILDER(cylinder_64x64, OVR::MakeTesselatedCylinder(1, 1, 64, 64, 1, 1),
+BUILDER(quad, "quad, 64 x 64", OVR::MakeTesselatedQuad(64, 64, false), PlainQuad(64, 64));
+BUILDER(globe, "globe", OVR::MakeGlobe(1, 1, 1), PlainGlobe(1, 1, 1));
+BUILDER(dome, "dome", OVR::MakeDome(1, 1, 1), PlainDome(1, 1, 1));
+BUILDER(cylinder, "cylinder, 64 x 64", OVR::MakeTesselatedCylinder(1, 1, 64, 64, 1, 1),
         PlainCylinder(1, 1, 64, 64, 1, 1));
-BUILDER(sphere_patch, OVR::MakeSpherePatch(1), PlainPatch(1));
-BUILDER(vignette, OVR::MakeVignette(0.5F, 0.5F), PlainVignette(0.5F, 0.5F));
-BUILDER(unit_cube, OVR::MakeUnitCubeLines(), PlainCube());
-BUILDER(calibration_10, OVR::MakeCalibrationLines(10, true), PlainCalibration(10, true));
+BUILDER(patch, "sphere patch", OVR::MakeSpherePatch(1), PlainPatch(1));
+BUILDER(vignette, "vignette", OVR::MakeVignette(0.5F, 0.5F), PlainVignette(0.5F, 0.5F));
+BUILDER(cube, "unit cube", OVR::MakeUnitCubeLines(), PlainCube());
+BUILDER(calibration, "calibration, 10 lines", OVR::MakeCalibrationLines(10, true),
+        PlainCalibration(10, true));
 
 }  // namespace

@@ -18,8 +18,9 @@ constexpr char kLine[] = "uniform highp mat4 ModelMatrix;\n";
 constexpr char kReplaced[] = "highp ";
 
 /// Two ways to do \p editsPerCall edits per call.
-void Texts(benchmark::State& state, int editsPerCall, const std::function<void()>& ours,
-           const std::function<void()>& standard) {
+void Texts(benchmark::State& state, const char* label, int editsPerCall,
+           const std::function<void()>& ours, const std::function<void()>& standard) {
+    state.SetLabel(label);
     const int repeats = kEditsPerRun / editsPerCall;
     const Interleaved times = RunContest(state, {Repeat(repeats, ours), Repeat(repeats, standard)});
     const double nanoseconds = 1e6 / (static_cast<double>(repeats) * editsPerCall);
@@ -143,18 +144,19 @@ void ReservedFormats() {
     benchmark::DoNotOptimize(text.c_str());
 }
 
-#define TEXTS(name, edits, ours, standard)                \
-    BENCHMARK_CAPTURE(Texts, name, edits, ours, standard) \
-        ->Iterations(kRounds)                             \
-        ->UseManualTime()                                 \
+#define TEXTS(id, label, edits, ours, standard)                \
+    BENCHMARK_CAPTURE(Texts, id, label, edits, ours, standard) \
+        ->Iterations(kRounds)                                  \
+        ->UseManualTime()                                      \
         ->Unit(benchmark::kMicrosecond)
 
-TEXTS(string_copy, 100, Copies<String>, Copies<std::string>);
-TEXTS(string_append, 100, StringAppends, StandardAppends);
-TEXTS(string_insert_remove, 100, StringEdits, StandardEdits);
-TEXTS(buffer_append, 1000, BufferAppends, ReservedAppends);
-TEXTS(buffer_append_char, 1000, BufferChars, ReservedChars);
-TEXTS(buffer_append_unreserved, 1000, BufferGrows, StandardGrows);
-TEXTS(buffer_append_format, 1000, BufferFormats, ReservedFormats);
+TEXTS(copy, "String, copy", 100, Copies<String>, Copies<std::string>);
+TEXTS(append, "String, append", 100, StringAppends, StandardAppends);
+// Positions of a String count characters, those of a std::string bytes.
+TEXTS(edit, "String, insert and remove", 100, StringEdits, StandardEdits);
+TEXTS(buffer, "StringBuffer, append", 1000, BufferAppends, ReservedAppends);
+TEXTS(chars, "StringBuffer, append a character", 1000, BufferChars, ReservedChars);
+TEXTS(grow, "StringBuffer, append unreserved", 1000, BufferGrows, StandardGrows);
+TEXTS(format, "StringBuffer, format", 1000, BufferFormats, ReservedFormats);
 
 }  // namespace
