@@ -63,8 +63,8 @@ int32_t ANativeWindow_lock(ANativeWindow* window, ANativeWindow_Buffer* buffer, 
         return -ENODEV;
     }
     const WindowFrame& frame = *window->locked;
-    *buffer = {frame.width,        frame.height, frame.width, WINDOW_FORMAT_RGBA_8888,
-               frame.pixels.get(), {}};
+    *buffer = {frame.width, frame.height, frame.width, WINDOW_FORMAT_RGBA_8888, frame.pixels.get(),
+               {}};
     if (dirty != nullptr) {
         *dirty = {0, 0, frame.width, frame.height};
     }

@@ -10,7 +10,8 @@
 /// context that made it, so it may be destroyed on any thread, with no context current.
 class SharedImage {
 public:
-    /// Needs a current context, as Upload and ShowIn do. \return null where there can be no such image.
+    /// Needs a current context, as Upload and ShowIn do. \return null where there can be no such
+    /// image.
     static std::unique_ptr<SharedImage> Create(int width, int height);
     ~SharedImage();
     SharedImage(const SharedImage&) = delete;

@@ -49,8 +49,8 @@ media_status_t Codec::Configure(const AMediaFormat& format, ANativeWindow* windo
     if (configuration_) {
         return AMEDIA_ERROR_INVALID_OPERATION;
     }
-    configuration_ = Configuration{
-        {}, InputCapacity(format, *width, *height), ParameterSets(format), nullptr};
+    configuration_ =
+        Configuration{{}, InputCapacity(format, *width, *height), ParameterSets(format), nullptr};
     if (window != nullptr) {
         configuration_->renderer = std::make_shared<WindowRenderer>(window);
     }
@@ -128,8 +128,7 @@ std::optional<PictureFormat> Codec::OutputFormat() {
     return session != nullptr ? std::optional(session->Output().Format()) : std::nullopt;
 }
 
-media_status_t Codec::ReleaseOutput(size_t index, bool render,
-                                    std::optional<int64_t> timestampNs) {
+media_status_t Codec::ReleaseOutput(size_t index, bool render, std::optional<int64_t> timestampNs) {
     constexpr int64_t kNanosecondsPerMicrosecond = 1000;
     const auto session = Session();
     if (session == nullptr) {

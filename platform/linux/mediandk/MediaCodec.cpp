@@ -72,13 +72,11 @@ media_status_t AMediaCodec_delete(AMediaCodec* handle) {
 }
 
 media_status_t AMediaCodec_configure(AMediaCodec* handle, const AMediaFormat* format,
-                                     ANativeWindow* surface, AMediaCrypto* crypto,
-                                     uint32_t flags) {
+                                     ANativeWindow* surface, AMediaCrypto* crypto, uint32_t flags) {
     if (format == nullptr || crypto != nullptr) {
         return AMEDIA_ERROR_INVALID_PARAMETER;
     }
-    return With(handle,
-                [&](Codec& codec) { return codec.Configure(*format, surface, flags); });
+    return With(handle, [&](Codec& codec) { return codec.Configure(*format, surface, flags); });
 }
 
 media_status_t AMediaCodec_start(AMediaCodec* handle) {

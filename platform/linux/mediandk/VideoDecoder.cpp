@@ -15,8 +15,7 @@ av::CodecContext NewContext(const AVCodec* codec, const std::vector<uint8_t>& pa
     context->log_level_offset = AV_LOG_TRACE;
     if (!parameterSets.empty()) {
         const size_t size = parameterSets.size();
-        context->extradata =
-            static_cast<uint8_t*>(av_mallocz(size + AV_INPUT_BUFFER_PADDING_SIZE));
+        context->extradata = static_cast<uint8_t*>(av_mallocz(size + AV_INPUT_BUFFER_PADDING_SIZE));
         context->extradata_size = static_cast<int>(size);
         std::memcpy(context->extradata, parameterSets.data(), size);
     }
@@ -88,8 +87,9 @@ void VideoDecoder::Receive(const Sink& sink) {
         picture.format = FormatOf(*picture.frame);
         picture.timeUs = picture.frame->pts;
         if (!CanConvert(picture.format)) {
-            __android_log_print(ANDROID_LOG_WARN, kMediaLogTag, "skipped a picture of unsupported layout %s",
-                     av_get_pix_fmt_name(picture.format.layout));
+            __android_log_print(ANDROID_LOG_WARN, kMediaLogTag,
+                                "skipped a picture of unsupported layout %s",
+                                av_get_pix_fmt_name(picture.format.layout));
         } else if (!sink(std::move(picture))) {
             return;
         }
