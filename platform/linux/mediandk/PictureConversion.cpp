@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "ColorConstants.h"
 #include "Picture.h"
 
 namespace {
@@ -48,18 +49,6 @@ const Conversion* Find(AVPixelFormat layout) {
     return found != kConversions.end() ? found : nullptr;
 }
 
-/// libyuv names channels by their place in a little-endian word and has no table of its own for
-/// bytes in the order R, G, B: that is its B, G, R with U and V exchanged, in planes and constants.
-const libyuv::YuvConstants* ExchangedConstants(const PictureFormat& format) {
-    switch (format.matrix) {
-        case ColorMatrix::kBt709:
-            return format.fullRange ? &libyuv::kYvuF709Constants : &libyuv::kYvuH709Constants;
-        case ColorMatrix::kBt2020:
-            return format.fullRange ? &libyuv::kYvuV2020Constants : &libyuv::kYvu2020Constants;
-        default: return format.fullRange ? &libyuv::kYvuJPEGConstants : &libyuv::kYvuI601Constants;
-    }
-}
-
 }  // namespace
 
 bool CanConvert(const PictureFormat& format) {
@@ -70,7 +59,8 @@ void ConvertToRgba(const Picture& picture, uint8_t* rgba, int stride) {
     const AVFrame& frame = *picture.frame;
     Find(picture.format.layout)
         ->toRgba(frame.data[0], frame.linesize[0], frame.data[2], frame.linesize[2], frame.data[1],
-                 frame.linesize[1], rgba, stride, ExchangedConstants(picture.format), frame.width,
+                 frame.linesize[1], rgba, stride,
+                 ExchangedConstants(picture.format.matrix, picture.format.fullRange), frame.width,
                  frame.height);
 }
 

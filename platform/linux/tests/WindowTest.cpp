@@ -48,6 +48,9 @@ Yuv ToYuv(const Rgb& rgb, AVColorSpace colours, AVColorRange range) {
             round(128 + v * (full ? 1 : 224.0 / 255))};
 }
 
+/// Of 8-bit YUV and of compression.
+constexpr int kTolerance = 3;
+
 constexpr std::array<Rgb, 4> kColours = {
     {{200, 30, 60}, {40, 190, 80}, {50, 70, 210}, {250, 240, 230}}};
 
@@ -91,7 +94,7 @@ TEST_P(EveryColourSystem, ReachesTheWindowInRgbFirstRowFirst) {
         const size_t y = quarter < 2 ? 40 : 140;
         const uint8_t* pixel = &frame->pixels[4 * (y * 322 + x)];
         for (size_t channel = 0; channel < 3; ++channel) {
-            EXPECT_NEAR(pixel[channel], kColours[quarter][channel], 4)
+            EXPECT_NEAR(pixel[channel], kColours[quarter][channel], kTolerance)
                 << "quarter " << quarter << ", channel " << channel;
         }
         EXPECT_EQ(pixel[3], 255);
