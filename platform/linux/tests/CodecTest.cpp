@@ -56,6 +56,10 @@ struct Case {
     int bFrames;
 };
 
+std::string NameOf(const testing::TestParamInfo<Case>& info) {
+    return info.param.encoder + ("_b" + std::to_string(info.param.bFrames));
+}
+
 class EveryStream : public testing::TestWithParam<Case> {};
 
 TEST_P(EveryStream, ComesOutCompleteInDisplayOrderAfterItsFormat) {
@@ -71,7 +75,8 @@ TEST_P(EveryStream, ComesOutCompleteInDisplayOrderAfterItsFormat) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Streams, EveryStream,
-                         testing::Values(Case{"libx264", 0}, Case{"libx264", 3}, Case{"mjpeg", 0}));
+                         testing::Values(Case{"libx264", 0}, Case{"libx264", 3}, Case{"mjpeg", 0}),
+                         NameOf);
 
 // The application of a device decodes with all time stamps 0.
 TEST(Codec, OrdersPicturesWithoutTimeStamps) {

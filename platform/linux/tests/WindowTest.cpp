@@ -61,6 +61,11 @@ struct Case {
     AVColorRange range;
 };
 
+std::string NameOf(const testing::TestParamInfo<Case>& info) {
+    return std::string(av_get_pix_fmt_name(info.param.layout)) + "_" +
+           av_color_space_name(info.param.colours) + "_" + av_color_range_name(info.param.range);
+}
+
 class EveryColourSystem : public testing::TestWithParam<Case> {};
 
 TEST_P(EveryColourSystem, ReachesTheWindowInRgbFirstRowFirst) {
@@ -114,11 +119,13 @@ INSTANTIATE_TEST_SUITE_P(H264, EveryColourSystem,
                                          Case{"libx264", AV_PIX_FMT_YUV422P, k601, kLimited},
                                          Case{"libx264", AV_PIX_FMT_YUV422P, k709, kFull},
                                          Case{"libx264", AV_PIX_FMT_YUV444P, k601, kFull},
-                                         Case{"libx264", AV_PIX_FMT_YUV444P, k709, kLimited}));
+                                         Case{"libx264", AV_PIX_FMT_YUV444P, k709, kLimited}),
+                         NameOf);
 INSTANTIATE_TEST_SUITE_P(Jpeg, EveryColourSystem,
                          testing::Values(Case{"mjpeg", AV_PIX_FMT_YUVJ420P, k601, kFull},
                                          Case{"mjpeg", AV_PIX_FMT_YUVJ422P, k601, kFull},
-                                         Case{"mjpeg", AV_PIX_FMT_YUVJ444P, k601, kFull}));
+                                         Case{"mjpeg", AV_PIX_FMT_YUVJ444P, k601, kFull}),
+                         NameOf);
 
 TEST(Window, KeepsTheNewestFrameInLittleMemory) {
     const TestWindow target;
