@@ -253,8 +253,8 @@ TEST_F(SurfaceTexture, ShowsDecodedPictures) {
     EXPECT_EQ(texture->Call("updateTexImage"), "");
     EXPECT_EQ(texture->CallLong("getTimestamp"), 9 * kFrameTimeUs * 1000);
     const Pixels pixels = ReadExternal(name, stream.width, stream.height);
-    EXPECT_NEAR(pixels.front(), (20 + 9 - 16) * 255 / 219, 2);
-    EXPECT_NEAR(pixels[pixels.size() - 4], (200 + 9 - 16) * 255 / 219, 2);
+    EXPECT_NEAR(pixels.front(), (20 + 9 - 16) * 255.0 / 219, 2);
+    EXPECT_NEAR(pixels[pixels.size() - 4], (200 + 9 - 16) * 255.0 / 219, 2);
 }
 
 }  // namespace

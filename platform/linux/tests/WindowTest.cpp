@@ -2,6 +2,7 @@
 #include <system/window.h>
 
 #include <array>
+#include <cmath>
 #include <set>
 #include <string>
 
@@ -43,7 +44,7 @@ Yuv ToYuv(const Rgb& rgb, AVColorSpace colours, AVColorRange range) {
     const double u = (rgb[2] - y) / (2 * (1 - blue));
     const double v = (rgb[0] - y) / (2 * (1 - red));
     const bool full = range == AVCOL_RANGE_JPEG;
-    const auto round = [](double value) { return static_cast<uint8_t>(value + 0.5); };
+    const auto round = [](double value) { return static_cast<uint8_t>(std::lround(value)); };
     return {round(full ? y : 16 + y * 219 / 255), round(128 + u * (full ? 1 : 224.0 / 255)),
             round(128 + v * (full ? 1 : 224.0 / 255))};
 }
