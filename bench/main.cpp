@@ -11,7 +11,7 @@
 namespace {
 
 /// Keeps freed frame-sized blocks in the heap. Otherwise each frame's fresh buffer store is mapped
-/// from the system anew, and the copy into it waits for a page fault every 4 KiB.
+/// from the system anew, and filling it stops at a page fault every 4 KiB.
 void KeepLargeBlocks() {
     constexpr int kMegabyte = 1 << 20;
     mallopt(M_MMAP_THRESHOLD, 32 * kMegabyte);
