@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "ReferenceText.h"
+#include "kernel/Allocator.h"
 #include "kernel/String.h"
 #include "kernel/StringBuffer.h"
 #include "kernel/UTF8Util.h"
@@ -162,6 +163,11 @@ void EditOnce(Pair& pair, FuzzedDataProvider& input) {
 }
 
 }  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
+    OVR::Allocator::pInstance = OVR::DefaultAllocator::InitSystemSingleton();
+    return 0;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzedDataProvider input(data, size);
