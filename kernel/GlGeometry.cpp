@@ -55,8 +55,10 @@ void PackVertexAttribute(Array<unsigned char>& packed, const Array<T>& attrib, i
     packed.Resize(packed.Size + bytes);
     std::memcpy(packed.Data + offset, attrib.Data, bytes);
     GLES3::glEnableVertexAttribArray(location);
+    // GL takes the offset in the guise of a pointer. NOLINTNEXTLINE(performance-no-int-to-ptr)
+    const auto* start = reinterpret_cast<const void*>(offset);
     GLES3::glVertexAttribPointer(location, glComponents, static_cast<GLenum>(glType), GL_FALSE,
-                                 sizeof(T), reinterpret_cast<const void*>(offset));
+                                 sizeof(T), start);
 }
 
 template OVR_EXPORT void PackVertexAttribute(Array<unsigned char>&, const Array<Vector2<float>>&,

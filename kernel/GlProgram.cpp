@@ -182,7 +182,7 @@ GlProgram GlProgram::Build(const char* vertexDirectives, const char* vertexSrc,
     if (!CompileAndLink(program, vertexDirectives, vertexSrc, fragmentDirectives, fragmentSrc,
                         version)) {
         Free(program);
-        return GlProgram();
+        return {};
     }
     program.UseMultiview = useMultiview;
     FindWellKnownUniforms(program);

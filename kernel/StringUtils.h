@@ -15,7 +15,7 @@ public:
     explicit Va(const char* format, ...) OVR_PRINTF(2, 3) {
         va_list args;
         va_start(args, format);
-        std::vsnprintf(buffer_, sizeof(buffer_), format, args);
+        (void)std::vsnprintf(buffer_, sizeof(buffer_), format, args);
         va_end(args);
         buffer_[sizeof(buffer_) - 1] = '\0';
     }

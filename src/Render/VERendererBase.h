@@ -14,7 +14,7 @@
 class VERendererBase {
 public:
     VERendererBase(int textureId, int format, VERendererMode* mode);
-    ~VERendererBase() {}
+    ~VERendererBase() = default;
     VERendererBase(const VERendererBase&) = delete;
     VERendererBase& operator=(const VERendererBase&) = delete;
 

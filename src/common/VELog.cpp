@@ -49,7 +49,7 @@ void LogWithFileTag(int priority, const char* filePath, const char* format, ...)
     } else {
         const size_t size = static_cast<size_t>(length) + 1;
         char* message = static_cast<char*>(std::malloc(size));
-        std::vsnprintf(message, size, format, args);
+        (void)std::vsnprintf(message, size, format, args);
         __android_log_write(priority, tag, message);
         std::free(message);
     }

@@ -216,6 +216,7 @@ void GPUTextureFilterBaseImpl::bindTextures(uint32_t sourceTexture, uint32_t mas
 /// One mesh serves all stickers in turn, rebuilt at each position. They replace what is below them:
 /// blending is off, and their alpha is written as it is.
 void GPUTextureFilterBaseImpl::drawStickers(const VEStickerList& stickers) {
+    // NOLINTNEXTLINE(modernize-loop-convert): the size is read again at each step.
     for (size_t i = 0; i < stickers.size(); ++i) {
         updateStickerPaintPosition(stickers[i].first, stickers[i].second);
         if (m_stickerVisible) {

@@ -1,0 +1,181 @@
+// The filters from within: external sources, the choice of shaders, the matrix that reaches GL.
+
+#include <EGL/egl.h>
+#include <EGL/eglext.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+
+#include "gl/GLES3.h"
+#include "render/GPUTextureFilter/VEGPUData2TextureFilter.h"
+#include "render/GPUTextureFilter/VEGPUTexture2TextureFilter.h"
+#include "support/LogCapture.h"
+#include "support/RendererHarness.h"
+#include "support/ShaderText.h"
+
+namespace {
+
+constexpr int kWidth = 40;
+constexpr int kHeight = 30;
+
+/// An external texture that shows \p image.
+unsigned NewExternalTexture(const Image& image) {
+    const unsigned backing = NewTexture();
+    Fill(backing, image);
+    auto* createImage =
+        reinterpret_cast<PFNEGLCREATEIMAGEKHRPROC>(eglGetProcAddress("eglCreateImageKHR"));
+    auto* attachImage = reinterpret_cast<PFNGLEGLIMAGETARGETTEXTURE2DOESPROC>(
+        eglGetProcAddress("glEGLImageTargetTexture2DOES"));
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a texture's name in the guise of a pointer.
+    auto* buffer = reinterpret_cast<EGLClientBuffer>(uintptr_t{backing});
+    void* shared = createImage(eglGetCurrentDisplay(), eglGetCurrentContext(),
+                               EGL_GL_TEXTURE_2D_KHR, buffer, nullptr);
+    const unsigned external = NewTexture();
+    glBindTexture(GL_TEXTURE_EXTERNAL_OES, external);
+    attachImage(GL_TEXTURE_EXTERNAL_OES, shared);
+    glTexParameteri(GL_TEXTURE_EXTERNAL_OES, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    glTexParameteri(GL_TEXTURE_EXTERNAL_OES, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+    glBindTexture(GL_TEXTURE_EXTERNAL_OES, 0);
+    return external;
+}
+
+class Filter : public testing::Test {
+protected:
+    template <typename FilterKind>
+    FilterKind makeFilter() {
+        return FilterKind(target, GL_RGBA, GL_RGBA, kWidth, kHeight, GL_RGBA, 3, 2);
+    }
+
+    void expectShown() {
+        const Image drawn = ReadBack(target, kWidth, kHeight);
+        const auto expected = Predict(scene, kWidth, kHeight);
+        for (size_t i = 0; i < expected.size(); ++i) {
+            if (expected[i]) {
+                ASSERT_EQ(*expected[i],
+                          drawn.pixel(static_cast<int>(i) % kWidth, static_cast<int>(i) / kWidth));
+            }
+        }
+    }
+
+    TestContext context;
+    Image picture = Noise(kWidth, kHeight, 4, 1);
+    Image mask = Noise(3, 2, 4, 2);
+    unsigned target = NewTexture();
+    Scene scene;
+};
+
+TEST_F(Filter, DrawsExternalSources) {
+    const unsigned source = NewExternalTexture(picture);
+    auto filter = makeFilter<GPUTexture2TextureFilter>();
+    const ShaderTextRecorder recorder;
+    filter.Texture2FilterTexture(source, true, true, -1, {});
+    EXPECT_EQ(StoredShader("external.frag"), recorder.texts().at(1));
+    scene.source = &picture;
+    expectShown();
+
+    filter.UpdateUserPosition(0.2F, 5.0F, 1.0F, 6.0F);
+    filter.Texture2FilterTexture(source, false, true, -1, {});
+    scene.colorMirror = false;
+    scene.viewX = 0.2F;
+    scene.zoom = 1.0F;
+    expectShown();
+}
+
+TEST_F(Filter, DrawsExternalSourcesUnderAMask) {
+    const unsigned source = NewExternalTexture(picture);
+    auto filter = makeFilter<GPUTexture2TextureFilter>();
+    const ShaderTextRecorder recorder;
+    for (int call = 0; call < 3; ++call) {
+        filter.Texture2ExtractFilterTexture(source, true, mask.bytes.data(), true, -1, {});
+    }
+    EXPECT_EQ(StoredShader("external_masked.frag"), recorder.texts().at(1));
+    const auto lines = LogCapture::Take();
+    EXPECT_EQ("GeneratorMaskTexture, m_maskWidth(3), m_maskHeight(2) ...###renderer",
+              lines.at(0).text);
+    EXPECT_EQ("VEGPUTexture2TextureFilter", lines[0].tag);
+    scene.source = &picture;
+    scene.mask = &mask;
+    expectShown();
+}
+
+TEST_F(Filter, AFirstDrawWithoutAMaskIsForGood) {
+    auto filter = makeFilter<GPUData2TextureFilter>();
+    filter.Draw2FilterTexture(picture.bytes.data(), true, -1, {});
+    filter.Draw2FilterTexture(picture.bytes.data(), true, -1, {});
+    const ShaderTextRecorder recorder;
+    for (int call = 0; call < 4; ++call) {
+        filter.Draw2ExtractFilterTexture(picture.bytes.data(), true, mask.bytes.data(), -1, {});
+    }
+    EXPECT_TRUE(recorder.texts().empty());
+    scene.source = &picture;
+    expectShown();
+}
+
+/// The matrix of the next draw.
+std::vector<float> DrawnMatrix(GPUTexture2TextureFilter& filter, unsigned source) {
+    static std::vector<float> matrix;
+    static decltype(GLES3::glUniformMatrix4fv) real = nullptr;
+    real = GLES3::glUniformMatrix4fv;
+    GLES3::glUniformMatrix4fv = [](GLint, GLsizei, GLboolean transpose, const GLfloat* value) {
+        EXPECT_EQ(GL_FALSE, transpose);
+        matrix.assign(value, value + 16);
+    };
+    filter.Texture2FilterTexture(source, true, false, -1, {});
+    GLES3::glUniformMatrix4fv = real;
+    return matrix;
+}
+
+uint32_t Bits(float value) {
+    uint32_t bits = 0;
+    std::memcpy(&bits, &value, sizeof(bits));
+    return bits;
+}
+
+TEST_F(Filter, TheMatrixIsExactlyThatOfTheView) {
+    const unsigned source = NewTexture();
+    Fill(source, picture);
+    auto filter = makeFilter<GPUTexture2TextureFilter>();
+    const std::vector<float> fresh = DrawnMatrix(filter, source);
+    EXPECT_EQ(0x4013309FU, Bits(fresh[0]));
+    EXPECT_EQ(0x4013309FU, Bits(fresh[5]));
+    EXPECT_EQ(0xBF80419AU, Bits(fresh[10]));
+    EXPECT_EQ(-1.0F, fresh[11]);
+    EXPECT_EQ(-2.0F * -1.002002F + -0.2002002F, fresh[14]);
+    EXPECT_EQ(2.0F, fresh[15]);
+
+    filter.UpdateUserPosition(0.0F, 3.0F, 2.0F, -8.0F);
+    EXPECT_EQ(fresh, DrawnMatrix(filter, source));
+    filter.UpdateUserPosition(0.5F, 0.0F, 2.0F, 0.0F);
+    EXPECT_EQ(-0.5F * fresh[0], DrawnMatrix(filter, source)[12]);
+    filter.UpdateUserPosition(0.5F, 0.0F, 8.0F, 0.0F);
+    const std::vector<float> behind = DrawnMatrix(filter, source);
+    EXPECT_EQ(-fresh[0], behind[0]);
+    EXPECT_EQ(fresh[5], behind[5]);
+    EXPECT_EQ(0.5F * fresh[0], behind[12]);
+    EXPECT_EQ(1.0F, behind[15]);
+
+    filter.UpdateUserPosition(0.0F, 0.0F, 6.0F, 0.0F);
+    for (const float element : DrawnMatrix(filter, source)) {
+        EXPECT_TRUE(std::isnan(element));
+    }
+}
+
+TEST_F(Filter, TexturesWithoutPixelBuffersTakeTheirImageAtOnce) {
+    GLTexture* texture = GPUTextureFilterBase::GeneratorTexture(GL_RGBA, kWidth, kHeight, false);
+    texture->loadData(picture.bytes.data());
+    EXPECT_EQ(picture.bytes, ReadBack(texture->m_textureId, kWidth, kHeight).bytes);
+    GPUTextureFilterBase::DeleteTexture(texture);
+    GPUTextureFilterBase::DeleteTexture(nullptr);
+    GPUTextureFilterBase::DeleteFBO(nullptr);
+}
+
+TEST_F(Filter, FormatsWithoutASizeUploadNothing) {
+    GLTexture* texture = GPUTextureFilterBase::GeneratorTexture(0x1234, 4, 4, true);
+    EXPECT_EQ(0U, texture->m_byteSize);
+    texture->loadData(picture.bytes.data());
+    texture->loadData(nullptr);
+    GPUTextureFilterBase::DeleteTexture(texture);
+}
+
+}  // namespace

@@ -1,0 +1,100 @@
+#include <gtest/gtest.h>
+
+#include "gl/GLES3.h"
+#include "support/LogCapture.h"
+#include "support/RendererHarness.h"
+
+namespace {
+
+int placeholder;
+void* const kUntouched = &placeholder;
+
+VERendererMode Mode(int32_t outputMode, int32_t modeType) {
+    return {outputMode, modeType, 16, 8, VE_MASK_RGBA, 4, 4};
+}
+
+TEST(Interface, CreationRefusesBadArgumentsAndLeavesTheHandle) {
+    TestContext context;
+    VERendererMode mode = Mode(0, VE_MODE_RGBA);
+    void* handle = kUntouched;
+    EXPECT_EQ(-1, VECreateRendererHandle(&handle, 1, nullptr, nullptr));
+    EXPECT_EQ(-1, VECreateRendererHandle(&handle, -1, &mode, nullptr));
+    EXPECT_EQ(-1, VECreateRendererHandleWithFormat(&handle, 1, 3, nullptr, nullptr));
+    EXPECT_EQ(-1, VECreateRendererHandleWithFormat(&handle, -1, 3, &mode, nullptr));
+    EXPECT_EQ(kUntouched, handle);
+    EXPECT_TRUE(LogCapture::Take().empty());
+}
+
+TEST(Interface, UnsupportedModeTypesCreateNothingAndSaySoByTheHandleOnly) {
+    TestContext context;
+    for (const int32_t modeType : {-1, 0, 1, 4, 7, 0x7FFFFFFF}) {
+        VERendererMode mode = Mode(0, modeType);
+        void* handle = kUntouched;
+        EXPECT_EQ(0, VECreateRendererHandle(&handle, 1, &mode, nullptr));
+        EXPECT_EQ(0, VECreateRendererHandleWithFormat(&handle, 1, 3, &mode, nullptr));
+        EXPECT_EQ(kUntouched, handle) << modeType;
+    }
+}
+
+TEST(Interface, NullHandlesAreRefused) {
+    VEStickerList stickers;
+    EXPECT_EQ(-1, VEUpdateRenderer(nullptr, nullptr, 0, true, nullptr));
+    EXPECT_EQ(-1, VEUpdateRendererWithSticker(nullptr, nullptr, 0, true, nullptr, 1, stickers));
+    EXPECT_EQ(-1, VEUpdateCompressedData(nullptr, nullptr, 0));
+    EXPECT_EQ(-1, VEUpdateUserPosition(nullptr, 0, 0, 0, 0));
+    VEDestroyRenderer(nullptr);
+}
+
+TEST(Interface, RenderersOfRawFramesIgnoreCompressedData) {
+    TestContext context;
+    RendererHarness renderer(Mode(0, VE_MODE_RGB));
+    char unit[4] = {};
+    EXPECT_EQ(0, VEUpdateCompressedData(renderer.handle, unit, sizeof(unit)));
+    EXPECT_EQ(0, VEUpdateCompressedData(renderer.handle, nullptr, -1));
+}
+
+TEST(Interface, TextureNameZeroIsAName) {
+    TestContext context;
+    VERendererMode mode = Mode(0, VE_MODE_RGBA);
+    void* handle = nullptr;
+    EXPECT_EQ(0, VECreateRendererHandle(&handle, 0, &mode, nullptr));
+    EXPECT_NE(nullptr, handle);
+    VEDestroyRenderer(handle);
+}
+
+TEST(Interface, LifeIsLoggedOnceEachUnderTheRenderersTag) {
+    TestContext context;
+    VERendererMode mode = {0, VE_MODE_RGBA, 640, 480, 0, 32, 24};
+    void* handle = nullptr;
+    VECreateRendererHandle(&handle, 7, &mode, nullptr);
+    VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
+    VEDestroyRenderer(handle);
+
+    const auto lines = LogCapture::Take();
+    ASSERT_EQ(3U, lines.size());
+    EXPECT_EQ(
+        "\n VEGLES3Renderer textureId(7), textureWidth (640), textureHieght(480),"
+        "extractWidth(32), extractHeight(24) .. ######renderer\n",
+        lines[0].text);
+    EXPECT_EQ("GeneratorSourceTexture, m_sourceWidth(640), m_sourceHeight(480) ...###renderer",
+              lines[1].text);
+    EXPECT_EQ("\n VEGLES3Renderer Destroy.. ######renderer\n", lines[2].text);
+    EXPECT_EQ("VEGLES3Renderer", lines[0].tag);
+    EXPECT_EQ("VEGPUData2TextureFilter", lines[1].tag);
+    EXPECT_EQ(4, lines[0].priority);
+}
+
+TEST(Interface, OtherOutputModesDrawNothing) {
+    TestContext context;
+    const Image frame = Noise(16, 8, 4, 1);
+    const Image before = Noise(16, 8, 4, 2);
+    RendererHarness renderer(Mode(2, VE_MODE_RGBA));
+    Fill(renderer.texture, before);
+    Scene scene;
+    scene.source = &frame;
+    renderer.show(scene);
+    EXPECT_EQ(before.bytes, renderer.readBack().bytes);
+    EXPECT_EQ(0, VEUpdateUserPosition(renderer.handle, 1, 2, 3, 4));
+}
+
+}  // namespace

@@ -1,0 +1,104 @@
+// What is drawn at which call: uploads arrive one call late, and the first calls only create
+// textures.
+
+#include <gtest/gtest.h>
+
+#include "gl/GLES3.h"
+#include "support/RendererHarness.h"
+
+namespace {
+
+Image Frame(int number) {
+    return Solid(4, 4, {static_cast<uint8_t>(number), 100, 200, 255});
+}
+
+class Latency : public testing::Test {
+protected:
+    /// One call with the numbered frame and mask; 0 passes null.
+    static void call(RendererHarness& renderer, int frame, int mask = 0) {
+        Image frameImage = Frame(frame);
+        Image maskImage = Solid(2, 2, {255, 255, 255, static_cast<uint8_t>(mask)});
+        EXPECT_EQ(
+            0, VEUpdateRenderer(renderer.handle, frame == 0 ? nullptr : frameImage.bytes.data(), 64,
+                                true, mask == 0 ? nullptr : maskImage.bytes.data()));
+    }
+
+    static int shownFrame(const RendererHarness& renderer) {
+        return renderer.readBack().pixel(1, 1)[0];
+    }
+
+    static int shownMask(const RendererHarness& renderer) {
+        return renderer.readBack().pixel(1, 1)[3];
+    }
+
+    TestContext context;
+};
+
+TEST_F(Latency, TheFirstCallLeavesTheTextureAlone) {
+    RendererHarness renderer({VE_OUTPUT_PICTURE, VE_MODE_RGBA, 4, 4, 0, 0, 0});
+    Fill(renderer.texture, Frame(99));
+    call(renderer, 1);
+    EXPECT_EQ(99, shownFrame(renderer));
+}
+
+TEST_F(Latency, EachCallShowsTheFrameOfTheCallBefore) {
+    RendererHarness renderer({VE_OUTPUT_PICTURE, VE_MODE_RGBA, 4, 4, 0, 0, 0});
+    call(renderer, 1);
+    call(renderer, 2);
+    for (int frame = 3; frame < 9; ++frame) {
+        call(renderer, frame);
+        EXPECT_EQ(frame - 1, shownFrame(renderer));
+    }
+}
+
+TEST_F(Latency, NullDataShowsThePendingFrameAndQueuesNothing) {
+    RendererHarness renderer({VE_OUTPUT_PICTURE, VE_MODE_RGBA, 4, 4, 0, 0, 0});
+    call(renderer, 1);
+    call(renderer, 2);
+    call(renderer, 0);
+    EXPECT_EQ(2, shownFrame(renderer));
+    call(renderer, 0);
+    EXPECT_EQ(2, shownFrame(renderer));
+    glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);
+    call(renderer, 3);
+    EXPECT_EQ(2, shownFrame(renderer));
+    call(renderer, 0);
+    EXPECT_EQ(3, shownFrame(renderer));
+}
+
+TEST_F(Latency, WithAMaskTwoCallsOnlyCreateAndBothUploadsAreLate) {
+    RendererHarness renderer({VE_OUTPUT_MASKED, VE_MODE_RGBA, 4, 4, VE_MASK_RGBA, 2, 2});
+    Fill(renderer.texture, Frame(99));
+    call(renderer, 1, 51);
+    call(renderer, 2, 52);
+    EXPECT_EQ(99, shownFrame(renderer));
+    call(renderer, 3, 53);
+    call(renderer, 4, 54);
+    EXPECT_EQ(3, shownFrame(renderer));
+    EXPECT_EQ(53, shownMask(renderer));
+    // A null mask completes the upload of the last one, which then stays.
+    call(renderer, 5, 0);
+    EXPECT_EQ(4, shownFrame(renderer));
+    EXPECT_EQ(54, shownMask(renderer));
+    call(renderer, 6, 0);
+    EXPECT_EQ(5, shownFrame(renderer));
+    EXPECT_EQ(54, shownMask(renderer));
+}
+
+TEST_F(Latency, ABufferThatCannotBeMappedDropsItsFrame) {
+    RendererHarness renderer({VE_OUTPUT_PICTURE, VE_MODE_RGBA, 4, 4, 0, 0, 0});
+    call(renderer, 1);
+    call(renderer, 2);
+    const auto real = GLES3::glMapBufferRange;
+    GLES3::glMapBufferRange = [](GLenum, GLintptr, GLsizeiptr, GLbitfield) -> void* {
+        return nullptr;
+    };
+    call(renderer, 3);
+    GLES3::glMapBufferRange = real;
+    call(renderer, 4);
+    EXPECT_EQ(2, shownFrame(renderer));
+    call(renderer, 0);
+    EXPECT_EQ(4, shownFrame(renderer));
+}
+
+}  // namespace

@@ -1,0 +1,130 @@
+// Pixels of plain and masked pictures against the CPU model. Sampling is nearest, so they are
+// exact.
+
+#include <gtest/gtest.h>
+
+#include "gl/GLES3.h"
+#include "support/RendererHarness.h"
+
+namespace {
+
+VERendererMode Plain(int modeType, int width, int height) {
+    return {VE_OUTPUT_PICTURE, modeType, width, height, 0, 0, 0};
+}
+
+VERendererMode Masked(int width, int height, int maskFormat, int maskWidth, int maskHeight) {
+    return {VE_OUTPUT_MASKED, VE_MODE_RGBA, width, height, maskFormat, maskWidth, maskHeight};
+}
+
+TEST(Picture, ShowsRgbAndRgbaFramesOfAnySize) {
+    TestContext context;
+    // Among them RGB rows that are no multiple of four bytes, single rows and single pixels.
+    static constexpr int kSizes[][2] = {{64, 48}, {61, 37}, {5, 3}, {33, 1}, {1, 17}, {1, 1}};
+    for (const auto& [width, height] : kSizes) {
+        for (const int modeType : {VE_MODE_RGB, VE_MODE_RGBA}) {
+            SCOPED_TRACE(testing::Message() << width << "x" << height << " type " << modeType);
+            const Image frame = Noise(width, height, modeType == VE_MODE_RGBA ? 4 : 3, 5);
+            RendererHarness renderer(Plain(modeType, width, height));
+            Scene scene;
+            scene.source = &frame;
+            renderer.expectShows(scene);
+            scene.colorMirror = false;
+            renderer.expectShows(scene);
+        }
+    }
+}
+
+TEST(Picture, AnRgbDestinationHasNoAlpha) {
+    TestContext context;
+    const Image frame = Solid(8, 8, {10, 20, 30, 40});
+    RendererHarness renderer(Plain(VE_MODE_RGBA, 8, 8), VE_FORMAT_RGB);
+    Scene scene;
+    scene.source = &frame;
+    renderer.show(scene);
+    EXPECT_EQ((Rgba{10, 20, 30, 255}), renderer.readBack().pixel(3, 3));
+}
+
+TEST(Picture, TheViewIsFixedWithoutAMask) {
+    TestContext context;
+    const Image frame = Noise(40, 30, 4, 1);
+    RendererHarness renderer(Plain(VE_MODE_RGBA, 40, 30));
+    Scene scene;
+    scene.source = &frame;
+    renderer.show(scene);
+    const Image before = renderer.readBack();
+    scene.zoom = 0.0F;
+    scene.viewX = 0.5F;
+    renderer.show(scene);
+    EXPECT_EQ(before.bytes, renderer.readBack().bytes);
+}
+
+TEST(Picture, TheViewZoomsMovesAndTurnsRound) {
+    TestContext context;
+    const Image frame = Noise(64, 48, 4, 3);
+    const Image mask = Solid(4, 4, {255, 255, 255, 200});
+    RendererHarness renderer(Masked(64, 48, VE_MASK_RGBA, 4, 4));
+    Scene scene;
+    scene.source = &frame;
+    scene.mask = &mask;
+    scene.clear = {30, 60, 90, 120};
+    // From far away, at the start, close, and from behind; straight on and moved to either side.
+    for (const float zoom : {-4.0F, 0.0F, 1.4F, 2.0F, 4.0F, 5.5F, 8.0F, 12.0F}) {
+        for (const float x : {0.0F, 0.3F, -1.2F}) {
+            for (const bool colorMirror : {true, false}) {
+                SCOPED_TRACE(testing::Message() << "zoom " << zoom << " x " << x);
+                scene.zoom = zoom;
+                scene.viewX = x;
+                scene.colorMirror = colorMirror;
+                renderer.expectShows(scene);
+            }
+        }
+    }
+}
+
+TEST(Picture, AtZoomSixOnlyTheClearColorIsLeft) {
+    TestContext context;
+    const Image frame = Noise(16, 16, 4, 3);
+    const Image mask = Solid(4, 4, {255, 255, 255, 255});
+    RendererHarness renderer(Masked(16, 16, VE_MASK_RGBA, 4, 4));
+    Scene scene;
+    scene.source = &frame;
+    scene.mask = &mask;
+    scene.zoom = 6.0F;
+    scene.clear = {1, 2, 3, 4};
+    renderer.show(scene);
+    EXPECT_EQ(Solid(16, 16, {1, 2, 3, 4}).bytes, renderer.readBack().bytes);
+    scene.zoom = 2.0F;
+    renderer.expectShows(scene);
+}
+
+/// Four columns: black with alpha, nearly black without alpha, colour half opaque, black opaque.
+Image KeyColumns(int channels) {
+    static constexpr uint8_t kColumns[4][4] = {
+        {0, 0, 0, 77}, {0, 0, 1, 0}, {200, 100, 50, 128}, {0, 0, 0, 255}};
+    Image mask(4, 3, channels);
+    for (int y = 0; y < 3; ++y) {
+        for (int x = 0; x < 4; ++x) {
+            std::copy_n(kColumns[x], channels, mask.at(x, y));
+        }
+    }
+    *mask.at(0, 0) = 9;  // Not black, so that a mask upside down or swapped is noticed.
+    return mask;
+}
+
+TEST(Picture, TheMaskKeysThePictureAndIsNeverMirrored) {
+    TestContext context;
+    const Image frame = Noise(50, 40, 4, 11);
+    for (const int maskFormat : {VE_MASK_RGBA, VE_MASK_RGB}) {
+        const Image mask = KeyColumns(maskFormat == VE_MASK_RGBA ? 4 : 3);
+        RendererHarness renderer(Masked(50, 40, maskFormat, 4, 3));
+        Scene scene;
+        scene.source = &frame;
+        scene.mask = &mask;
+        renderer.expectShows(scene);
+        scene.colorMirror = false;
+        renderer.expectShows(scene);
+        EXPECT_EQ((Rgba{169, 210, 216, 0}), renderer.readBack().pixel(48, 20));
+    }
+}
+
+}  // namespace

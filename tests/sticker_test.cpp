@@ -1,0 +1,108 @@
+// Stickers: where the placement arithmetic puts them, in which order, and which are left out.
+
+#include <gtest/gtest.h>
+
+#include <climits>
+
+#include "support/RendererHarness.h"
+
+namespace {
+
+const VERendererMode kPlain = {VE_OUTPUT_PICTURE, VE_MODE_RGBA, 200, 120, 0, 0, 0};
+
+class Stickers : public testing::Test {
+protected:
+    Stickers() {
+        scene.source = &frame;
+        scene.sticker = &sticker;
+    }
+
+    TestContext context;
+    Image frame = Noise(200, 120, 4, 1);
+    Image sticker = Noise(3, 2, 4, 2);
+    Scene scene;
+};
+
+TEST_F(Stickers, StandOffTheirAnchorsAndFollowTheMirror) {
+    RendererHarness renderer(kPlain);
+    // In the middle, at odd places, cut by the edges, and outside the picture.
+    scene.stickers = {{100, 60}, {37, 91}, {0, 0}, {199, 119}, {100, 160}, {-50, 60}, {4000, -9}};
+    renderer.expectShows(scene);
+    scene.colorMirror = false;
+    renderer.expectShows(scene);
+}
+
+TEST_F(Stickers, LaterOnesLieOverEarlierOnesAndTheirAlphaIsWritten) {
+    RendererHarness renderer(kPlain);
+    sticker = Noise(3, 2, 4, 9);
+    *(sticker.at(1, 1) + 3) = 0;
+    scene.stickers = {{100, 60}, {104, 65}, {97, 70}};
+    renderer.expectShows(scene);
+    scene.stickers = {{97, 70}, {104, 65}, {100, 60}};
+    renderer.expectShows(scene);
+}
+
+TEST_F(Stickers, TheHiddenPairSkipsItsStickerOnly) {
+    RendererHarness renderer(kPlain);
+    scene.stickers = {{50, 60}, {-1, -1}, {150, 60}};
+    renderer.expectShows(scene);
+    scene.stickers = {{-1, -1}};
+    renderer.expectShows(scene);
+    // Half of the pair is an ordinary coordinate.
+    scene.stickers = {{-1, 60}, {60, -1}};
+    renderer.expectShows(scene);
+}
+
+TEST_F(Stickers, NoneWithoutATextureOrAList) {
+    RendererHarness renderer(kPlain);
+    scene.stickers = {};
+    renderer.expectShows(scene);
+    scene.sticker = nullptr;
+    renderer.show(scene);
+    const Image plain = renderer.readBack();
+    scene.stickers = {{100, 60}};
+    renderer.show(scene);
+    EXPECT_EQ(plain.bytes, renderer.readBack().bytes);
+}
+
+TEST_F(Stickers, TheViewMovesThemWithThePicture) {
+    const VERendererMode masked = {VE_OUTPUT_MASKED, VE_MODE_RGBA, 200, 120, VE_MASK_RGBA, 2, 2};
+    const Image mask = Solid(2, 2, {255, 255, 255, 255});
+    RendererHarness renderer(masked);
+    scene.mask = &mask;
+    scene.stickers = {{80, 60}, {120, 90}};
+    for (const float zoom : {0.0F, 4.0F, 8.0F}) {
+        SCOPED_TRACE(zoom);
+        scene.zoom = zoom;
+        scene.viewX = 0.1F;
+        renderer.expectShows(scene);
+    }
+}
+
+TEST_F(Stickers, OddSizesHalveRoundedDown) {
+    VERendererMode mode = kPlain;
+    mode.textureWidth = 201;
+    mode.textureHeight = 121;
+    frame = Noise(201, 121, 4, 1);
+    RendererHarness renderer(mode);
+    scene.stickers = {{100, 60}, {200, 120}};
+    renderer.expectShows(scene);
+}
+
+TEST_F(Stickers, PositionsAtTheEndsOfTheirRangeAndTargetsWithoutAHalfAreHarmless) {
+    RendererHarness renderer(kPlain);
+    scene.stickers = {{INT_MIN, INT_MIN}, {INT_MAX, INT_MAX}, {INT_MIN, 60}};
+    renderer.show(scene);
+
+    VERendererMode one = kPlain;
+    one.textureWidth = 1;
+    one.textureHeight = 1;
+    const Image pixel = Solid(1, 1, {1, 2, 3, 4});
+    RendererHarness tiny(one);
+    scene.source = &pixel;
+    scene.stickers = {{0, 0}, {5, 5}};
+    tiny.show(scene);
+    EXPECT_EQ((Rgba{1, 2, 3, 4}), tiny.readBack().pixel(0, 0));
+}
+
+}  // namespace

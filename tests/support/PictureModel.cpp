@@ -1,0 +1,110 @@
+#include "support/PictureModel.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr double kPi = 3.14159265358979323846;
+constexpr double kTooClose = 1e-3;  ///< Of a texel, and of the square's unit.
+constexpr Rgba kKeyColor = {169, 210, 216, 0};
+
+struct Point {
+    double x;
+    double y;
+};
+
+bool NearInteger(double value) {
+    return std::abs(value - std::round(value)) < kTooClose;
+}
+
+/// Nearest texel at (u, v); none when both neighbours are equally near.
+std::optional<Rgba> Sample(const Image& image, double u, double v) {
+    const double x = u * image.width;
+    const double y = v * image.height;
+    if (NearInteger(x) || NearInteger(y)) {
+        return std::nullopt;
+    }
+    return image.pixel(static_cast<int>(x), static_cast<int>(y));
+}
+
+/// The point of the picture's plane that is seen at the centre of an output pixel.
+Point Unproject(const Scene& scene, double ndcX, double ndcY) {
+    const double distance = 3.0 - 0.5 * static_cast<double>(scene.zoom);
+    const double scale = 1.0 / std::tan(23.5 * kPi / 180.0) / std::abs(distance);
+    const double side = distance > 0 ? 1.0 : -1.0;
+    return {static_cast<double>(scene.viewX) + side * ndcX / scale, ndcY / scale};
+}
+
+std::optional<Rgba> PicturePixel(const Scene& scene, const Point& p) {
+    const double u = (p.x + 1) / 2;
+    const double v = (p.y + 1) / 2;
+    const std::optional<Rgba> color = Sample(*scene.source, scene.colorMirror ? u : 1 - u, v);
+    if (scene.mask == nullptr || !color) {
+        return color;
+    }
+    const std::optional<Rgba> key = Sample(*scene.mask, u, v);
+    if (!key) {
+        return std::nullopt;
+    }
+    const bool black = (*key)[0] == 0 && (*key)[1] == 0 && (*key)[2] == 0;
+    return black ? kKeyColor : Rgba{(*color)[0], (*color)[1], (*color)[2], (*key)[3]};
+}
+
+enum class Cover { Outside, Inside, Edge };
+
+Cover Covers(const Point& p, double left, double right, double top, double bottom) {
+    const double inside =
+        std::min(std::min(p.x - left, right - p.x), std::min(p.y - top, bottom - p.y));
+    if (std::abs(inside) < kTooClose) {
+        return Cover::Edge;
+    }
+    return inside > 0 ? Cover::Inside : Cover::Outside;
+}
+
+/// Draws the stickers over \p color, in order.
+void OverlayStickers(const Scene& scene, const Point& p, int width, int height,
+                     std::optional<Rgba>& color) {
+    const int halfWidth = width / 2;
+    const int halfHeight = height / 2;
+    for (const auto& [x, y] : scene.stickers) {
+        if (x == -1 && y == -1) {
+            continue;
+        }
+        const double left = static_cast<double>(x - halfWidth) / halfWidth - 0.05;
+        const double top = static_cast<double>(y - halfHeight) / halfHeight - 0.4;
+        const Cover cover = Covers(p, left, left + 0.1, top, top + 0.2);
+        if (cover == Cover::Edge) {
+            color = std::nullopt;
+        } else if (cover == Cover::Inside) {
+            const double u = (p.x - left) / 0.1;
+            const double v = 1 - (p.y - top) / 0.2;  // First row nearest to the anchor.
+            color = Sample(*scene.sticker, scene.colorMirror ? u : 1 - u, v);
+        }
+    }
+}
+
+std::optional<Rgba> Pixel(const Scene& scene, const Point& p, int width, int height) {
+    std::optional<Rgba> color = scene.clear;
+    switch (Covers(p, -1, 1, -1, 1)) {
+        case Cover::Inside: color = PicturePixel(scene, p); break;
+        case Cover::Edge: color = std::nullopt; break;
+        case Cover::Outside: break;
+    }
+    if (scene.sticker != nullptr) {
+        OverlayStickers(scene, p, width, height, color);
+    }
+    return color;
+}
+
+}  // namespace
+
+std::vector<std::optional<Rgba>> Predict(const Scene& scene, int width, int height) {
+    std::vector<std::optional<Rgba>> pixels;
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const Point p = Unproject(scene, (2.0 * x + 1) / width - 1, (2.0 * y + 1) / height - 1);
+            pixels.push_back(Pixel(scene, p, width, height));
+        }
+    }
+    return pixels;
+}

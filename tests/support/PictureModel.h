@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "render/VEStickerList.h"
+#include "support/Image.h"
+
+/// What a renderer is expected to draw, worked out pixel by pixel on the CPU.
+struct Scene {
+    const Image* source = nullptr;
+    const Image* mask = nullptr;     ///< Null for output mode 0.
+    const Image* sticker = nullptr;  ///< Null for no sticker texture.
+    VEStickerList stickers;
+    bool colorMirror = true;
+    float viewX = 0.0F;
+    float zoom = 2.0F;
+    Rgba clear = {0, 0, 0, 0};
+};
+
+/// One value for each output pixel, row by row; none where the sample falls on an edge of a texel,
+/// of the picture or of a sticker so closely that rounding may decide.
+std::vector<std::optional<Rgba>> Predict(const Scene& scene, int width, int height);
