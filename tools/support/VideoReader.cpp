@@ -99,7 +99,7 @@ AVRational VideoReader::FrameRate() const {
 
 int64_t VideoReader::ExpectedFrames() const {
     const double rate = av_q2d(FrameRate());
-    double frames = static_cast<double>(stream_->nb_frames);
+    auto frames = static_cast<double>(stream_->nb_frames);
     if (stream_->nb_frames <= 0 && stream_->duration != AV_NOPTS_VALUE) {
         frames = static_cast<double>(stream_->duration) * av_q2d(stream_->time_base) * rate;
     } else if (stream_->nb_frames <= 0 && input_->duration != AV_NOPTS_VALUE) {

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <iomanip>
+#include <iostream>
 
 #include "Progress.h"
 #include "support/CommandLine.h"
@@ -20,8 +21,8 @@ bool ReportBroken(const std::string& path, const VideoReader& reader) {
     if (reader.Lost() == 0 && reader.Damaged() == 0) {
         return false;
     }
-    std::fprintf(stderr, "vornplay: %s is broken: %lld frames lost, %lld damaged\n", path.c_str(),
-                 static_cast<long long>(reader.Lost()), static_cast<long long>(reader.Damaged()));
+    std::cerr << "vornplay: " << path << " is broken: " << reader.Lost() << " frames lost, "
+              << reader.Damaged() << " damaged\n";
     return true;
 }
 
@@ -123,10 +124,9 @@ int Player::Report() const {
     const bool brokenMask = mask_.has_value() && ReportBroken(options_.mask, mask_->Reader());
     if (!options_.quiet) {
         const double milliseconds = renderer_->DrawingTime().count() * 1000.0;
-        std::fprintf(stderr, "%lld frames in, %lld out, %lld failed, %.2f ms a frame\n",
-                     static_cast<long long>(in_), static_cast<long long>(out_),
-                     static_cast<long long>(reader_.Lost() + reader_.Damaged()),
-                     milliseconds / static_cast<double>(in_ + 1));
+        std::cerr << in_ << " frames in, " << out_ << " out, " << reader_.Lost() + reader_.Damaged()
+                  << " failed, " << std::fixed << std::setprecision(2)
+                  << milliseconds / static_cast<double>(in_ + 1) << " ms a frame\n";
     }
     return brokenInput || brokenMask ? kExitBroken : kExitDone;
 }
