@@ -23,7 +23,7 @@ template <typename Colour>
 Image Paint(Size size, const Colour& colourAt) {
     Image image(size);
     for (int y = 0; y < size.height; ++y) {
-        uint8_t* pixel = image.Row(y);
+        uint8_t* pixel = image.At(0, y);
         for (int x = 0; x < size.width; ++x, pixel += Image::kChannels) {
             const Rgb colour = colourAt(x, y);
             std::copy(colour.begin(), colour.end(), pixel);

@@ -58,8 +58,8 @@ Image Target::Read() const {
 
     Image image(size_);
     for (int y = 0; y < size_.height; ++y) {
-        std::copy_n(bottomUp.Row(size_.height - 1 - y), size_.width * Image::kChannels,
-                    image.Row(y));
+        std::copy_n(bottomUp.At(0, size_.height - 1 - y), size_.width * Image::kChannels,
+                    image.At(0, y));
     }
     return image;
 }
