@@ -8,21 +8,28 @@
 namespace OVR {
 namespace {
 
+void FillRow(VertexAttribs& attribs, const Grid& grid, uint32_t y, float yf) {
+    const size_t first = size_t{y} * grid.Columns();
+    const float rx = 1.0F / static_cast<float>(grid.horizontal);
+    Vector3<float>* position = attribs.position.Data + first;
+    Vector2<float>* texCoord = attribs.texCoord.Data + first;
+    for (uint32_t x = 0; x <= grid.horizontal; ++x) {
+        const float xf = static_cast<float>(x) * rx;
+        position[x] = {xf + xf - 1.0F, yf + yf - 1.0F, 0.0F};
+        texCoord[x] = {xf, 1.0F - yf};
+    }
+    const bool border = y == 0 || y == grid.vertical;
+    Vector4<float>* vertexColor = attribs.vertexColor.Data + first;
+    std::fill_n(vertexColor, grid.Columns(), border ? kClearWhite : kOpaqueWhite);
+    vertexColor[0] = kClearWhite;
+    vertexColor[grid.horizontal] = kClearWhite;
+}
+
 void FillVertices(VertexAttribs& attribs, const Grid& grid) {
     SizeVertices(attribs, grid.VertexCount());
-    const float rx = 1.0F / static_cast<float>(grid.horizontal);
     const float ry = 1.0F / static_cast<float>(grid.vertical);
-    size_t vertex = 0;
     for (uint32_t y = 0; y <= grid.vertical; ++y) {
-        const float yf = static_cast<float>(y) * ry;
-        const bool rowOnBorder = y == 0 || y == grid.vertical;
-        for (uint32_t x = 0; x <= grid.horizontal; ++x, ++vertex) {
-            const float xf = static_cast<float>(x) * rx;
-            const bool border = rowOnBorder || x == 0 || x == grid.horizontal;
-            attribs.position[vertex] = {xf + xf - 1.0F, yf + yf - 1.0F, 0.0F};
-            attribs.texCoord[vertex] = {xf, 1.0F - yf};
-            attribs.vertexColor[vertex] = border ? kClearWhite : kOpaqueWhite;
-        }
+        FillRow(attribs, grid, y, static_cast<float>(y) * ry);
     }
 }
 
