@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "BitmapFont.h"
 #include "support/Backdrop.h"
+#include "support/BitmapFont.h"
 #include "support/CommandLine.h"
 #include "support/FrameConverter.h"
 #include "support/Image.h"

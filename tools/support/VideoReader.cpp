@@ -64,6 +64,7 @@ void VideoReader::OpenDecoder() {
     }
     decoder_.reset(avcodec_alloc_context3(codec));
     decoder_->thread_count = 0;
+    owed_.emplace(codec->id);
     // Flawed pictures are shown, and counted.
     decoder_->flags |= AV_CODEC_FLAG_OUTPUT_CORRUPT;
     int result = avcodec_parameters_to_context(decoder_.get(), stream_->codecpar);
@@ -119,7 +120,7 @@ const AVFrame& VideoReader::First() {
 const AVFrame* VideoReader::Next() {
     while (Decode()) {
         if (IsBeforeStart()) {
-            lost_ = 0;
+            failed_ = 0;
             continue;
         }
         const bool corrupt = frame_->reordered_opaque != 0 || frame_->decode_error_flags != 0 ||
@@ -138,17 +139,29 @@ bool VideoReader::IsBeforeStart() const {
     return static_cast<double>(ticks) * av_q2d(stream_->time_base) < startSeconds_ - kTimeTolerance;
 }
 
+int64_t VideoReader::Lost() const {
+    const auto start = static_cast<int64_t>(startSeconds_ / av_q2d(stream_->time_base));
+    // A frame that is owed may be one that the decoder gave an error for.
+    const int64_t owed = drained_ ? owed_->CountFrom(FirstTick() + start) : 0;
+    return std::max(failed_, owed) + missing_;
+}
+
 /// Decodes into frame_; false at the end.
 bool VideoReader::Decode() {
     for (;;) {
         const int result = avcodec_receive_frame(decoder_.get(), frame_.get());
-        if (result == 0 || result == AVERROR_EOF) {
-            return result == 0;
+        if (result == 0) {
+            owed_->Receive(*frame_);
+            return true;
+        }
+        if (result == AVERROR_EOF) {
+            drained_ = true;
+            return false;
         }
         if (result == AVERROR(EAGAIN)) {
             Feed();
         } else {
-            ++lost_;
+            ++failed_;
         }
     }
 }
@@ -168,12 +181,13 @@ void VideoReader::Feed() {
     // Travels with the packet and comes out with its frame.
     decoder_->reordered_opaque = lastIsCorrupt_ ? 1 : 0;
     if (avcodec_send_packet(decoder_.get(), packet_.get()) < 0) {
-        ++lost_;
+        ++failed_;
     }
 }
 
 void VideoReader::Note(const AVPacket& packet) {
     ++packets_;
+    owed_->Send(packet);
     lastIsCorrupt_ = (packet.flags & AV_PKT_FLAG_CORRUPT) != 0;
     const int64_t time = packet.pts != AV_NOPTS_VALUE ? packet.pts : packet.dts;
     if (time != AV_NOPTS_VALUE) {
@@ -203,9 +217,9 @@ void VideoReader::Drain(int readResult) {
     // Packets may be left out where the picture stands still, also at the end, but hardly for long.
     const bool endsEarly = static_cast<double>(MissingTime()) > av_q2d(FrameRate());
     if (readResult != AVERROR_EOF) {
-        lost_ += std::max<int64_t>(1, MissingFrames());
+        missing_ = std::max<int64_t>(1, MissingFrames());
     } else if (lastIsCorrupt_ || endsEarly) {
-        lost_ += MissingFrames();
+        missing_ = MissingFrames();
     }
     avcodec_send_packet(decoder_.get(), nullptr);
 }

@@ -2,9 +2,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "support/Libav.h"
+#include "support/OwedFrames.h"
 
 /// Decodes the pictures of a video, of a single picture or of a numbered sequence of pictures, in
 /// the order in which they are shown.
@@ -26,7 +28,7 @@ public:
     int64_t ExpectedFrames() const;
 
     /// Frames that should have been among those read so far and could not be decoded.
-    int64_t Lost() const { return lost_; }
+    int64_t Lost() const;
 
     /// Frames that were delivered with flaws.
     int64_t Damaged() const { return damaged_; }
@@ -59,6 +61,9 @@ private:
     int64_t packets_ = 0;
     int64_t readTicks_ = 0;       ///< How far the packets reach, in the stream's time.
     bool lastIsCorrupt_ = false;  ///< The last packet is not whole.
-    int64_t lost_ = 0;
+    std::optional<OwedFrames> owed_;
+    bool drained_ = false;
+    int64_t failed_ = 0;   ///< Decoder errors.
+    int64_t missing_ = 0;  ///< Frames that the file promises and does not hold.
     int64_t damaged_ = 0;
 };

@@ -1,4 +1,4 @@
-#include "BitmapFont.h"
+#include "support/BitmapFont.h"
 
 #include <algorithm>
 #include <array>
