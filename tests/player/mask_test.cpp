@@ -61,6 +61,20 @@ TEST_F(PlayerTest, MaskWithoutAlphaKeysByItsBrightness) {
     }
 }
 
+TEST_F(PlayerTest, MaskFromAVideoIsBlackWhereTheVideoIs) {
+    Image half = Solid({64, 64}, {0, 0, 0, 255});
+    for (int y = 0; y < 64; ++y) {
+        std::fill_n(half.At(32, y), 32 * Image::kChannels, uint8_t{255});
+    }
+    WriteImage("half.png", half);
+    PlayWell("half.png --fit --out mask.mp4");
+    WriteClip("in", 2, {64, 64});
+    PlayWell("in/%04d.png --fit --mask mask.mp4 --out out/%d.png");
+    const Image out = Read("out/2.png");
+    EXPECT_EQ(At(out, 8, 32), kKeyedOut);
+    EXPECT_EQ(At(out, 56, 32), FrameColour(2));
+}
+
 TEST_F(PlayerTest, MaskIsScaledToItsSizeAndNotMirrored) {
     constexpr Pixel kWhite = {255, 255, 255, 255};
     WriteClip("in", 1, kClipSize);

@@ -1,7 +1,6 @@
 #include "Player.h"
 
 #include <algorithm>
-#include <array>
 #include <iomanip>
 #include <iostream>
 
@@ -12,8 +11,6 @@
 
 namespace {
 
-/// Stands in for a mask where only the view is wanted: stretched over the picture, all opaque.
-std::array<uint8_t, 4> opaqueMask = {255, 255, 255, 255};
 constexpr Size kOpaqueMaskSize = {1, 1};
 
 /// Says what is broken in a file. \return whether something is
@@ -106,7 +103,7 @@ int Player::Play() {
 void Player::Submit(const AVFrame& frame) {
     renderer_->SetView(ViewOf(out_));
     renderer_->Submit(converter_.Convert(frame),
-                      mask_.has_value() ? mask_->Next() : opaqueMask.data());
+                      mask_.has_value() ? mask_->Next() : opaqueMask_.data());
     if (in_++ > 0) {
         WriteDrawn();
     }

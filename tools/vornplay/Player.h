@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -36,6 +37,8 @@ private:
     Size size_;
     FrameConverter converter_;
     std::optional<Mask> mask_;
+    /// Stands in where only the view is wanted: one pixel, stretched over the picture.
+    std::array<uint8_t, 4> opaqueMask_ = {255, 255, 255, 255};
     int64_t expected_ = 0;
     int64_t limit_ = 0;
     OffscreenContext context_;
