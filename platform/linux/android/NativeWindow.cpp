@@ -1,0 +1,92 @@
+#include "NativeWindow.h"
+
+#include <system/window.h>
+
+#include <cerrno>
+#include <chrono>
+
+namespace {
+
+int64_t Now() {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
+}
+
+}  // namespace
+
+extern "C" {
+
+void ANativeWindow_acquire(ANativeWindow* window) {
+    ++window->references;
+}
+
+void ANativeWindow_release(ANativeWindow* window) {
+    if (window != nullptr && --window->references == 0) {
+        delete window;
+    }
+}
+
+int32_t ANativeWindow_getWidth(ANativeWindow* window) {
+    const std::lock_guard<std::mutex> lock(window->mutex);
+    return window->width;
+}
+
+int32_t ANativeWindow_getHeight(ANativeWindow* window) {
+    const std::lock_guard<std::mutex> lock(window->mutex);
+    return window->height;
+}
+
+int32_t ANativeWindow_getFormat(ANativeWindow* /*window*/) {
+    return WINDOW_FORMAT_RGBA_8888;
+}
+
+int32_t ANativeWindow_setBuffersGeometry(ANativeWindow* window, int32_t width, int32_t height,
+                                         int32_t format) {
+    const bool neither = width == 0 && height == 0;
+    const bool both = width > 0 && height > 0;
+    if ((!neither && !both) || (format != 0 && format != WINDOW_FORMAT_RGBA_8888)) {
+        return -EINVAL;
+    }
+    const std::lock_guard<std::mutex> lock(window->mutex);
+    window->width = width;
+    window->height = height;
+    return 0;
+}
+
+int32_t ANativeWindow_lock(ANativeWindow* window, ANativeWindow_Buffer* buffer, ARect* dirty) {
+    const std::lock_guard<std::mutex> lock(window->mutex);
+    if (window->locked != nullptr) {
+        return -EINVAL;
+    }
+    window->locked = window->queue->Dequeue(window->width, window->height);
+    if (window->locked == nullptr) {
+        return -ENODEV;
+    }
+    const WindowFrame& frame = *window->locked;
+    *buffer = {frame.width, frame.height, frame.width, WINDOW_FORMAT_RGBA_8888, frame.pixels.get(),
+               {}};
+    if (dirty != nullptr) {
+        *dirty = {0, 0, frame.width, frame.height};
+    }
+    return 0;
+}
+
+int32_t ANativeWindow_unlockAndPost(ANativeWindow* window) {
+    std::unique_lock<std::mutex> lock(window->mutex);
+    if (window->locked == nullptr) {
+        return -EINVAL;
+    }
+    auto frame = std::move(window->locked);
+    frame->timestampNs = window->timestampNs.value_or(Now());
+    lock.unlock();
+    window->queue->Queue(std::move(frame));
+    return 0;
+}
+
+int native_window_set_buffers_timestamp(ANativeWindow* window, int64_t timestampNs) {
+    const std::lock_guard<std::mutex> lock(window->mutex);
+    window->timestampNs = timestampNs;
+    return 0;
+}
+
+}  // extern "C"

@@ -1,0 +1,71 @@
+#include "SharedImage.h"
+
+#include <GLES3/gl3.h>
+// After gl3.h, whose types it uses.
+#include <GLES2/gl2ext.h>
+
+#include <cstdint>
+
+#include "GlStateGuard.h"
+
+namespace {
+
+EGLImage ImageOf(GLuint texture) {
+    return eglCreateImage(eglGetCurrentDisplay(), eglGetCurrentContext(), EGL_GL_TEXTURE_2D,
+                          // EGL hands GL names over as pointers.
+                          reinterpret_cast<EGLClientBuffer>(static_cast<uintptr_t>(texture)),
+                          nullptr);
+}
+
+/// The image keeps the storage when the texture that it was made from is gone.
+EGLImage NewImage(int width, int height) {
+    const GlUploadStateGuard guard;
+    GLuint texture = 0;
+    glGenTextures(1, &texture);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glTexStorage2D(GL_TEXTURE_2D, 1, GL_RGBA8, width, height);
+    EGLImage image = ImageOf(texture);
+    glDeleteTextures(1, &texture);
+    return image;
+}
+
+}  // namespace
+
+std::unique_ptr<SharedImage> SharedImage::Create(int width, int height) {
+    GLint largest = 0;
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
+    if (width > largest || height > largest) {
+        return nullptr;
+    }
+    EGLImage image = NewImage(width, height);
+    return std::unique_ptr<SharedImage>(
+        image != EGL_NO_IMAGE ? new SharedImage(width, height, image) : nullptr);
+}
+
+SharedImage::SharedImage(int width, int height, EGLImage image)
+    : width_(width), height_(height), display_(eglGetCurrentDisplay()), image_(image) {}
+
+SharedImage::~SharedImage() {
+    eglDestroyImage(display_, image_);
+}
+
+bool SharedImage::Fits(const WindowFrame& frame) const {
+    return frame.width == width_ && frame.height == height_;
+}
+
+void SharedImage::Upload(const WindowFrame& frame) {
+    const GlUploadStateGuard guard;
+    GLuint texture = 0;
+    glGenTextures(1, &texture);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    ShowIn(GL_TEXTURE_2D);
+    glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, width_, height_, GL_RGBA, GL_UNSIGNED_BYTE,
+                    frame.pixels.get());
+    glDeleteTextures(1, &texture);
+}
+
+void SharedImage::ShowIn(unsigned target) const {
+    static const auto show = reinterpret_cast<PFNGLEGLIMAGETARGETTEXTURE2DOESPROC>(
+        eglGetProcAddress("glEGLImageTargetTexture2DOES"));
+    show(target, image_);
+}

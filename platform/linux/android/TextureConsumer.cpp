@@ -1,0 +1,74 @@
+#include "TextureConsumer.h"
+
+#include <GLES3/gl3.h>
+// After gl3.h, whose types it uses.
+#include <GLES2/gl2ext.h>
+
+namespace {
+
+constexpr TextureConsumer::Matrix kIdentity = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
+/// In columns: s stays, t becomes 1 - t.
+constexpr TextureConsumer::Matrix kFlipped = {1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1, 0, 0, 1, 0, 1};
+
+}  // namespace
+
+TextureConsumer::Result TextureConsumer::Update() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (queue_->IsAbandoned()) {
+        return Result::kReleased;
+    }
+    Result result = CheckContext();
+    if (result != Result::kDone) {
+        return result;
+    }
+    glBindTexture(GL_TEXTURE_EXTERNAL_OES, texture_);
+    if (auto frame = queue_->Acquire()) {
+        result = Latch(*frame);
+        queue_->Recycle(std::move(frame));
+    }
+    return result;
+}
+
+void TextureConsumer::Release() {
+    queue_->Abandon();
+    const std::lock_guard<std::mutex> lock(mutex_);
+    image_ = nullptr;
+}
+
+int64_t TextureConsumer::Timestamp() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return timestampNs_;
+}
+
+TextureConsumer::Matrix TextureConsumer::Transform() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return latched_ ? kFlipped : kIdentity;
+}
+
+TextureConsumer::Result TextureConsumer::CheckContext() {
+    EGLDisplay display = eglGetCurrentDisplay();
+    EGLContext context = eglGetCurrentContext();
+    if (display == EGL_NO_DISPLAY || context == EGL_NO_CONTEXT) {
+        return Result::kNoContext;
+    }
+    if (context_ == EGL_NO_CONTEXT) {
+        display_ = display;
+        context_ = context;
+    }
+    return display == display_ && context == context_ ? Result::kDone : Result::kOtherContext;
+}
+
+TextureConsumer::Result TextureConsumer::Latch(const WindowFrame& frame) {
+    if (image_ == nullptr || !image_->Fits(frame)) {
+        image_ = SharedImage::Create(frame.width, frame.height);
+        if (image_ == nullptr) {
+            return Result::kFailed;
+        }
+        image_->ShowIn(GL_TEXTURE_EXTERNAL_OES);
+    }
+    image_->Upload(frame);
+    timestampNs_ = frame.timestampNs;
+    latched_ = true;
+    return Result::kDone;
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <EGL/egl.h>
+
+#include <array>
+#include <memory>
+#include <mutex>
+
+#include "FrameQueue.h"
+#include "SharedImage.h"
+
+/// Shows the newest frame of a queue in an external texture.
+class TextureConsumer {
+public:
+    enum class Result { kDone, kReleased, kNoContext, kOtherContext, kFailed };
+    using Matrix = std::array<float, 16>;
+
+    explicit TextureConsumer(unsigned texture) : texture_(texture) {}
+
+    /// The producers' end.
+    const std::shared_ptr<FrameQueue>& Queue() const { return queue_; }
+
+    /// Latches the newest frame, if there is one that was not latched yet, and binds the texture to
+    /// GL_TEXTURE_EXTERNAL_OES of the active unit. The first call ties the consumer to its context.
+    Result Update();
+
+    /// Frees all pictures; the texture keeps the last.
+    void Release();
+
+    /// Of the latched frame, 0 before the first.
+    int64_t Timestamp() const;
+    /// Takes texture coordinates with t upwards to where the frame has them: its first row is at
+    /// t = 0. The identity before the first frame.
+    Matrix Transform() const;
+
+private:
+    Result CheckContext();
+    Result Latch(const WindowFrame& frame);
+
+    const std::shared_ptr<FrameQueue> queue_ = std::make_shared<FrameQueue>();
+    const unsigned texture_;
+
+    mutable std::mutex mutex_;  ///< Guards all below.
+    EGLDisplay display_ = EGL_NO_DISPLAY;
+    EGLContext context_ = EGL_NO_CONTEXT;
+    std::unique_ptr<SharedImage> image_;
+    int64_t timestampNs_ = 0;
+    bool latched_ = false;
+};

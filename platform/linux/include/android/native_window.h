@@ -1,0 +1,56 @@
+#pragma once
+
+/// \file
+/// Windows: the producer's end of a queue of pictures. Signatures are those of Android's C ABI.
+/// Results are 0 for done or a negative errno.
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef struct ANativeWindow ANativeWindow;
+
+typedef struct ARect {
+    int32_t left;
+    int32_t top;
+    int32_t right;
+    int32_t bottom;
+} ARect;
+
+enum {
+    WINDOW_FORMAT_RGBA_8888 = 1,
+};
+
+typedef struct ANativeWindow_Buffer {
+    int32_t width;
+    int32_t height;
+    int32_t stride;  ///< Pixels from one row to the next.
+    int32_t format;
+    void* bits;  ///< The first row, 4 bytes a pixel.
+    uint32_t reserved[6];
+} ANativeWindow_Buffer;
+
+void ANativeWindow_acquire(ANativeWindow* window);
+/// The last reference destroys the window; pictures already posted stay with the consumer.
+void ANativeWindow_release(ANativeWindow* window);
+
+int32_t ANativeWindow_getWidth(ANativeWindow* window);
+int32_t ANativeWindow_getHeight(ANativeWindow* window);
+int32_t ANativeWindow_getFormat(ANativeWindow* window);
+
+/// Size of the buffers locked from now on; 0, 0 for the consumer's default.
+/// \param format WINDOW_FORMAT_RGBA_8888, or 0 for the same.
+int32_t ANativeWindow_setBuffersGeometry(ANativeWindow* window, int32_t width, int32_t height,
+                                         int32_t format);
+
+/// Gives a buffer to fill whole: its contents are undefined.
+/// \param dirty grown to the whole buffer; may be null.
+int32_t ANativeWindow_lock(ANativeWindow* window, ANativeWindow_Buffer* buffer, ARect* dirty);
+/// Makes the locked buffer the queue's newest picture; one that was not consumed is dropped.
+int32_t ANativeWindow_unlockAndPost(ANativeWindow* window);
+
+#ifdef __cplusplus
+}  // extern "C"
+#endif

@@ -1,0 +1,114 @@
+package android.graphics;
+
+import java.lang.ref.Cleaner;
+
+/**
+ * Shows the newest picture posted to its surfaces in a GL texture of the target
+ * GL_TEXTURE_EXTERNAL_OES.
+ *
+ * <p>updateTexImage belongs to the thread with the texture's GL context current; all else may be
+ * called on any thread.
+ */
+public class SurfaceTexture {
+    /** Hears of new pictures, on the thread that posts them. */
+    public interface OnFrameAvailableListener {
+        void onFrameAvailable(SurfaceTexture surfaceTexture);
+    }
+
+    private static final Cleaner CLEANER;
+
+    static {
+        System.loadLibrary("android");
+        CLEANER = Cleaner.create();
+    }
+
+    private static final int MATRIX_SIZE = 16;
+
+    /** The native part, which lives as long as this object. */
+    private final long consumer;
+    private volatile OnFrameAvailableListener listener;
+
+    /** Needs no GL context yet. */
+    public SurfaceTexture(int texName) {
+        final long created = nativeCreate(texName);
+        consumer = created;
+        CLEANER.register(this, () -> nativeDestroy(created));
+    }
+
+    /**
+     * Latches the newest picture, if there is a new one, and leaves the texture bound to
+     * GL_TEXTURE_EXTERNAL_OES of the active unit. No other GL state changes.
+     *
+     * @throws IllegalStateException without a current GL context, or with another than at the
+     *     first call
+     * @throws RuntimeException after release(), or when the system lacks memory
+     */
+    public void updateTexImage() {
+        nativeUpdateTexImage(consumer);
+    }
+
+    /** Size of pictures whose producer states none; a decoder states its own. */
+    public void setDefaultBufferSize(int width, int height) {
+        nativeSetDefaultBufferSize(consumer, width, height);
+    }
+
+    /** Time stamp of the latched picture in nanoseconds; 0 before the first. */
+    public long getTimestamp() {
+        return nativeGetTimestamp(consumer);
+    }
+
+    /**
+     * Gives the matrix, column by column, that takes texture coordinates with t upwards to the
+     * texture's own. The picture's first row is at the texture's t = 0, so that is a vertical flip;
+     * the identity before the first picture. Sampling without it gives the first row first.
+     *
+     * @throws IllegalArgumentException unless there is room for exactly 16 values
+     */
+    public void getTransformMatrix(float[] mtx) {
+        if (mtx.length != MATRIX_SIZE) {
+            throw new IllegalArgumentException("a matrix has 16 values, not " + mtx.length);
+        }
+        nativeGetTransformMatrix(consumer, mtx);
+    }
+
+    /** Replaces the listener; null for none. */
+    public void setOnFrameAvailableListener(OnFrameAvailableListener newListener) {
+        listener = newListener;
+        nativeListen(consumer, newListener != null);
+    }
+
+    /** Frees the pictures; producers and updateTexImage fail from now on. */
+    public void release() {
+        nativeRelease(consumer);
+    }
+
+    public boolean isReleased() {
+        return nativeIsReleased(consumer);
+    }
+
+    /** Called from native code. */
+    private void onFrameAvailable() {
+        OnFrameAvailableListener current = listener;
+        if (current != null) {
+            current.onFrameAvailable(this);
+        }
+    }
+
+    private static native long nativeCreate(int texName);
+
+    private static native void nativeDestroy(long consumer);
+
+    private native void nativeUpdateTexImage(long consumer);
+
+    private native void nativeSetDefaultBufferSize(long consumer, int width, int height);
+
+    private native long nativeGetTimestamp(long consumer);
+
+    private native void nativeGetTransformMatrix(long consumer, float[] mtx);
+
+    private native void nativeListen(long consumer, boolean listening);
+
+    private native void nativeRelease(long consumer);
+
+    private native boolean nativeIsReleased(long consumer);
+}

@@ -1,0 +1,42 @@
+package android.view;
+
+import android.graphics.SurfaceTexture;
+import java.lang.ref.Cleaner;
+
+/** Hands pictures, from native code, to a SurfaceTexture. */
+public class Surface {
+    private static final Cleaner CLEANER;
+
+    static {
+        System.loadLibrary("android");
+        CLEANER = Cleaner.create();
+    }
+
+    private final Cleaner.Cleanable reference;
+    /** The native window, of which this holds a reference; 0 after release(). */
+    private long window;
+
+    /** @throws IllegalArgumentException for null, and for a texture that was released */
+    public Surface(SurfaceTexture surfaceTexture) {
+        if (surfaceTexture == null) {
+            throw new IllegalArgumentException("surfaceTexture must not be null");
+        }
+        final long created = nativeCreate(surfaceTexture);
+        window = created;
+        reference = CLEANER.register(this, () -> nativeDestroy(created));
+    }
+
+    public synchronized boolean isValid() {
+        return window != 0;
+    }
+
+    /** Drops this surface's window; those who acquired it natively keep it. */
+    public synchronized void release() {
+        window = 0;
+        reference.clean();
+    }
+
+    private static native long nativeCreate(SurfaceTexture surfaceTexture);
+
+    private static native void nativeDestroy(long window);
+}

@@ -1,0 +1,155 @@
+#include "Codec.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+#include "MediaFormat.h"
+
+namespace {
+
+constexpr ssize_t kNotStarted = AMEDIA_ERROR_INVALID_OPERATION;
+
+/// Room for a unit: none is larger than a picture without compression.
+size_t InputCapacity(const AMediaFormat& format, int width, int height) {
+    constexpr size_t kLeast = 1 << 20;
+    constexpr size_t kMostBytesPerPixel = 3;
+    const auto* wanted = format.Find<int32_t>(AMEDIAFORMAT_KEY_MAX_INPUT_SIZE);
+    const size_t rawSize =
+        kMostBytesPerPixel * static_cast<size_t>(width) * static_cast<size_t>(height);
+    return std::max({kLeast, rawSize, static_cast<size_t>(wanted != nullptr ? *wanted : 0)});
+}
+
+std::vector<uint8_t> ParameterSets(const AMediaFormat& format) {
+    std::vector<uint8_t> sets;
+    for (const char* key : {AMEDIAFORMAT_KEY_CSD_0, AMEDIAFORMAT_KEY_CSD_1}) {
+        if (const auto* bytes = format.Find<AMediaFormat::Bytes>(key)) {
+            sets.insert(sets.end(), bytes->begin(), bytes->end());
+        }
+    }
+    return sets;
+}
+
+bool IsSize(const int32_t* value) {
+    constexpr int32_t kLargest = 1 << 14;
+    return value != nullptr && *value > 0 && *value <= kLargest;
+}
+
+}  // namespace
+
+media_status_t Codec::Configure(const AMediaFormat& format, ANativeWindow* window, uint32_t flags) {
+    if (flags != 0) {
+        return AMEDIA_ERROR_UNSUPPORTED;
+    }
+    const auto* width = format.Find<int32_t>(AMEDIAFORMAT_KEY_WIDTH);
+    const auto* height = format.Find<int32_t>(AMEDIAFORMAT_KEY_HEIGHT);
+    if (!IsSize(width) || !IsSize(height)) {
+        return AMEDIA_ERROR_INVALID_PARAMETER;
+    }
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (configuration_) {
+        return AMEDIA_ERROR_INVALID_OPERATION;
+    }
+    configuration_ =
+        Configuration{{}, InputCapacity(format, *width, *height), ParameterSets(format), nullptr};
+    if (window != nullptr) {
+        configuration_->renderer = std::make_shared<WindowRenderer>(window);
+    }
+    return AMEDIA_OK;
+}
+
+media_status_t Codec::Start() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (!configuration_ || session_ != nullptr) {
+        return AMEDIA_ERROR_INVALID_OPERATION;
+    }
+    auto decoder = std::make_unique<VideoDecoder>(VideoDecoder::CodecOf(mimeType_),
+                                                  configuration_->parameterSets);
+    if (!decoder->IsOpen()) {
+        return AMEDIA_ERROR_MALFORMED;
+    }
+    session_ = std::make_shared<DecodeSession>(std::move(decoder), configuration_->inputCapacity,
+                                               configuration_->announced);
+    return AMEDIA_OK;
+}
+
+media_status_t Codec::Stop() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (session_ != nullptr) {
+        session_->Stop();
+    }
+    session_ = nullptr;
+    configuration_ = std::nullopt;
+    return AMEDIA_OK;
+}
+
+media_status_t Codec::Flush() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (session_ == nullptr) {
+        return AMEDIA_ERROR_INVALID_OPERATION;
+    }
+    auto decoder = session_->Stop();
+    decoder->Flush();
+    const PictureFormat announced = session_->Output().Format();
+    session_ = std::make_shared<DecodeSession>(std::move(decoder), configuration_->inputCapacity,
+                                               announced);
+    return AMEDIA_OK;
+}
+
+ssize_t Codec::DequeueInput(int64_t timeoutUs) {
+    const auto session = Session();
+    return session != nullptr ? session->Input().Dequeue(timeoutUs) : kNotStarted;
+}
+
+uint8_t* Codec::InputData(size_t index, size_t* capacity) {
+    const auto session = Session();
+    return session != nullptr ? session->Input().Data(index, capacity) : nullptr;
+}
+
+media_status_t Codec::QueueInput(size_t index, size_t offset, size_t size, int64_t timeUs,
+                                 uint32_t flags) {
+    const auto session = Session();
+    return session != nullptr ? session->Input().Queue(index, offset, size, timeUs, flags)
+                              : AMEDIA_ERROR_INVALID_OPERATION;
+}
+
+ssize_t Codec::DequeueOutput(AMediaCodecBufferInfo* info, int64_t timeoutUs) {
+    const auto session = Session();
+    return session != nullptr ? session->Output().Dequeue(info, timeoutUs) : kNotStarted;
+}
+
+uint8_t* Codec::OutputData(size_t index, size_t* size) {
+    const auto session = Session();
+    return session != nullptr && Renderer() == nullptr ? session->Output().Data(index, size)
+                                                       : nullptr;
+}
+
+std::optional<PictureFormat> Codec::OutputFormat() {
+    const auto session = Session();
+    return session != nullptr ? std::optional(session->Output().Format()) : std::nullopt;
+}
+
+media_status_t Codec::ReleaseOutput(size_t index, bool render, std::optional<int64_t> timestampNs) {
+    constexpr int64_t kNanosecondsPerMicrosecond = 1000;
+    const auto session = Session();
+    if (session == nullptr) {
+        return AMEDIA_ERROR_INVALID_OPERATION;
+    }
+    Picture picture;
+    const media_status_t status = session->Output().Release(index, &picture);
+    const auto renderer = Renderer();
+    if (status == AMEDIA_OK && render && picture.frame != nullptr && renderer != nullptr) {
+        renderer->Render(picture,
+                         timestampNs.value_or(picture.timeUs * kNanosecondsPerMicrosecond));
+    }
+    return status;
+}
+
+std::shared_ptr<DecodeSession> Codec::Session() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return session_;
+}
+
+std::shared_ptr<WindowRenderer> Codec::Renderer() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return configuration_ ? configuration_->renderer : nullptr;
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <media/NdkMediaCodec.h>
+
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "DecodeSession.h"
+#include "WindowRenderer.h"
+
+/// The states of a codec, and its calls in them. Thread-safe: calls that wait for buffers hold the
+/// session, not the lock, and end when it is stopped.
+class Codec {
+public:
+    explicit Codec(std::string mimeType) : mimeType_(std::move(mimeType)) {}
+    ~Codec() { Stop(); }
+    Codec(const Codec&) = delete;
+    Codec& operator=(const Codec&) = delete;
+
+    media_status_t Configure(const AMediaFormat& format, ANativeWindow* window, uint32_t flags);
+    media_status_t Start();
+    media_status_t Stop();
+    media_status_t Flush();
+
+    ssize_t DequeueInput(int64_t timeoutUs);
+    uint8_t* InputData(size_t index, size_t* capacity);
+    media_status_t QueueInput(size_t index, size_t offset, size_t size, int64_t timeUs,
+                              uint32_t flags);
+
+    ssize_t DequeueOutput(AMediaCodecBufferInfo* info, int64_t timeoutUs);
+    uint8_t* OutputData(size_t index, size_t* size);
+    /// \return none before Start().
+    std::optional<PictureFormat> OutputFormat();
+    media_status_t ReleaseOutput(size_t index, bool render, std::optional<int64_t> timestampNs);
+
+private:
+    struct Configuration {
+        PictureFormat announced;
+        size_t inputCapacity;
+        std::vector<uint8_t> parameterSets;
+        std::shared_ptr<WindowRenderer> renderer;
+    };
+
+    std::shared_ptr<DecodeSession> Session();
+    std::shared_ptr<WindowRenderer> Renderer();
+
+    const std::string mimeType_;
+    std::mutex mutex_;
+    std::optional<Configuration> configuration_;
+    std::shared_ptr<DecodeSession> session_;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <thread>
+
+#include "InputBuffers.h"
+#include "OutputBuffers.h"
+#include "VideoDecoder.h"
+
+/// One run of a decoder, from start or flush to the next flush or stop, on a thread of its own.
+class DecodeSession {
+public:
+    DecodeSession(std::unique_ptr<VideoDecoder> decoder, size_t inputCapacity,
+                  const PictureFormat& announced);
+    ~DecodeSession();
+    DecodeSession(const DecodeSession&) = delete;
+    DecodeSession& operator=(const DecodeSession&) = delete;
+
+    /// Ends the thread, and all waits for buffers with an error. To be called once, after which
+    /// Input() and Output() only refuse.
+    /// \return the decoder, for another session.
+    std::unique_ptr<VideoDecoder> Stop();
+
+    InputBuffers& Input() { return input_; }
+    OutputBuffers& Output() { return output_; }
+
+private:
+    void Run();
+    void DecodeUnit(const InputUnit& unit);
+
+    std::unique_ptr<VideoDecoder> decoder_;
+    InputBuffers input_;
+    OutputBuffers output_;
+    std::thread thread_;
+};

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <media/NdkMediaCodec.h>
+
+#include <array>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <optional>
+
+#include "Av.h"
+
+/// One access unit on its way to the decoder. The bytes are followed by zeros, as libavcodec wants.
+struct InputUnit {
+    size_t index;
+    const av::Buffer* storage;
+    const uint8_t* data;
+    size_t size;
+    int64_t timeUs;
+    uint32_t flags;
+};
+
+/// The numbered buffers through which a client hands units to the decoding thread:
+/// free -> held by the client -> queued -> held by the decoder -> free.
+class InputBuffers {
+public:
+    explicit InputBuffers(size_t capacity);
+
+    /// \name The client's side
+    /// \{
+    /// \return an index, AMEDIACODEC_INFO_TRY_AGAIN_LATER, or an error after Close().
+    ssize_t Dequeue(int64_t timeoutUs);
+    /// \return null unless the client holds the buffer.
+    uint8_t* Data(size_t index, size_t* capacity);
+    media_status_t Queue(size_t index, size_t offset, size_t size, int64_t timeUs, uint32_t flags);
+    /// \}
+
+    /// \name The decoder's side
+    /// \{
+    /// Waits for a unit. \return none after Close().
+    std::optional<InputUnit> Take();
+    void GiveBack(const InputUnit& unit);
+    /// \}
+
+    /// Ends all waits and refuses all buffers from now on.
+    void Close();
+
+private:
+    enum class Owner { kNobody, kClient, kDecoder };
+    struct Slot {
+        av::Buffer storage;  ///< Made when first needed.
+        Owner owner = Owner::kNobody;
+    };
+    static constexpr size_t kCount = 8;
+
+    bool HeldByClient(size_t index) const;
+
+    const size_t capacity_;
+    std::mutex mutex_;
+    std::condition_variable freed_;
+    std::condition_variable queued_;
+    std::array<Slot, kCount> slots_;
+    std::deque<size_t> free_;
+    std::deque<InputUnit> units_;
+    bool closed_ = false;
+};

@@ -1,0 +1,144 @@
+#include <media/NdkMediaCodec.h>
+
+#include <deque>
+
+#include "Codec.h"
+#include "MediaLog.h"
+
+/// What a handle points to. It outlives its codec, so that a late call finds none instead of
+/// another's memory: callers may use and delete a codec on different threads without a lock.
+struct AMediaCodec {
+    std::shared_ptr<Codec> codec;  ///< Accessed atomically.
+};
+
+namespace {
+
+/// Handles are never freed, not even at exit, when some thread may still use one.
+AMediaCodec* NewHandle(std::shared_ptr<Codec> codec) {
+    static auto& mutex = *new std::mutex;
+    static auto& handles = *new std::deque<AMediaCodec>;
+    const std::lock_guard<std::mutex> lock(mutex);
+    return &handles.emplace_back(AMediaCodec{std::move(codec)});
+}
+
+/// \return what \p call gives, or \p fallback where the codec is gone.
+template <class Result, class Call>
+Result With(AMediaCodec* handle, Result fallback, Call call) {
+    const auto codec = handle != nullptr ? std::atomic_load(&handle->codec) : nullptr;
+    return codec != nullptr ? call(*codec) : fallback;
+}
+
+template <class Call>
+media_status_t With(AMediaCodec* handle, Call call) {
+    return With(handle, AMEDIA_ERROR_INVALID_OBJECT, call);
+}
+
+AMediaFormat* Describe(const PictureFormat& picture) {
+    constexpr int32_t kFullRange = 1;
+    constexpr int32_t kLimitedRange = 2;
+    constexpr int32_t kYuv420Planar = 19;
+    AMediaFormat* format = AMediaFormat_new();
+    AMediaFormat_setString(format, AMEDIAFORMAT_KEY_MIME, "video/raw");
+    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_WIDTH, picture.width);
+    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_HEIGHT, picture.height);
+    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_STRIDE, picture.width);
+    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_SLICE_HEIGHT, picture.height);
+    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_COLOR_FORMAT, kYuv420Planar);
+    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_COLOR_RANGE,
+                          picture.fullRange ? kFullRange : kLimitedRange);
+    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_COLOR_STANDARD,
+                          static_cast<int32_t>(picture.matrix));
+    return format;
+}
+
+}  // namespace
+
+extern "C" {
+
+AMediaCodec* AMediaCodec_createDecoderByType(const char* mimeType) {
+    if (mimeType == nullptr || VideoDecoder::CodecOf(mimeType) == AV_CODEC_ID_NONE) {
+        __android_log_print(ANDROID_LOG_ERROR, kMediaLogTag, "no decoder for %s",
+                            mimeType != nullptr ? mimeType : "(null)");
+        return nullptr;
+    }
+    return NewHandle(std::make_shared<Codec>(mimeType));
+}
+
+media_status_t AMediaCodec_delete(AMediaCodec* handle) {
+    return With(handle, [handle](Codec& codec) {
+        std::atomic_store(&handle->codec, std::shared_ptr<Codec>());
+        return codec.Stop();
+    });
+}
+
+media_status_t AMediaCodec_configure(AMediaCodec* handle, const AMediaFormat* format,
+                                     ANativeWindow* surface, AMediaCrypto* crypto, uint32_t flags) {
+    if (format == nullptr || crypto != nullptr) {
+        return AMEDIA_ERROR_INVALID_PARAMETER;
+    }
+    return With(handle, [&](Codec& codec) { return codec.Configure(*format, surface, flags); });
+}
+
+media_status_t AMediaCodec_start(AMediaCodec* handle) {
+    return With(handle, [](Codec& codec) { return codec.Start(); });
+}
+
+media_status_t AMediaCodec_stop(AMediaCodec* handle) {
+    return With(handle, [](Codec& codec) { return codec.Stop(); });
+}
+
+media_status_t AMediaCodec_flush(AMediaCodec* handle) {
+    return With(handle, [](Codec& codec) { return codec.Flush(); });
+}
+
+ssize_t AMediaCodec_dequeueInputBuffer(AMediaCodec* handle, int64_t timeoutUs) {
+    return With<ssize_t>(handle, AMEDIA_ERROR_INVALID_OBJECT,
+                         [=](Codec& codec) { return codec.DequeueInput(timeoutUs); });
+}
+
+uint8_t* AMediaCodec_getInputBuffer(AMediaCodec* handle, size_t index, size_t* capacity) {
+    return With<uint8_t*>(handle, nullptr,
+                          [=](Codec& codec) { return codec.InputData(index, capacity); });
+}
+
+media_status_t AMediaCodec_queueInputBuffer(AMediaCodec* handle, size_t index, off_t offset,
+                                            size_t size, uint64_t timeUs, uint32_t flags) {
+    return With(handle, [=](Codec& codec) {
+        return codec.QueueInput(index, static_cast<size_t>(offset), size,
+                                static_cast<int64_t>(timeUs), flags);
+    });
+}
+
+ssize_t AMediaCodec_dequeueOutputBuffer(AMediaCodec* handle, AMediaCodecBufferInfo* info,
+                                        int64_t timeoutUs) {
+    if (info == nullptr) {
+        return AMEDIA_ERROR_INVALID_PARAMETER;
+    }
+    return With<ssize_t>(handle, AMEDIA_ERROR_INVALID_OBJECT,
+                         [=](Codec& codec) { return codec.DequeueOutput(info, timeoutUs); });
+}
+
+uint8_t* AMediaCodec_getOutputBuffer(AMediaCodec* handle, size_t index, size_t* size) {
+    return With<uint8_t*>(handle, nullptr,
+                          [=](Codec& codec) { return codec.OutputData(index, size); });
+}
+
+AMediaFormat* AMediaCodec_getOutputFormat(AMediaCodec* handle) {
+    return With<AMediaFormat*>(handle, nullptr, [](Codec& codec) {
+        const auto format = codec.OutputFormat();
+        return format ? Describe(*format) : nullptr;
+    });
+}
+
+media_status_t AMediaCodec_releaseOutputBuffer(AMediaCodec* handle, size_t index, bool render) {
+    return With(handle,
+                [=](Codec& codec) { return codec.ReleaseOutput(index, render, std::nullopt); });
+}
+
+media_status_t AMediaCodec_releaseOutputBufferAtTime(AMediaCodec* handle, size_t index,
+                                                     int64_t timestampNs) {
+    return With(handle,
+                [=](Codec& codec) { return codec.ReleaseOutput(index, true, timestampNs); });
+}
+
+}  // extern "C"

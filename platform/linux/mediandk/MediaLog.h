@@ -1,0 +1,5 @@
+#pragma once
+
+#include <android/log.h>
+
+constexpr char kMediaLogTag[] = "MediaCodec";

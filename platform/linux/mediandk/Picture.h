@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+
+#include "Av.h"
+
+/// Valued as AMEDIAFORMAT_KEY_COLOR_STANDARD is.
+enum class ColorMatrix { kBt709 = 1, kBt601 = 2, kBt2020 = 6 };
+
+/// What a client must know to use a picture's bytes.
+struct PictureFormat {
+    int width = 0;
+    int height = 0;
+    AVPixelFormat layout = AV_PIX_FMT_YUV420P;
+    ColorMatrix matrix = ColorMatrix::kBt601;
+    bool fullRange = false;
+
+    bool operator==(const PictureFormat& other) const;
+    bool operator!=(const PictureFormat& other) const { return !(*this == other); }
+};
+
+/// A decoded picture, or the end of the stream where there is no frame.
+struct Picture {
+    av::Frame frame;
+    PictureFormat format;
+    int64_t timeUs = 0;
+};
+
+/// Takes what the stream says of a frame's colours, and what is customary where it says nothing.
+PictureFormat FormatOf(const AVFrame& frame);
+
+/// Size of a picture with chroma halved both ways.
+size_t PlanarSize(const PictureFormat& format);
+
+/// Whether ConvertToRgba and ConvertToPlanar know the layout.
+bool CanConvert(const PictureFormat& format);
+
+/// \param stride of \p rgba, in bytes.
+void ConvertToRgba(const Picture& picture, uint8_t* rgba, int stride);
+
+/// \param planes PlanarSize bytes: Y, U, V without padding, chroma halved both ways.
+void ConvertToPlanar(const Picture& picture, uint8_t* planes);

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <jni.h>
+
+#include <string>
+
+/// The process's Java machine, which checks every JNI call and ends the process at a wrong one.
+namespace java {
+
+JavaVM* Machine();
+/// Of the main thread.
+JNIEnv* Env();
+
+/// Clears the pending exception. \return its class's name, or "" where there is none.
+std::string TakeException(JNIEnv* env);
+
+}  // namespace java
+
+/// A Java object, held by a global reference.
+class JavaObject {
+public:
+    JavaObject(const char* className, const char* signature, ...);
+    ~JavaObject() { java::Env()->DeleteGlobalRef(object_); }
+    JavaObject(const JavaObject&) = delete;
+    JavaObject& operator=(const JavaObject&) = delete;
+
+    jobject Get() const { return object_; }
+    jmethodID Method(JNIEnv* env, const char* name, const char* signature) const;
+
+    /// Calls a method that takes nothing and gives nothing. \return the exception that it threw.
+    std::string Call(const char* name, JNIEnv* env = java::Env()) const;
+    bool CallBoolean(const char* name) const;
+    jlong CallLong(const char* name) const;
+    jint IntField(const char* name) const;
+
+private:
+    jobject object_ = nullptr;
+};

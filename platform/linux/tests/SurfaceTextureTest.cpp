@@ -1,0 +1,260 @@
+#include <GLES3/gl3.h>
+#include <android/native_window_jni.h>
+#include <gtest/gtest.h>
+#include <system/window.h>
+// After gl3.h, whose types it uses.
+#include <GLES2/gl2ext.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <memory>
+#include <thread>
+
+#include "CodecClient.h"
+#include "ExternalTexture.h"
+#include "JavaTest.h"
+#include "offscreen/OffscreenContext.h"
+
+namespace {
+
+constexpr char kSurfaceTexture[] = "android/graphics/SurfaceTexture";
+constexpr char kSurface[] = "android/view/Surface";
+constexpr char kSurfaceConstructor[] = "(Landroid/graphics/SurfaceTexture;)V";
+constexpr char kIllegalState[] = "java.lang.IllegalStateException";
+constexpr char kIllegalArgument[] = "java.lang.IllegalArgumentException";
+
+using Pixels = std::vector<uint8_t>;
+
+/// Every byte differs from its neighbours', and pictures of different seeds differ everywhere.
+Pixels Pattern(int width, int height, int seed) {
+    Pixels pixels(static_cast<size_t>(width) * static_cast<size_t>(height) * 4);
+    for (size_t i = 0; i < pixels.size(); ++i) {
+        pixels[i] = static_cast<uint8_t>(i * 7 + static_cast<size_t>(seed) * 31);
+    }
+    return pixels;
+}
+
+void Post(ANativeWindow* window, int width, int height, const Pixels& pixels, int64_t timeNs) {
+    ANativeWindow_Buffer buffer;
+    ASSERT_EQ(ANativeWindow_setBuffersGeometry(window, width, height, 0), 0);
+    ASSERT_EQ(ANativeWindow_lock(window, &buffer, nullptr), 0);
+    ASSERT_EQ(buffer.stride, width);
+    std::copy(pixels.begin(), pixels.end(), static_cast<uint8_t*>(buffer.bits));
+    native_window_set_buffers_timestamp(window, timeNs);
+    ASSERT_EQ(ANativeWindow_unlockAndPost(window), 0);
+}
+
+std::array<float, 16> TransformOf(const JavaObject& texture) {
+    JNIEnv* env = java::Env();
+    std::array<float, 16> matrix{};
+    jfloatArray values = env->NewFloatArray(matrix.size());
+    env->CallVoidMethod(texture.Get(), texture.Method(env, "getTransformMatrix", "([F)V"), values);
+    EXPECT_EQ(java::TakeException(env), "");
+    env->GetFloatArrayRegion(values, 0, matrix.size(), matrix.data());
+    return matrix;
+}
+
+GLint Get(GLenum name) {
+    GLint value = 0;
+    glGetIntegerv(name, &value);
+    return value;
+}
+
+/// A surface texture on an external texture of a current context, and a window to it.
+class SurfaceTexture : public testing::Test {
+protected:
+    static constexpr jint kLocalReferences = 64;
+
+    SurfaceTexture() {
+        java::Env()->PushLocalFrame(kLocalReferences);
+        glGenTextures(1, &name);
+        texture = std::make_unique<JavaObject>(kSurfaceTexture, "(I)V", static_cast<jint>(name));
+        surface = std::make_unique<JavaObject>(kSurface, kSurfaceConstructor, texture->Get());
+        window = ANativeWindow_fromSurface(java::Env(), surface->Get());
+    }
+
+    ~SurfaceTexture() override {
+        ANativeWindow_release(window);
+        java::Env()->PopLocalFrame(nullptr);
+    }
+
+    /// Those of the test's own calls would keep their objects.
+    static void DropLocalReferences() {
+        java::Env()->PopLocalFrame(nullptr);
+        java::Env()->PushLocalFrame(kLocalReferences);
+    }
+
+    std::unique_ptr<OffscreenContext> context = std::make_unique<OffscreenContext>();
+    GLuint name = 0;
+    std::unique_ptr<JavaObject> texture;
+    std::unique_ptr<JavaObject> surface;
+    ANativeWindow* window = nullptr;
+};
+
+TEST_F(SurfaceTexture, ShowsTheNewestPictureFirstRowFirst) {
+    const std::array<float, 16> identity = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+    const std::array<float, 16> flip = {1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1, 0, 0, 1, 0, 1};
+    EXPECT_EQ(TransformOf(*texture), identity);
+    EXPECT_EQ(texture->Call("updateTexImage"), "") << "without a picture";
+    EXPECT_EQ(texture->CallLong("getTimestamp"), 0);
+
+    Post(window, 6, 4, Pattern(6, 4, 0), 1000);
+    Post(window, 6, 4, Pattern(6, 4, 1), 2000);
+    EXPECT_EQ(texture->Call("updateTexImage"), "");
+    EXPECT_EQ(texture->CallLong("getTimestamp"), 2000);
+    EXPECT_EQ(TransformOf(*texture), flip);
+    EXPECT_EQ(ReadExternal(name, 6, 4), Pattern(6, 4, 1));
+
+    // The last picture stays, and new ones replace it, of whatever size.
+    EXPECT_EQ(texture->Call("updateTexImage"), "");
+    EXPECT_EQ(ReadExternal(name, 6, 4), Pattern(6, 4, 1));
+    Post(window, 6, 4, Pattern(6, 4, 2), 3000);
+    EXPECT_EQ(texture->Call("updateTexImage"), "");
+    EXPECT_EQ(ReadExternal(name, 6, 4), Pattern(6, 4, 2));
+    Post(window, 33, 17, Pattern(33, 17, 3), 4000);
+    EXPECT_EQ(texture->Call("updateTexImage"), "");
+    EXPECT_EQ(ReadExternal(name, 33, 17), Pattern(33, 17, 3));
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
+TEST_F(SurfaceTexture, LeavesAllGlStateButItsBinding) {
+    constexpr std::array<GLenum, 8> kState = {
+        GL_ACTIVE_TEXTURE,     GL_TEXTURE_BINDING_2D,      GL_PIXEL_UNPACK_BUFFER_BINDING,
+        GL_UNPACK_ALIGNMENT,   GL_UNPACK_ROW_LENGTH,       GL_UNPACK_SKIP_ROWS,
+        GL_UNPACK_SKIP_PIXELS, GL_DRAW_FRAMEBUFFER_BINDING};
+    std::array<GLuint, 3> names{};
+    glGenTextures(2, names.data());
+    glGenBuffers(1, &names[2]);
+    glActiveTexture(GL_TEXTURE2);
+    glBindTexture(GL_TEXTURE_2D, names[0]);
+    glActiveTexture(GL_TEXTURE3);
+    glBindTexture(GL_TEXTURE_2D, names[1]);
+    glBindBuffer(GL_PIXEL_UNPACK_BUFFER, names[2]);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, 50);
+    glPixelStorei(GL_UNPACK_SKIP_ROWS, 3);
+    glPixelStorei(GL_UNPACK_SKIP_PIXELS, 5);
+    std::array<GLint, kState.size()> before{};
+    std::transform(kState.begin(), kState.end(), before.begin(), Get);
+
+    Post(window, 7, 5, Pattern(7, 5, 0), 0);
+    EXPECT_EQ(texture->Call("updateTexImage"), "");
+    for (size_t i = 0; i < kState.size(); ++i) {
+        EXPECT_EQ(Get(kState[i]), before[i]) << std::hex << kState[i];
+    }
+    EXPECT_EQ(Get(GL_TEXTURE_BINDING_EXTERNAL_OES), static_cast<GLint>(name));
+    glActiveTexture(GL_TEXTURE2);
+    EXPECT_EQ(Get(GL_TEXTURE_BINDING_2D), static_cast<GLint>(names[0]));
+    EXPECT_EQ(Get(GL_TEXTURE_BINDING_EXTERNAL_OES), 0);
+    EXPECT_EQ(ReadExternal(name, 7, 5), Pattern(7, 5, 0));
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
+TEST_F(SurfaceTexture, RefusesEveryContextButTheFirst) {
+    EXPECT_EQ(texture->Call("updateTexImage"), "");
+    std::thread([this] {
+        void* env = nullptr;
+        java::Machine()->AttachCurrentThread(&env, nullptr);
+        EXPECT_EQ(texture->Call("updateTexImage", static_cast<JNIEnv*>(env)), kIllegalState);
+        java::Machine()->DetachCurrentThread();
+    }).join();
+
+    auto first = std::move(context);
+    {
+        const OffscreenContext second;
+        EXPECT_EQ(texture->Call("updateTexImage"), kIllegalState) << "another context";
+    }
+    EXPECT_EQ(texture->Call("updateTexImage"), kIllegalState) << "no context";
+}
+
+TEST_F(SurfaceTexture, ThrowsWhatAndroidThrowsAfterRelease) {
+    JNIEnv* env = java::Env();
+    Post(window, 4, 4, Pattern(4, 4, 0), 0);
+    EXPECT_FALSE(texture->CallBoolean("isReleased"));
+    EXPECT_EQ(texture->Call("release"), "");
+    EXPECT_EQ(texture->Call("release"), "") << "twice";
+    EXPECT_TRUE(texture->CallBoolean("isReleased"));
+    EXPECT_EQ(texture->Call("updateTexImage"), "java.lang.RuntimeException");
+    ANativeWindow_Buffer buffer;
+    EXPECT_EQ(ANativeWindow_lock(window, &buffer, nullptr), -ENODEV);
+
+    EXPECT_TRUE(surface->CallBoolean("isValid"));
+    EXPECT_EQ(surface->Call("release"), "");
+    EXPECT_EQ(surface->Call("release"), "") << "twice";
+    EXPECT_FALSE(surface->CallBoolean("isValid"));
+    EXPECT_EQ(ANativeWindow_fromSurface(env, surface->Get()), nullptr);
+    EXPECT_EQ(ANativeWindow_fromSurface(env, texture->Get()), nullptr);
+    EXPECT_EQ(ANativeWindow_fromSurface(env, nullptr), nullptr);
+
+    const JavaObject onNothing(kSurface, kSurfaceConstructor, nullptr);
+    EXPECT_EQ(java::TakeException(env), kIllegalArgument);
+    const JavaObject onReleased(kSurface, kSurfaceConstructor, texture->Get());
+    EXPECT_EQ(java::TakeException(env), kIllegalArgument);
+    env->CallVoidMethod(texture->Get(), texture->Method(env, "getTransformMatrix", "([F)V"),
+                        env->NewFloatArray(15));
+    EXPECT_EQ(java::TakeException(env), kIllegalArgument);
+}
+
+TEST_F(SurfaceTexture, TellsItsListenerOnTheThreadThatPosts) {
+    JNIEnv* env = java::Env();
+    const JavaObject listener("CountingListener", "()V");
+    jmethodID set =
+        texture->Method(env, "setOnFrameAvailableListener",
+                        "(Landroid/graphics/SurfaceTexture$OnFrameAvailableListener;)V");
+    env->CallVoidMethod(texture->Get(), set, listener.Get());
+    EXPECT_EQ(java::TakeException(env), "");
+    std::thread([this] {
+        Post(window, 4, 4, Pattern(4, 4, 0), 0);
+        Post(window, 4, 4, Pattern(4, 4, 1), 0);
+    }).join();
+    EXPECT_EQ(listener.IntField("calls"), 2);
+    env->CallVoidMethod(texture->Get(), set, nullptr);
+    EXPECT_EQ(java::TakeException(env), "");
+    Post(window, 4, 4, Pattern(4, 4, 2), 0);
+    EXPECT_EQ(listener.IntField("calls"), 2);
+}
+
+// Applications drop their references without releasing anything.
+TEST_F(SurfaceTexture, IsReleasedByTheGarbageCollector) {
+    JNIEnv* env = java::Env();
+    Post(window, 4, 4, Pattern(4, 4, 0), 0);
+    EXPECT_EQ(texture->Call("updateTexImage"), "");
+    surface = nullptr;
+    texture = nullptr;
+    DropLocalReferences();
+    jclass system = env->FindClass("java/lang/System");
+    jmethodID collect = env->GetStaticMethodID(system, "gc", "()V");
+    int result = 0;
+    for (int tries = 0; tries < 200 && result == 0; ++tries) {
+        env->CallStaticVoidMethod(system, collect);
+        EXPECT_EQ(java::TakeException(env), "");
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        ANativeWindow_Buffer buffer;
+        result = ANativeWindow_lock(window, &buffer, nullptr);
+        ANativeWindow_unlockAndPost(window);
+    }
+    EXPECT_EQ(result, -ENODEV);
+    EXPECT_EQ(ReadExternal(name, 4, 4), Pattern(4, 4, 0)) << "the texture keeps its picture";
+}
+
+TEST_F(SurfaceTexture, ShowsDecodedPictures) {
+    TestStream stream;
+    stream.bFrames = 2;
+    stream.picture = [](int index) {
+        const Yuv dark = {static_cast<uint8_t>(20 + index), 128, 128};
+        const Yuv light = {static_cast<uint8_t>(200 + index), 128, 128};
+        return TestStream::Quarters{dark, dark, light, light};
+    };
+    CodecClient client({stream.MimeType(), stream.width, stream.height, window, {}});
+    client.Feed(Encode(stream, 10));
+    client.Finish();
+    EXPECT_EQ(texture->Call("updateTexImage"), "");
+    EXPECT_EQ(texture->CallLong("getTimestamp"), 9 * kFrameTimeUs * 1000);
+    const Pixels pixels = ReadExternal(name, stream.width, stream.height);
+    EXPECT_NEAR(pixels.front(), (20 + 9 - 16) * 255 / 219, 2);
+    EXPECT_NEAR(pixels[pixels.size() - 4], (200 + 9 - 16) * 255 / 219, 2);
+}
+
+}  // namespace

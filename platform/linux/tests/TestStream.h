@@ -1,0 +1,52 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "mediandk/Av.h"
+
+/// A compressed picture, or several parts of one.
+struct TestUnit {
+    std::vector<uint8_t> bytes;
+    int64_t timeUs = 0;
+};
+
+struct Yuv {
+    uint8_t y;
+    uint8_t u;
+    uint8_t v;
+};
+
+/// What to encode and how. Pictures are made of four flat quarters: top left, top right, bottom
+/// left, bottom right.
+struct TestStream {
+    using Quarters = std::array<Yuv, 4>;
+
+    std::string encoder = "libx264";
+    int width = 320;
+    int height = 240;
+    AVPixelFormat layout = AV_PIX_FMT_YUV420P;
+    AVColorSpace colours = AVCOL_SPC_BT470BG;
+    AVColorRange range = AVCOL_RANGE_MPEG;
+    int bFrames = 0;
+    int keyInterval = 10;
+    bool parameterSetsApart = false;
+    std::function<Quarters(int index)> picture;
+
+    std::string MimeType() const { return encoder == "mjpeg" ? "video/mjpeg" : "video/avc"; }
+};
+
+constexpr int64_t kFrameTimeUs = 40000;
+
+inline TestStream::Quarters Grey(uint8_t level) {
+    const Yuv grey = {level, 128, 128};
+    return {grey, grey, grey, grey};
+}
+
+/// Units in decoding order; picture n has the time n * kFrameTimeUs.
+/// \param parameterSets receives those that the units lack, where kept apart.
+std::vector<TestUnit> Encode(const TestStream& stream, int count,
+                             std::vector<uint8_t>* parameterSets = nullptr);
