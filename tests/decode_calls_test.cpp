@@ -35,6 +35,7 @@ long LiveThreads() {
 class DecodeCalls : public testing::Test {
 protected:
     ~DecodeCalls() override {
+        platform.outputIndex = -1;
         platform.unblockOutput();
         WaitUntil([this] { return LiveThreads() <= threadsBefore; });
     }
@@ -49,7 +50,7 @@ protected:
     void* create(int modeType = VE_MODE_H264) { return create(Mode(modeType), platform.machine()); }
 
     TestContext context;
-    FakePlatform platform;
+    FakePlatform& platform = FakePlatform::Get();
     unsigned texture = NewTexture();
     long threadsBefore = LiveThreads();
 };

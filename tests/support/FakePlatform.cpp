@@ -8,12 +8,10 @@
 #include <thread>
 #include <utility>
 
-FakePlatform* FakePlatform::current = nullptr;
-
 namespace {
 
 FakePlatform& Platform() {
-    return *FakePlatform::current;
+    return FakePlatform::Get();
 }
 
 /// Notes the call; null when it is to fail.
@@ -80,12 +78,12 @@ const JNIInvokeInterface_ kMachineFunctions = [] {
 }  // namespace
 
 FakePlatform::FakePlatform() : env_{&kEnvFunctions}, machine_{&kMachineFunctions} {
-    current = this;
     attached = &env_;
 }
 
-FakePlatform::~FakePlatform() {
-    unblockOutput();
+FakePlatform& FakePlatform::Get() {
+    static auto* platform = new FakePlatform;
+    return *platform;
 }
 
 void FakePlatform::note(const std::string& call) {

@@ -13,11 +13,9 @@
 /// call, but for the decoder thread's, in order.
 class FakePlatform {
 public:
-    /// The one in use. Make one per test, before the first renderer.
-    static FakePlatform* current;
+    /// The one and only; never destroyed, since decoder threads may be the last to use it.
+    static FakePlatform& Get();
 
-    FakePlatform();
-    ~FakePlatform();
     FakePlatform(const FakePlatform&) = delete;
     FakePlatform& operator=(const FakePlatform&) = delete;
 
@@ -49,6 +47,8 @@ public:
     int threadsInOutput();
 
 private:
+    FakePlatform();
+
     JNIEnv env_;
     JavaVM machine_;
     std::mutex mutex_;
