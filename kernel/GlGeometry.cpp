@@ -55,7 +55,7 @@ void PackVertexAttribute(Array<unsigned char>& packed, const Array<T>& attrib, i
     packed.Resize(packed.Size + bytes);
     std::memcpy(packed.Data + offset, attrib.Data, bytes);
     GLES3::glEnableVertexAttribArray(location);
-    // GL takes the offset in the guise of a pointer. NOLINTNEXTLINE(performance-no-int-to-ptr)
+    // GL takes the offset in the guise of a pointer.
     const auto* start = reinterpret_cast<const void*>(offset);
     GLES3::glVertexAttribPointer(location, glComponents, static_cast<GLenum>(glType), GL_FALSE,
                                  sizeof(T), start);

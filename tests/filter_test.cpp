@@ -27,7 +27,7 @@ unsigned NewExternalTexture(const Image& image) {
         reinterpret_cast<PFNEGLCREATEIMAGEKHRPROC>(eglGetProcAddress("eglCreateImageKHR"));
     auto* attachImage = reinterpret_cast<PFNGLEGLIMAGETARGETTEXTURE2DOESPROC>(
         eglGetProcAddress("glEGLImageTargetTexture2DOES"));
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): a texture's name in the guise of a pointer.
+    // A texture's name in the guise of a pointer.
     auto* buffer = reinterpret_cast<EGLClientBuffer>(uintptr_t{backing});
     void* shared = createImage(eglGetCurrentDisplay(), eglGetCurrentContext(),
                                EGL_GL_TEXTURE_2D_KHR, buffer, nullptr);

@@ -1,0 +1,66 @@
+#include "Interleaved.h"
+
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <chrono>
+#include <numeric>
+#include <utility>
+
+namespace {
+
+double SecondsOf(const Interleaved::Work& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+/// Of the whole process: a driver may touch new pages first in threads of its own.
+long PageFaults() {
+    rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_minflt;
+}
+
+double Median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+}  // namespace
+
+Interleaved::Interleaved(std::vector<Work> works)
+    : works_(std::move(works)),
+      order_(works_.size()),
+      times_(works_.size()),
+      pageFaults_(works_.size()) {
+    std::iota(order_.begin(), order_.end(), size_t{0});
+}
+
+double Interleaved::runRound() {
+    double total = 0;
+    for (const size_t work : order_) {
+        const long faultsBefore = PageFaults();
+        times_[work].push_back(SecondsOf(works_[work]));
+        pageFaults_[work] += PageFaults() - faultsBefore;
+        total += times_[work].back();
+    }
+    std::next_permutation(order_.begin(), order_.end());
+    return total;
+}
+
+double Interleaved::medianMilliseconds(size_t work) const {
+    return 1000 * Median(times_[work]);
+}
+
+double Interleaved::medianRatio(size_t work, size_t reference) const {
+    std::vector<double> ratios(times_[work].size());
+    std::transform(times_[work].begin(), times_[work].end(), times_[reference].begin(),
+                   ratios.begin(), std::divides<>());
+    return Median(std::move(ratios));
+}
+
+double Interleaved::meanPageFaults(size_t work) const {
+    return static_cast<double>(pageFaults_[work]) / static_cast<double>(times_[work].size());
+}

@@ -1,0 +1,49 @@
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+
+#include <algorithm>
+#include <cstring>
+#include <exception>
+#include <iostream>
+
+#include "MarkdownReporter.h"
+
+namespace {
+
+/// Keeps freed frame-sized blocks in the heap. Otherwise each frame's fresh buffer store is mapped
+/// from the system anew, and filling it stops at a page fault every 4 KiB.
+void KeepLargeBlocks() {
+    constexpr int kMegabyte = 1 << 20;
+    mallopt(M_MMAP_THRESHOLD, 32 * kMegabyte);
+    mallopt(M_TRIM_THRESHOLD, 512 * kMegabyte);
+}
+
+/// Whether \p flag was given; removes it.
+bool TakeFlag(int& argc, char** argv, const char* flag) {
+    char** end = std::remove_if(
+        argv + 1, argv + argc, [flag](char* argument) { return std::strcmp(argument, flag) == 0; });
+    const bool found = end != argv + argc;
+    argc = static_cast<int>(end - argv);
+    return found;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!TakeFlag(argc, argv, "--no-mallopt")) {
+        KeepLargeBlocks();
+    }
+    MarkdownReporter markdown;
+    const bool asMarkdown = TakeFlag(argc, argv, "--markdown");
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return 1;
+    }
+    try {
+        benchmark::RunSpecifiedBenchmarks(asMarkdown ? &markdown : nullptr);
+    } catch (const std::exception& error) {
+        std::cerr << "vornbench: " << error.what() << "\n";
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "BareObjects.h"
+#include "FrameCase.h"
+#include "render/VEStickerList.h"
+
+/// The least GL code that draws a stream as the library does: the same uploads, clear and draws,
+/// with no state saved, restored or checked.
+///
+/// Its GL objects live as long as their context.
+class BareRenderer {
+public:
+    /// \param kind the lean shader cannot draw stickers over masked pictures.
+    BareRenderer(const FrameCase& frame, ShaderKind kind, GLuint stickerTexture);
+
+    /// Draws the frame given at the call before.
+    /// \param mask read where the case is masked.
+    void draw(const void* pixels, const void* mask, const VEStickerList& stickers);
+
+    GLuint target() const { return target_; }
+
+private:
+    /// A texture fed through two pixel-unpack buffers in turn.
+    struct Stream {
+        GLuint texture = 0;
+        GLuint buffers[2] = {0, 0};
+        int next = 0;
+    };
+
+    Stream makeStream() const;
+    void upload(Stream& stream, const void* pixels) const;
+    void drawStickers(const VEStickerList& stickers) const;
+
+    FrameCase frame_;
+    GLenum stickerUnit_;
+    GLuint stickerTexture_;
+    GLuint target_;
+    GLuint framebuffer_ = 0;
+    GLuint program_;
+    GLint isSticker_;  ///< Location of the uniform.
+    GLuint picture_;   ///< Vertex array of the picture.
+    Stream source_;
+    Stream mask_;
+};

@@ -1,0 +1,94 @@
+#include "PlayerFixture.h"
+
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "support/NumberedPath.h"
+#include "support/PngFile.h"
+
+Pixel At(const Image& image, int x, int y) {
+    Pixel pixel{};
+    std::copy_n(image.Row(y) + x * Image::kChannels, pixel.size(), pixel.begin());
+    return pixel;
+}
+
+Image Solid(Size size, const Pixel& colour) {
+    Image image(size);
+    for (size_t i = 0; i < image.pixels.size(); ++i) {
+        image.pixels[i] = colour.at(i % colour.size());
+    }
+    return image;
+}
+
+Image Pattern(Size size) {
+    Image image = Solid(size, {0, 0, 0, 255});
+    for (size_t i = 0; i < image.pixels.size(); ++i) {
+        image.pixels[i] = i % 4 == 3 ? 255 : static_cast<uint8_t>(i * 37 + i / 7 * 11);
+    }
+    return image;
+}
+
+Pixel FrameColour(int frame) {
+    return {static_cast<uint8_t>(40 + 50 * (frame % 5)), static_cast<uint8_t>(20 * frame),
+            static_cast<uint8_t>(250 - 20 * frame), 255};
+}
+
+PlayerTest::PlayerTest() {
+    std::string name = (std::filesystem::temp_directory_path() / "player.XXXXXX").string();
+    directory_ = mkdtemp(name.data());
+}
+
+PlayerTest::~PlayerTest() {
+    std::filesystem::remove_all(directory_);
+}
+
+RunResult PlayerTest::Run(const std::string& tool, const std::string& arguments) const {
+    const std::string log = directory_.string() + ".log";
+    const std::string command =
+        "cd " + directory_.string() + " && " + tool + " " + arguments + " 2>" + log;
+    // NOLINTNEXTLINE(cert-env33-c): the shell is what users start it from.
+    const int status = std::system(command.c_str());
+    std::ifstream file(log);
+    RunResult result{WIFEXITED(status) ? WEXITSTATUS(status) : -1,
+                     {std::istreambuf_iterator<char>(file), {}}};
+    std::filesystem::remove(log);
+    return result;
+}
+
+RunResult PlayerTest::Play(const std::string& arguments) const {
+    return Run(VORNPLAY, arguments);
+}
+
+void PlayerTest::PlayWell(const std::string& arguments) const {
+    const RunResult result = Play("--quiet " + arguments);
+    ASSERT_EQ(result.status, 0) << arguments << "\n" << result.errors;
+    ASSERT_EQ(result.errors, "") << arguments;
+}
+
+Image PlayerTest::Read(const std::string& name) const {
+    return ReadPng(Path(name));
+}
+
+void PlayerTest::WriteImage(const std::string& name, const Image& image) const {
+    CreateDirectoryOf(Path(name));
+    WritePng(Path(name), image);
+}
+
+void PlayerTest::WriteClip(const std::string& name, int count, Size size) const {
+    const NumberedPath path(name + "/%04d.png");
+    for (int i = 1; i <= count; ++i) {
+        WriteImage(path.At(i), Solid(size, FrameColour(i)));
+    }
+}
+
+std::set<std::string> PlayerTest::Files() const {
+    std::set<std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(directory_)) {
+        files.insert(std::filesystem::relative(entry.path(), directory_).string());
+    }
+    return files;
+}

@@ -1,0 +1,61 @@
+#include <algorithm>
+#include <fstream>
+
+#include "PlayerFixture.h"
+
+TEST_F(PlayerTest, BadInputGivesOneLineAndLeavesNothingBehind) {
+    WriteImage("in.png", Pattern({9, 7}));
+    std::ofstream(Path("text.bin")) << "no picture at all, only text\n";
+    std::filesystem::create_directory(Path("taken.png"));
+    const std::set<std::string> before = Files();
+    for (const std::string arguments : {
+             "",
+             "none.mp4 --out out.mp4",
+             "none/%04d.png --out out/%04d.png",
+             "text.bin --out out.png",
+             "in.png --start 5 --out out.png",
+             "in.png --nonsense --out out.png",
+             "in.png --size 0x7 --out out.png",
+             "in.png --size 9 --out out.png",
+             "in.png --size 99999x7 --out out.png",
+             "in.png --out out.mp4",
+             "in.png --out out.gif",
+             "in.png --out out%s.png",
+             "in.png --out none/out.png",
+             "in.png --size 8x8 --out none/out.mp4",
+             "in.png --out taken.png",
+             "in.png --out text.bin/%d.png",
+             "in.png --mask text.bin --out out.png",
+             "in.png --sticker text.bin --at 1,2 --out out.png",
+             "in.png --sticker in.png --at 1,2,3 --out out.png",
+             "in.png --at 1,2 --out out.png",
+             "in.png --view 0,0,two,0 --out out.png",
+             "in.png --view 0,0,2,0 --fit --out out.png",
+             "in.png --clear 0,0,0,256 --out out.png",
+             "in.png --frames 0 --out out.png",
+             "in.png --start nan --out out.png",
+             "in.png --backdrop red --size 8x8 --out out.mp4",
+         }) {
+        const RunResult result = Play(arguments);
+        EXPECT_EQ(result.status, 2) << arguments;
+        EXPECT_EQ(result.errors.rfind("vornplay: ", 0), 0U) << arguments << "\n" << result.errors;
+        EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1)
+            << arguments << "\n"
+            << result.errors;
+        EXPECT_EQ(Files(), before) << arguments;
+    }
+}
+
+TEST_F(PlayerTest, AnEarlierOutputOutlivesAFailedRun) {
+    WriteImage("in.png", Pattern({9, 7}));
+    std::ofstream(Path("out.mp4")) << "earlier";
+    EXPECT_EQ(Play("in.png --size 8x8 --mask none.png --out out.mp4").status, 2);
+    EXPECT_EQ(std::filesystem::file_size(Path("out.mp4")), 7U);
+}
+
+TEST_F(PlayerTest, WithoutAGlContextItSaysSo) {
+    WriteImage("in.png", Pattern({9, 7}));
+    const RunResult result = Run("__EGL_VENDOR_LIBRARY_FILENAMES=/dev/null " VORNPLAY, "in.png");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.errors.rfind("vornplay: no EGL", 0), 0U) << result.errors;
+}

@@ -1,0 +1,70 @@
+#include "PlayerFixture.h"
+#include "support/PngFile.h"
+
+namespace {
+
+constexpr Size kMaskSize = {4, 1};
+constexpr Size kClipSize = {8, 4};
+
+Image MaskOf(const std::array<Pixel, 4>& pixels) {
+    Image mask(kMaskSize);
+    for (size_t i = 0; i < pixels.size(); ++i) {
+        std::copy(pixels[i].begin(), pixels[i].end(), mask.pixels.begin() + 4 * i);
+    }
+    return mask;
+}
+
+Pixel WithAlpha(Pixel colour, uint8_t alpha) {
+    colour[3] = alpha;
+    return colour;
+}
+
+}  // namespace
+
+TEST_F(PlayerTest, MaskKeysByItsAlphaAndItsLastFrameIsHeld) {
+    constexpr Pixel kTransparentWhite = {255, 255, 255, 0};
+    constexpr Pixel kOpaqueBlack = {0, 0, 0, 255};
+    constexpr Pixel kFaintBlack = {0, 0, 0, 90};
+    constexpr Pixel kHalfBlue = {0, 0, 99, 128};
+    WriteClip("in", 3, kClipSize);
+    WriteImage("mask/1.png", MaskOf({kTransparentWhite, kOpaqueBlack, kFaintBlack, kHalfBlue}));
+    WriteImage("mask/2.png", MaskOf({kHalfBlue, kTransparentWhite, kOpaqueBlack, kOpaqueBlack}));
+    const std::string play = "in/%04d.png --fit --mask mask/%d.png --out out/%d.png";
+    PlayWell(play);
+    const std::array<int, 4> firstAlpha = {-1, 255, 90, 128};
+    const std::array<int, 4> lastAlpha = {128, -1, 255, 255};
+    for (int frame = 1; frame <= 3; ++frame) {
+        const Image out = Read("out/" + std::to_string(frame) + ".png");
+        for (int i = 0; i < 4; ++i) {
+            const int alpha = (frame == 1 ? firstAlpha : lastAlpha).at(static_cast<size_t>(i));
+            const Pixel shown = WithAlpha(FrameColour(frame), static_cast<uint8_t>(alpha));
+            EXPECT_EQ(At(out, 2 * i + 1, 2), alpha < 0 ? kKeyedOut : shown) << frame << ", " << i;
+        }
+    }
+
+    PlayWell(play + " --mask-format rgb");
+    const Image opaque = Read("out/1.png");
+    EXPECT_EQ(At(opaque, 1, 2), kKeyedOut);
+    EXPECT_EQ(At(opaque, 7, 2), FrameColour(1));
+}
+
+TEST_F(PlayerTest, MaskWithoutAlphaKeysByItsBrightness) {
+    WriteClip("in", 1, kClipSize);
+    const std::array<uint8_t, 4> gray = {0, 1, 128, 255};
+    WriteGrayPng(Path("mask.png"), kMaskSize, gray.data());
+    PlayWell("in/%04d.png --fit --mask mask.png --out out.png");
+    const Image out = Read("out.png");
+    EXPECT_EQ(At(out, 1, 2), kKeyedOut);
+    for (int i = 1; i < 4; ++i) {
+        EXPECT_EQ(At(out, 2 * i, 2), WithAlpha(FrameColour(1), gray.at(static_cast<size_t>(i))));
+    }
+}
+
+TEST_F(PlayerTest, MaskIsScaledToItsSizeAndNotMirrored) {
+    constexpr Pixel kWhite = {255, 255, 255, 255};
+    WriteClip("in", 1, kClipSize);
+    WriteImage("mask.png", MaskOf({Pixel{}, Pixel{}, kWhite, kWhite}));
+    PlayWell("in/%04d.png --fit --mirror --mask mask.png --mask-size 32x16 --out out.png");
+    EXPECT_EQ(At(Read("out.png"), 1, 2), kKeyedOut);
+    EXPECT_EQ(At(Read("out.png"), 6, 2), FrameColour(1));
+}

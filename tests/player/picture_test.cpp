@@ -1,0 +1,87 @@
+// What is drawn: frames, mirroring, view and stickers.
+
+#include "PlayerFixture.h"
+#include "support/NumberedPath.h"
+
+namespace {
+
+const NumberedPath kOut("out/%d.png");
+
+}  // namespace
+
+TEST_F(PlayerTest, EveryFrameComesOutOnceAndInOrder) {
+    WriteClip("in", 5, {7, 5});
+    for (const std::string options : {"--rgba", "--rgb", "--rgba --fit", "--rgb --fit"}) {
+        PlayWell("in/%04d.png " + options + " --out out/%d.png");
+        for (int i = 1; i <= 5; ++i) {
+            EXPECT_EQ(Read(kOut.At(i)).pixels, Solid({7, 5}, FrameColour(i)).pixels)
+                << options << ", frame " << i;
+        }
+        EXPECT_FALSE(std::filesystem::exists(Path(kOut.At(6))));
+    }
+}
+
+TEST_F(PlayerTest, FitShowsEachPixelAsItIsAndMirrorSwapsLeftAndRight) {
+    const Image picture = Pattern({33, 21});
+    WriteImage("in.png", picture);
+    PlayWell("in.png --fit --out plain.png");
+    PlayWell("in.png --fit --rgb --mirror --out mirrored.png");
+    EXPECT_EQ(Read("plain.png").pixels, picture.pixels);
+    const Image mirrored = Read("mirrored.png");
+    for (int y = 0; y < picture.size.height; ++y) {
+        for (int x = 0; x < picture.size.width; ++x) {
+            ASSERT_EQ(At(mirrored, x, y), At(picture, picture.size.width - 1 - x, y)) << x;
+        }
+    }
+}
+
+TEST_F(PlayerTest, AlphaIsKept) {
+    const Image picture = Solid({6, 4}, {10, 200, 30, 77});
+    WriteImage("in.png", picture);
+    PlayWell("in.png --out out.png");
+    EXPECT_EQ(Read("out.png").pixels, picture.pixels);
+}
+
+TEST_F(PlayerTest, StartAndFramesChooseAPartOfTheInput) {
+    WriteClip("in", 10, {8, 8});
+    PlayWell("in/%04d.png --start 0.12 --frames 4 --out out/%d.png");
+    for (int i = 1; i <= 4; ++i) {
+        EXPECT_EQ(At(Read(kOut.At(i)), 4, 4), FrameColour(i + 3));
+    }
+    EXPECT_FALSE(std::filesystem::exists(Path(kOut.At(5))));
+}
+
+TEST_F(PlayerTest, ViewMovesWithTheFrameThatIsShown) {
+    WriteClip("in", 5, {200, 10});
+    PlayWell("in/%04d.png --fit --view-to 1,0,1.4003148,0 --clear 9,8,7,6 --out out/%d.png");
+    for (int i = 1; i <= 5; ++i) {
+        // Each step moves the picture to the left by an eighth of the frame.
+        const Image frame = Read(kOut.At(i));
+        const int edge = 200 - (i - 1) * 25;
+        EXPECT_EQ(At(frame, edge - 2, 5), FrameColour(i)) << i;
+        if (edge < 200) {
+            EXPECT_EQ(At(frame, edge + 1, 5), (Pixel{9, 8, 7, 6})) << i;
+        }
+    }
+}
+
+TEST_F(PlayerTest, StickersStandUprightAboveTheirPixels) {
+    const Pixel red = {255, 0, 0, 255};
+    const Pixel half = {0, 255, 0, 128};
+    const Pixel ground = {20, 30, 40, 255};
+    Image sticker = Solid({4, 4}, half);
+    std::copy_n(Solid({4, 2}, red).pixels.begin(), 4 * 2 * 4, sticker.pixels.begin());
+    WriteImage("sticker.png", sticker);
+    WriteImage("in.png", Solid({200, 100}, ground));
+    PlayWell("in.png --fit --sticker sticker.png --at 40,80 --at 150,50 --out out.png");
+    const Image out = Read("out.png");
+    for (const auto& [x, y] : {std::pair(40, 80), std::pair(150, 50)}) {
+        EXPECT_EQ(At(out, x, y - 18), red);
+        EXPECT_EQ(At(out, x, y - 12), half);
+        EXPECT_EQ(At(out, x, y - 8), ground);
+        EXPECT_EQ(At(out, x, y - 22), ground);
+        EXPECT_EQ(At(out, x - 4, y - 18), red);
+        EXPECT_EQ(At(out, x + 7, y - 18), ground);
+        EXPECT_EQ(At(out, x - 7, y - 18), ground);
+    }
+}

@@ -1,0 +1,114 @@
+// Lays pictures out on one sheet, each over a checkerboard and with a label under it.
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "BitmapFont.h"
+#include "support/Backdrop.h"
+#include "support/CommandLine.h"
+#include "support/FrameConverter.h"
+#include "support/Image.h"
+#include "support/PngFile.h"
+#include "support/ToolError.h"
+#include "support/VideoReader.h"
+
+namespace {
+
+constexpr int kGap = 12;
+constexpr int kTextScale = 2;
+constexpr Rgb kText = {32, 32, 32};
+constexpr uint8_t kPaper = 255;
+
+struct Cell {
+    std::string label;
+    Image picture;
+};
+
+/// "LABEL=FILE", the file scaled to \p width.
+Cell LoadCell(const std::string& text, int width) {
+    const size_t equals = text.find('=');
+    if (equals == std::string::npos) {
+        throw ToolError(text + ": give pictures as LABEL=FILE.png");
+    }
+    VideoReader reader(text.substr(equals + 1));
+    const AVFrame& frame = reader.First();
+    const int height = std::max(1, width * frame.height / frame.width);
+    FrameConverter converter({width, height}, AV_PIX_FMT_RGBA);
+    Cell cell{text.substr(0, equals), Image({width, height})};
+    std::copy_n(converter.Convert(frame), converter.ByteSize(), cell.picture.pixels.begin());
+    return cell;
+}
+
+void DrawPicture(Image& sheet, int left, int top, const Image& picture) {
+    const Size size = picture.size;
+    std::vector<uint8_t> rgb(picture.pixels.size());
+    Backdrop().Flatten(picture, rgb.data());
+    const uint8_t* from = rgb.data();
+    for (int y = 0; y < size.height; ++y) {
+        uint8_t* to = sheet.Row(top + y) + left * Image::kChannels;
+        for (int x = 0; x < size.width; ++x, from += 3, to += Image::kChannels) {
+            std::copy_n(from, 3, to);
+        }
+    }
+}
+
+void DrawCell(Image& sheet, int left, int top, const Cell& cell) {
+    DrawPicture(sheet, left, top, cell.picture);
+    const int slack = cell.picture.size.width - TextWidth(cell.label, kTextScale);
+    DrawText(sheet, left + std::max(0, slack / 2), top + cell.picture.size.height + kGap / 2,
+             cell.label, kTextScale, kText);
+}
+
+/// Cells in rows of \p columns, each row as high as its highest picture.
+Image LayOut(const std::vector<Cell>& cells, size_t columns, int width) {
+    std::vector<int> tops = {kGap};
+    for (size_t first = 0; first < cells.size(); first += columns) {
+        int height = 0;
+        for (size_t i = first; i < std::min(first + columns, cells.size()); ++i) {
+            height = std::max(height, cells[i].picture.size.height);
+        }
+        tops.push_back(tops.back() + height + TextHeight(kTextScale) + 2 * kGap);
+    }
+    const int used = static_cast<int>(std::min(columns, cells.size()));
+    Image sheet({kGap + used * (width + kGap), tops.back()});
+    std::fill(sheet.pixels.begin(), sheet.pixels.end(), kPaper);
+    for (size_t i = 0; i < cells.size(); ++i) {
+        const int column = static_cast<int>(i % columns);
+        DrawCell(sheet, kGap + column * (width + kGap), tops[i / columns], cells[i]);
+    }
+    return sheet;
+}
+
+int Run(int argc, char** argv) {
+    std::string out;
+    size_t columns = 3;
+    int width = 320;
+    std::vector<std::string> pictures;
+    CLI::App app("Lays pictures out on one sheet, with a label under each.", "contactsheet");
+    app.formatter(std::make_shared<PlainHelp>());
+    app.add_option("--out", out, "The sheet to write")->type_name("FILE.png")->required();
+    app.add_option("--columns", columns, "Pictures in a row (default: 3)")
+        ->type_name("N")
+        ->check(InRange(1, 100));
+    app.add_option("--width", width, "Width of each picture (default: 320)")
+        ->type_name("PX")
+        ->check(InRange(1, 10000));
+    app.add_option("PICTURES", pictures, "The pictures and their labels")
+        ->type_name("LABEL=FILE.png")
+        ->required();
+    if (!ParseCommandLine(app, argc, argv)) {
+        return kExitDone;
+    }
+    std::vector<Cell> cells;
+    std::transform(pictures.begin(), pictures.end(), std::back_inserter(cells),
+                   [width](const std::string& text) { return LoadCell(text, width); });
+    WritePng(out, LayOut(cells, columns, width));
+    return kExitDone;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return RunTool("contactsheet", [argc, argv] { return Run(argc, argv); });
+}

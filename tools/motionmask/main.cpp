@@ -1,0 +1,67 @@
+// Makes a mask of what moves before a camera that stands still.
+
+#include <cstdint>
+#include <string>
+
+#include "Background.h"
+#include "MotionDetector.h"
+#include "support/CommandLine.h"
+#include "support/FrameConverter.h"
+#include "support/NumberedPath.h"
+#include "support/PngFile.h"
+#include "support/VideoReader.h"
+
+namespace {
+
+struct Options {
+    std::string input;
+    std::string out;
+    double startSeconds = 0.0;
+    int frames = 0;
+};
+
+bool Parse(int argc, char** argv, Options& options) {
+    CLI::App app("Writes masks of what moves in a video: white on black.", "motionmask");
+    app.formatter(std::make_shared<PlainHelp>());
+    app.add_option("INPUT", options.input, "A video from a camera that stands still")
+        ->type_name("")
+        ->required();
+    app.add_option("--out", options.out, "The masks to write, such as mask/%04d.png")
+        ->type_name("FILE")
+        ->required();
+    app.add_option("--start", options.startSeconds, "Begin at this time")
+        ->type_name("SECONDS")
+        ->check(InRange(0.0, 1e6));
+    app.add_option("--frames", options.frames, "Write no more masks than this")
+        ->type_name("N")
+        ->check(InRange(1, 1'000'000'000));
+    return ParseCommandLine(app, argc, argv);
+}
+
+void WriteMasks(const Options& options) {
+    const NumberedPath path(options.out);
+    VideoReader reader(options.input, options.startSeconds);
+    const AVFrame* frame = &reader.First();
+    const Size size = SizeOr({}, *frame);
+    FrameConverter converter(size, AV_PIX_FMT_RGB24);
+    MotionDetector detector(size, FindBackground(options.input));
+    CreateDirectoryOf(path.At(1));
+    for (int number = 1; frame != nullptr; ++number) {
+        WriteGrayPng(path.At(number), size, detector.Detect(converter.Convert(*frame)).data());
+        frame = number == options.frames ? nullptr : reader.Next();
+    }
+}
+
+int Run(int argc, char** argv) {
+    Options options;
+    if (Parse(argc, argv, options)) {
+        WriteMasks(options);
+    }
+    return kExitDone;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return RunTool("motionmask", [argc, argv] { return Run(argc, argv); });
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "support/Image.h"
+
+using Rgb = std::array<uint8_t, 3>;
+
+/// What shows through the transparent parts of a picture: one colour, or a gray checkerboard.
+class Backdrop {
+public:
+    /// The checkerboard.
+    Backdrop() = default;
+    explicit Backdrop(Rgb colour) : colour_(colour) {}
+
+    /// Lays \p image, whose alpha is not premultiplied, over the backdrop. \p rgb has room for
+    /// three bytes for each pixel.
+    void Flatten(const Image& image, uint8_t* rgb) const;
+
+private:
+    Rgb At(int x, int y) const;
+
+    std::optional<Rgb> colour_;
+};

@@ -1,0 +1,82 @@
+#include "support/FrameConverter.h"
+
+#include <array>
+#include <string_view>
+#include <tuple>
+
+#include "support/ToolError.h"
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+namespace {
+
+/// Rows are written in vector registers, the last one somewhat beyond its end.
+constexpr size_t kOverrun = 64;
+
+/// The "yuvj" formats mean full range by their name alone.
+bool HasFullRange(const AVFrame& frame) {
+    const char* name = av_get_pix_fmt_name(static_cast<AVPixelFormat>(frame.format));
+    return frame.color_range == AVCOL_RANGE_JPEG ||
+           (name != nullptr && std::string_view(name).substr(0, 4) == "yuvj");
+}
+
+}  // namespace
+
+Size SizeOr(Size size, const AVFrame& frame) {
+    return size.width > 0 ? size : Size{frame.width, frame.height};
+}
+
+bool FrameConverter::Source::operator==(const Source& other) const {
+    return std::tie(width, height, format, colorSpace, fullRange) ==
+           std::tie(other.width, other.height, other.format, other.colorSpace, other.fullRange);
+}
+
+FrameConverter::FrameConverter(Size size, AVPixelFormat format) : size_(size), format_(format) {
+    pixels_.resize(ByteSize() + kOverrun);
+}
+
+int FrameConverter::RowBytes() const {
+    return size_.width * (format_ == AV_PIX_FMT_RGBA ? 4 : 3);
+}
+
+size_t FrameConverter::ByteSize() const {
+    return static_cast<size_t>(RowBytes()) * static_cast<size_t>(size_.height);
+}
+
+FrameConverter::Source FrameConverter::Describe(const AVFrame& frame) {
+    const bool untagged =
+        frame.colorspace == AVCOL_SPC_UNSPECIFIED || frame.colorspace == AVCOL_SPC_RGB;
+    return {frame.width, frame.height, frame.format,
+            untagged ? UsualColorSpace(frame.width, frame.height) : frame.colorspace,
+            HasFullRange(frame)};
+}
+
+void FrameConverter::Prepare(const Source& source) {
+    // The switches take the exact path instead of the fast one, chroma at full width included.
+    constexpr int kFlags = SWS_BICUBIC | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP;
+    constexpr int kUnchanged = 1 << 16;
+    scaler_.reset(sws_getContext(source.width, source.height,
+                                 static_cast<AVPixelFormat>(source.format), size_.width,
+                                 size_.height, format_, kFlags, nullptr, nullptr, nullptr));
+    if (scaler_ == nullptr) {
+        throw ToolError("a picture of this format or size cannot be converted");
+    }
+    sws_setColorspaceDetails(scaler_.get(), sws_getCoefficients(source.colorSpace),
+                             source.fullRange ? 1 : 0, sws_getCoefficients(SWS_CS_DEFAULT), 1, 0,
+                             kUnchanged, kUnchanged);
+    source_ = source;
+}
+
+uint8_t* FrameConverter::Convert(const AVFrame& frame) {
+    const Source source = Describe(frame);
+    if (scaler_ == nullptr || !(source == source_)) {
+        Prepare(source);
+    }
+    const std::array<uint8_t*, 4> planes = {pixels_.data()};
+    const std::array<int, 4> strides = {RowBytes()};
+    sws_scale(scaler_.get(), frame.data, frame.linesize, 0, frame.height, planes.data(),
+              strides.data());
+    return pixels_.data();
+}

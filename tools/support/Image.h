@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+struct Size {
+    int width = 0;
+    int height = 0;
+};
+
+/// A picture in memory: rows of R, G, B, A bytes, first row first, without padding.
+struct Image {
+    static constexpr int kChannels = 4;
+
+    Image() = default;
+    explicit Image(Size imageSize)
+        : size(imageSize),
+          pixels(static_cast<size_t>(imageSize.width) * static_cast<size_t>(imageSize.height) *
+                 kChannels) {}
+
+    uint8_t* Row(int y) {
+        return &pixels[static_cast<size_t>(y) * static_cast<size_t>(size.width) * kChannels];
+    }
+    const uint8_t* Row(int y) const {
+        return &pixels[static_cast<size_t>(y) * static_cast<size_t>(size.width) * kChannels];
+    }
+
+    Size size;
+    std::vector<uint8_t> pixels;
+};

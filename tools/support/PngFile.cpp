@@ -1,0 +1,54 @@
+#include "support/PngFile.h"
+
+#include <png.h>
+
+#include "support/PendingFile.h"
+#include "support/ToolError.h"
+
+namespace {
+
+/// libpng's record of one picture, freed also when reading stops half way.
+struct PngRecord {
+    PngRecord() { record.version = PNG_IMAGE_VERSION; }
+    ~PngRecord() { png_image_free(&record); }
+    PngRecord(const PngRecord&) = delete;
+    PngRecord& operator=(const PngRecord&) = delete;
+
+    png_image record{};
+};
+
+void Write(const std::string& path, Size size, png_uint_32 format, const uint8_t* pixels) {
+    PendingFile file(path);
+    PngRecord png;
+    png.record.width = static_cast<png_uint_32>(size.width);
+    png.record.height = static_cast<png_uint_32>(size.height);
+    png.record.format = format;
+    png.record.flags = PNG_IMAGE_FLAG_FAST;
+    if (png_image_write_to_file(&png.record, file.Path().c_str(), 0, pixels, 0, nullptr) == 0) {
+        throw ToolError(path + ": cannot be written: " + png.record.message);
+    }
+    file.Commit();
+}
+
+}  // namespace
+
+Image ReadPng(const std::string& path) {
+    PngRecord png;
+    if (png_image_begin_read_from_file(&png.record, path.c_str()) == 0) {
+        throw ToolError(path + ": " + png.record.message);
+    }
+    png.record.format = PNG_FORMAT_RGBA;
+    Image image({static_cast<int>(png.record.width), static_cast<int>(png.record.height)});
+    if (png_image_finish_read(&png.record, nullptr, image.pixels.data(), 0, nullptr) == 0) {
+        throw ToolError(path + ": " + png.record.message);
+    }
+    return image;
+}
+
+void WritePng(const std::string& path, const Image& image) {
+    Write(path, image.size, PNG_FORMAT_RGBA, image.pixels.data());
+}
+
+void WriteGrayPng(const std::string& path, Size size, const uint8_t* pixels) {
+    Write(path, size, PNG_FORMAT_GRAY, pixels);
+}

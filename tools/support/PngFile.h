@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "support/Image.h"
+
+/// \throws ToolError
+Image ReadPng(const std::string& path);
+
+/// Writes a picture with its alpha. A file that fails leaves nothing behind. \throws ToolError
+void WritePng(const std::string& path, const Image& image);
+
+/// Writes a picture of one byte a pixel, 0 black. \throws ToolError
+void WriteGrayPng(const std::string& path, Size size, const uint8_t* pixels);

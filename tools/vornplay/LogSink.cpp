@@ -1,0 +1,46 @@
+// The log of the renderer: the definitions here stand in front of the system's log library.
+
+#include "LogSink.h"
+
+#include <android/log.h>
+
+#include <array>
+#include <atomic>
+#include <cstdarg>
+#include <cstdio>
+#include <string>
+
+namespace {
+
+std::atomic<bool> shown{false};
+
+/// Messages bring line ends of their own, or none.
+std::string Trimmed(const std::string& text) {
+    const size_t first = text.find_first_not_of(" \n");
+    const size_t last = text.find_last_not_of(" \n");
+    return first == std::string::npos ? std::string() : text.substr(first, last - first + 1);
+}
+
+}  // namespace
+
+void ShowLog(bool show) {
+    shown = show;
+}
+
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp): the system's names.
+
+extern "C" int __android_log_write(int /*priority*/, const char* tag, const char* text) {
+    if (shown) {
+        std::fprintf(stderr, "%s: %s\n", tag, Trimmed(text).c_str());
+    }
+    return 1;
+}
+
+extern "C" int __android_log_vprint(int priority, const char* tag, const char* format,
+                                    va_list args) {
+    std::array<char, 1024> text{};
+    std::vsnprintf(text.data(), text.size(), format, args);
+    return __android_log_write(priority, tag, text.data());
+}
+
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)

@@ -1,0 +1,79 @@
+#include "OptionValues.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <regex>
+
+#include "support/ToolError.h"
+
+namespace {
+
+/// The numbers of a list such as "1,2.5,-3".
+template <size_t count>
+std::array<double, count> ParseNumbers(const std::string& text, double low, double high) {
+    std::array<double, count> numbers{};
+    const char* next = text.c_str();
+    for (size_t i = 0; i < count; ++i) {
+        char* end = nullptr;
+        numbers[i] = std::strtod(next, &end);
+        const char separator = i + 1 < count ? ',' : '\0';
+        // The comparisons fail for what is not a number at all, too.
+        if (end == next || *end != separator || !(numbers[i] >= low && numbers[i] <= high)) {
+            throw ToolError(text + " is no list of " + std::to_string(count) + " numbers in range");
+        }
+        next = end + 1;
+    }
+    return numbers;
+}
+
+}  // namespace
+
+View FitView() {
+    // The camera stands at 3 - zoom / 2, and sees the picture's half height of 1 under half of the
+    // field of view.
+    constexpr double kHalfFieldOfView = 23.5 * 3.14159265358979323846 / 180.0;
+    const double distance = 1.0 / std::tan(kHalfFieldOfView);
+    View view;
+    view.zoom = static_cast<float>(2.0 * (3.0 - distance));
+    return view;
+}
+
+View Between(const View& from, const View& to, double progress) {
+    const auto between = [t = static_cast<float>(progress)](float a, float b) {
+        return a * (1.0F - t) + b * t;
+    };
+    return {between(from.x, to.x), between(from.y, to.y), between(from.zoom, to.zoom),
+            between(from.w, to.w)};
+}
+
+View ParseView(const std::string& text) {
+    constexpr double kFarthest = 1e6;
+    const auto [x, y, zoom, w] = ParseNumbers<4>(text, -kFarthest, kFarthest);
+    return {static_cast<float>(x), static_cast<float>(y), static_cast<float>(zoom),
+            static_cast<float>(w)};
+}
+
+Rgba ParseColour(const std::string& text) {
+    const auto [red, green, blue, alpha] = ParseNumbers<4>(text, 0.0, 255.0);
+    return {static_cast<uint8_t>(red), static_cast<uint8_t>(green), static_cast<uint8_t>(blue),
+            static_cast<uint8_t>(alpha)};
+}
+
+std::pair<int, int> ParsePosition(const std::string& text) {
+    constexpr double kFarthest = 1e6;
+    const auto [x, y] = ParseNumbers<2>(text, -kFarthest, kFarthest);
+    return {static_cast<int>(x), static_cast<int>(y)};
+}
+
+Backdrop ParseBackdrop(const std::string& text) {
+    static const std::regex kHexColour("#[0-9a-fA-F]{6}");
+    if (text == "checker") {
+        return {};
+    }
+    if (!std::regex_match(text, kHexColour)) {
+        throw ToolError(text + " is neither checker nor a colour #rrggbb");
+    }
+    const unsigned long rgb = std::stoul(text.substr(1), nullptr, 16);
+    return Backdrop({static_cast<uint8_t>(rgb >> 16), static_cast<uint8_t>(rgb >> 8),
+                     static_cast<uint8_t>(rgb)});
+}

@@ -1,0 +1,160 @@
+#include "Options.h"
+
+#include <memory>
+#include <vector>
+
+#include "support/CommandLine.h"
+#include "support/ToolError.h"
+
+namespace {
+
+constexpr int64_t kMostFrames = 1'000'000'000;
+
+constexpr char kNotes[] =
+    "Output: x.png holds the first drawn frame of the run, with its alpha; dir/%04d.png all of\n"
+    "them, from number 1 on; x.mp4 an H.264 video of them over the backdrop.\n"
+    "\n"
+    "Mask: a picture with alpha keys out where it is transparent; one without where it is black,\n"
+    "and its brightness is the alpha elsewhere (not with --mask-format rgb, which knows no half\n"
+    "transparency). It is stretched over the picture. Its first frame goes with the first frame\n"
+    "drawn, and its last one is held.\n"
+    "\n"
+    "View: the picture is 2 wide and 2 high around 0,0. ZOOM 2 crops it by 1.15, 1.4 fits, less\n"
+    "shows the clear colour around it, 6 nothing. Y and W have no effect. Without --mask, a view\n"
+    "makes the result opaque.\n"
+    "\n"
+    "Examples:\n"
+    "  vornplay clip.mp4 --out clip-drawn.mp4 --fit\n"
+    "  vornplay clip.mp4 --out 'frames/%04d.png' --start 2.5 --frames 50\n"
+    "  vornplay clip.mp4 --mask 'mask/%04d.png' --out keyed.mp4 --backdrop '#204060'\n"
+    "  vornplay photo.png --sticker hat.png --at 320,200 --at 90,240 --out photo-hat.png\n"
+    "  vornplay clip.mp4 --view 0,0,1.4,0 --view-to 0.5,0,4,0 --out zoom.mp4\n"
+    "\n"
+    "Exit status: 0 done, 1 the input is broken and was drawn as far as it decodes,\n"
+    "2 nothing could be done.";
+
+/// \p parse, with the option's name in front of what it reports.
+template <typename Parse>
+auto ParseFor(const std::string& name, Parse parse, const std::string& text) {
+    try {
+        return parse(text);
+    } catch (const ToolError& error) {
+        throw ToolError(name + ": " + error.what());
+    }
+}
+
+/// An option whose text \p parse turns into \p value.
+template <typename Value, typename Parse>
+CLI::Option* AddParsed(CLI::App& app, const std::string& name, Value& value, Parse parse,
+                       const std::string& form, const std::string& help) {
+    const auto set = [&value, name, parse](const std::string& text) {
+        value = ParseFor(name, parse, text);
+    };
+    return app.add_option_function<std::string>(name, set, help)->type_name(form);
+}
+
+void AddInputOptions(CLI::App& app, Options& options) {
+    app.add_option("INPUT", options.input, "A video, a picture or a sequence such as dir/%04d.png")
+        ->type_name("")
+        ->required();
+    auto* rgb = app.add_flag("--rgb", options.rgb, "Hand the frames over as RGB");
+    app.add_flag("--rgba", "Hand the frames over as RGBA (default)")->excludes(rgb)->group("Input");
+    AddParsed(app, "--size", options.size, ParseSize, "WxH",
+              "Scale the frames to this size (default: the input's)");
+    app.add_option("--start", options.startSeconds, "Begin at this time")
+        ->type_name("SECONDS")
+        ->check(InRange(0.0, 1e6));
+    app.add_option("--frames", options.frames, "Draw no more frames than this")
+        ->type_name("N")
+        ->check(InRange(int64_t{1}, kMostFrames));
+    for (const char* name : {"--rgb", "--size", "--start", "--frames"}) {
+        app.get_option(name)->group("Input");
+    }
+}
+
+void AddMaskOptions(CLI::App& app, Options& options) {
+    auto* mask =
+        app.add_option("--mask", options.mask, "Key the picture by this video, picture or sequence")
+            ->type_name("FILE");
+    AddParsed(app, "--mask-size", options.maskSize, ParseSize, "WxH",
+              "Scale the mask to this size (default: its own)")
+        ->needs(mask);
+    AddParsed(
+        app, "--mask-format", options.rgbMask,
+        [](const std::string& text) {
+            if (text != "rgb" && text != "rgba") {
+                throw ToolError(text + " is neither rgb nor rgba");
+            }
+            return text == "rgb";
+        },
+        "rgb|rgba", "Hand the mask over as this (default: rgba)")
+        ->needs(mask);
+    for (const char* name : {"--mask", "--mask-size", "--mask-format"}) {
+        app.get_option(name)->group("Mask");
+    }
+}
+
+void AddStickerOptions(CLI::App& app, Options& options) {
+    auto* sticker = app.add_option("--sticker", options.sticker, "Picture to lay over the frames")
+                        ->type_name("PNG");
+    auto* at = app.add_option_function<std::vector<std::string>>(
+        "--at",
+        [&options](const std::vector<std::string>& texts) {
+            for (const std::string& text : texts) {
+                options.positions.push_back(ParseFor("--at", ParsePosition, text));
+            }
+        },
+        "Stand a sticker above this pixel; may be given often");
+    at->type_name("X,Y")->type_size(1)->allow_extra_args(false)->needs(sticker);
+    for (const char* name : {"--sticker", "--at"}) {
+        app.get_option(name)->group("Stickers");
+    }
+}
+
+void AddViewOptions(CLI::App& app, Options& options) {
+    app.add_flag("--mirror", options.mirror, "Swap left and right (the mask stays as it is)");
+    auto* view = AddParsed(app, "--view", options.view, ParseView, "X,Y,ZOOM,W",
+                           "Look from here (default: 0,0,2,0)");
+    AddParsed(app, "--view-to", options.viewTo, ParseView, "X,Y,ZOOM,W",
+              "Move evenly to this view until the last frame");
+    app.add_flag_callback(
+           "--fit", [&options] { options.view = FitView(); },
+           "Look so that the picture fills the frame exactly")
+        ->excludes(view);
+    AddParsed(app, "--clear", options.clear, ParseColour, "R,G,B,A",
+              "Colour around the picture (default: 0,0,0,255)");
+    for (const char* name : {"--mirror", "--view", "--view-to", "--fit", "--clear"}) {
+        app.get_option(name)->group("View");
+    }
+}
+
+void AddOutputOptions(CLI::App& app, Options& options) {
+    app.add_option("--out", options.out,
+                   "Write to x.png, dir/%04d.png or x.mp4 (default: only time it)")
+        ->type_name("FILE");
+    AddParsed(app, "--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
+              "Behind transparent parts in an mp4 (default: checker)");
+    app.add_flag("--quiet,-q", options.quiet, "No progress and no summary");
+    app.add_flag("-v,--verbose", options.verbose, "Show the log of the renderer and the decoders");
+    for (const char* name : {"--out", "--backdrop", "--quiet", "--verbose"}) {
+        app.get_option(name)->group("Output");
+    }
+}
+
+}  // namespace
+
+std::optional<Options> ParseOptions(int argc, char** argv) {
+    Options options;
+    CLI::App app("Plays a video through the renderer, without a window.", "vornplay");
+    app.formatter(std::make_shared<PlainHelp>());
+    app.footer(kNotes);
+    AddInputOptions(app, options);
+    AddMaskOptions(app, options);
+    AddStickerOptions(app, options);
+    AddViewOptions(app, options);
+    AddOutputOptions(app, options);
+    if (!ParseCommandLine(app, argc, argv)) {
+        return std::nullopt;
+    }
+    return options;
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "OptionValues.h"
+#include "render/VEStickerList.h"
+#include "support/Image.h"
+
+/// What the command line asks for.
+struct Options {
+    std::string input;
+    std::string out;  ///< Empty: nothing is written.
+    bool rgb = false;
+    Size size;  ///< Zero: the input's.
+    double startSeconds = 0.0;
+    int64_t frames = 0;  ///< Zero: all.
+
+    std::string mask;  ///< Empty: none.
+    bool rgbMask = false;
+    Size maskSize;  ///< Zero: the mask's own.
+
+    std::string sticker;  ///< Empty: none.
+    VEStickerList positions;
+
+    bool mirror = false;
+    std::optional<View> view;
+    std::optional<View> viewTo;
+    Rgba clear = {0, 0, 0, 255};
+    Backdrop backdrop;
+
+    bool quiet = false;
+    bool verbose = false;
+
+    /// The view acts on masked pictures only.
+    bool NeedsMask() const { return !mask.empty() || view.has_value() || viewTo.has_value(); }
+};
+
+/// Reads the command line; nothing when the user only asked for help. \throws ToolError
+std::optional<Options> ParseOptions(int argc, char** argv);

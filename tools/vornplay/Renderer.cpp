@@ -1,0 +1,80 @@
+#include "Renderer.h"
+
+#include <utility>
+
+#include "support/ToolError.h"
+
+Renderer::Renderer(RendererSettings settings)
+    : settings_(std::move(settings)), image_(settings_.size) {
+    CheckSizes();
+    constexpr float kFull = 255.0F;
+    const auto [red, green, blue, alpha] = settings_.clear;
+    glClearColor(static_cast<float>(red) / kFull, static_cast<float>(green) / kFull,
+                 static_cast<float>(blue) / kFull, static_cast<float>(alpha) / kFull);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+    if (settings_.sticker.has_value()) {
+        LoadSticker(sticker_.emplace(), *settings_.sticker);
+    }
+    Create();
+    WarmUp();
+}
+
+void Renderer::CheckSizes() const {
+    CheckTextureSize("a frame", settings_.size);
+    CheckTextureSize("a mask", settings_.maskSize);
+    if (settings_.sticker.has_value()) {
+        CheckTextureSize("a sticker", settings_.sticker->size);
+    }
+}
+
+void Renderer::Create() {
+    VERendererMode mode{};
+    mode.outputMode = settings_.masked ? VE_OUTPUT_MASKED : VE_OUTPUT_PICTURE;
+    mode.modeType = settings_.rgb ? VE_MODE_RGB : VE_MODE_RGBA;
+    mode.textureWidth = settings_.size.width;
+    mode.textureHeight = settings_.size.height;
+    mode.maskFormat = settings_.rgbMask ? VE_MASK_RGB : VE_MASK_RGBA;
+    mode.maskWidth = settings_.maskSize.width;
+    mode.maskHeight = settings_.maskSize.height;
+    void* handle = nullptr;
+    VECreateRendererHandle(&handle, static_cast<int>(target_.Name()), &mode, nullptr);
+    handle_.reset(handle);
+    if (handle == nullptr) {
+        throw ToolError("the renderer could not be created");
+    }
+}
+
+/// The first calls only create the textures of the frames and of the masks.
+void Renderer::WarmUp() {
+    const int calls = settings_.masked ? 2 : 1;
+    for (int i = 0; i < calls; ++i) {
+        Update(nullptr, nullptr);
+    }
+}
+
+void Renderer::SetView(const View& view) {
+    VEUpdateUserPosition(handle_.get(), view.x, view.y, view.zoom, view.w);
+}
+
+void Renderer::Submit(uint8_t* frame, uint8_t* mask) {
+    const auto start = std::chrono::steady_clock::now();
+    Update(frame, mask);
+    glFinish();
+    drawingTime_ += std::chrono::steady_clock::now() - start;
+}
+
+void Renderer::Update(uint8_t* frame, uint8_t* mask) {
+    // The renderer's flag set leaves the picture as it is.
+    const bool colorMirror = !settings_.mirror;
+    if (sticker_.has_value()) {
+        VEUpdateRendererWithSticker(handle_.get(), frame, 0, colorMirror, mask,
+                                    static_cast<int>(sticker_->Name()), settings_.positions);
+    } else {
+        VEUpdateRenderer(handle_.get(), frame, 0, colorMirror, mask);
+    }
+}
+
+const Image& Renderer::ReadBack() {
+    reader_.Read(target_, image_);
+    return image_;
+}

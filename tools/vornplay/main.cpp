@@ -1,0 +1,40 @@
+#include <malloc.h>
+
+#include "LogSink.h"
+#include "Options.h"
+#include "Player.h"
+#include "support/CommandLine.h"
+
+extern "C" {
+#include <libavutil/log.h>
+}
+
+namespace {
+
+/// A software GL takes the pixel buffers that the renderer orphans for each frame from malloc,
+/// which would map blocks of that size anew each time, page fault by page fault. Here they come
+/// from the heap, and it keeps them.
+void KeepLargeBlocks() {
+    constexpr int kKept = 1 << 30;
+    mallopt(M_MMAP_MAX, 0);
+    mallopt(M_TRIM_THRESHOLD, kKept);
+}
+
+int Run(int argc, char** argv) {
+    const std::optional<Options> options = ParseOptions(argc, argv);
+    if (!options.has_value()) {
+        return kExitDone;
+    }
+    ShowLog(options->verbose);
+    if (options->verbose) {
+        av_log_set_level(AV_LOG_WARNING);
+    }
+    return Player(*options).Play();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    KeepLargeBlocks();
+    return RunTool("vornplay", [argc, argv] { return Run(argc, argv); });
+}
