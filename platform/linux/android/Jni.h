@@ -10,6 +10,7 @@ jlong ToJava(Object* object) {
 
 template <class Object>
 Object* FromJava(jlong value) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
     return reinterpret_cast<Object*>(value);
 }
 

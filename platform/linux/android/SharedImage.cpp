@@ -11,9 +11,9 @@
 namespace {
 
 EGLImage ImageOf(GLuint texture) {
-    return eglCreateImage(eglGetCurrentDisplay(), eglGetCurrentContext(), EGL_GL_TEXTURE_2D,
-                          // EGL hands GL names over as pointers.
-                          reinterpret_cast<EGLClientBuffer>(static_cast<uintptr_t>(texture)),
+    // EGL takes GL names as pointers. NOLINTNEXTLINE(performance-no-int-to-ptr)
+    auto* buffer = reinterpret_cast<EGLClientBuffer>(static_cast<uintptr_t>(texture));
+    return eglCreateImage(eglGetCurrentDisplay(), eglGetCurrentContext(), EGL_GL_TEXTURE_2D, buffer,
                           nullptr);
 }
 
@@ -53,7 +53,7 @@ bool SharedImage::Fits(const WindowFrame& frame) const {
     return frame.width == width_ && frame.height == height_;
 }
 
-void SharedImage::Upload(const WindowFrame& frame) {
+void SharedImage::Upload(const WindowFrame& frame) const {
     const GlUploadStateGuard guard;
     GLuint texture = 0;
     glGenTextures(1, &texture);

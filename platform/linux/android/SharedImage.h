@@ -18,7 +18,7 @@ public:
     SharedImage& operator=(const SharedImage&) = delete;
 
     bool Fits(const WindowFrame& frame) const;
-    void Upload(const WindowFrame& frame);
+    void Upload(const WindowFrame& frame) const;
     /// Makes the image that of the texture bound to \p target.
     void ShowIn(unsigned target) const;
 
@@ -27,6 +27,6 @@ private:
 
     const int width_;
     const int height_;
-    const EGLDisplay display_;
-    const EGLImage image_;
+    EGLDisplay display_;
+    EGLImage image_;
 };

@@ -34,6 +34,7 @@ void TextureConsumer::Release() {
     queue_->Abandon();
     const std::lock_guard<std::mutex> lock(mutex_);
     image_ = nullptr;
+    previous_ = nullptr;
 }
 
 int64_t TextureConsumer::Timestamp() const {
@@ -60,14 +61,15 @@ TextureConsumer::Result TextureConsumer::CheckContext() {
 }
 
 TextureConsumer::Result TextureConsumer::Latch(const WindowFrame& frame) {
+    std::swap(image_, previous_);
     if (image_ == nullptr || !image_->Fits(frame)) {
         image_ = SharedImage::Create(frame.width, frame.height);
         if (image_ == nullptr) {
             return Result::kFailed;
         }
-        image_->ShowIn(GL_TEXTURE_EXTERNAL_OES);
     }
     image_->Upload(frame);
+    image_->ShowIn(GL_TEXTURE_EXTERNAL_OES);
     timestampNs_ = frame.timestampNs;
     latched_ = true;
     return Result::kDone;

@@ -43,7 +43,10 @@ private:
     mutable std::mutex mutex_;  ///< Guards all below.
     EGLDisplay display_ = EGL_NO_DISPLAY;
     EGLContext context_ = EGL_NO_CONTEXT;
+    /// The latched frame's, and that of the frame before, which draws may still be reading: an
+    /// upload into it would wait for them.
     std::unique_ptr<SharedImage> image_;
+    std::unique_ptr<SharedImage> previous_;
     int64_t timestampNs_ = 0;
     bool latched_ = false;
 };

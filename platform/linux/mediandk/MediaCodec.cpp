@@ -64,81 +64,81 @@ AMediaCodec* AMediaCodec_createDecoderByType(const char* mimeType) {
     return NewHandle(std::make_shared<Codec>(mimeType));
 }
 
-media_status_t AMediaCodec_delete(AMediaCodec* handle) {
-    return With(handle, [handle](Codec& codec) {
-        std::atomic_store(&handle->codec, std::shared_ptr<Codec>());
-        return codec.Stop();
+media_status_t AMediaCodec_delete(AMediaCodec* codec) {
+    return With(codec, [codec](Codec& object) {
+        std::atomic_store(&codec->codec, std::shared_ptr<Codec>());
+        return object.Stop();
     });
 }
 
-media_status_t AMediaCodec_configure(AMediaCodec* handle, const AMediaFormat* format,
+media_status_t AMediaCodec_configure(AMediaCodec* codec, const AMediaFormat* format,
                                      ANativeWindow* surface, AMediaCrypto* crypto, uint32_t flags) {
     if (format == nullptr || crypto != nullptr) {
         return AMEDIA_ERROR_INVALID_PARAMETER;
     }
-    return With(handle, [&](Codec& codec) { return codec.Configure(*format, surface, flags); });
+    return With(codec, [&](Codec& object) { return object.Configure(*format, surface, flags); });
 }
 
-media_status_t AMediaCodec_start(AMediaCodec* handle) {
-    return With(handle, [](Codec& codec) { return codec.Start(); });
+media_status_t AMediaCodec_start(AMediaCodec* codec) {
+    return With(codec, [](Codec& object) { return object.Start(); });
 }
 
-media_status_t AMediaCodec_stop(AMediaCodec* handle) {
-    return With(handle, [](Codec& codec) { return codec.Stop(); });
+media_status_t AMediaCodec_stop(AMediaCodec* codec) {
+    return With(codec, [](Codec& object) { return object.Stop(); });
 }
 
-media_status_t AMediaCodec_flush(AMediaCodec* handle) {
-    return With(handle, [](Codec& codec) { return codec.Flush(); });
+media_status_t AMediaCodec_flush(AMediaCodec* codec) {
+    return With(codec, [](Codec& object) { return object.Flush(); });
 }
 
-ssize_t AMediaCodec_dequeueInputBuffer(AMediaCodec* handle, int64_t timeoutUs) {
-    return With<ssize_t>(handle, AMEDIA_ERROR_INVALID_OBJECT,
-                         [=](Codec& codec) { return codec.DequeueInput(timeoutUs); });
+ssize_t AMediaCodec_dequeueInputBuffer(AMediaCodec* codec, int64_t timeoutUs) {
+    return With<ssize_t>(codec, AMEDIA_ERROR_INVALID_OBJECT,
+                         [=](Codec& object) { return object.DequeueInput(timeoutUs); });
 }
 
-uint8_t* AMediaCodec_getInputBuffer(AMediaCodec* handle, size_t index, size_t* capacity) {
-    return With<uint8_t*>(handle, nullptr,
-                          [=](Codec& codec) { return codec.InputData(index, capacity); });
+uint8_t* AMediaCodec_getInputBuffer(AMediaCodec* codec, size_t index, size_t* capacity) {
+    return With<uint8_t*>(codec, nullptr,
+                          [=](Codec& object) { return object.InputData(index, capacity); });
 }
 
-media_status_t AMediaCodec_queueInputBuffer(AMediaCodec* handle, size_t index, off_t offset,
+media_status_t AMediaCodec_queueInputBuffer(AMediaCodec* codec, size_t index, off_t offset,
                                             size_t size, uint64_t timeUs, uint32_t flags) {
-    return With(handle, [=](Codec& codec) {
-        return codec.QueueInput(index, static_cast<size_t>(offset), size,
-                                static_cast<int64_t>(timeUs), flags);
+    return With(codec, [=](Codec& object) {
+        return object.QueueInput(index, static_cast<size_t>(offset), size,
+                                 static_cast<int64_t>(timeUs), flags);
     });
 }
 
-ssize_t AMediaCodec_dequeueOutputBuffer(AMediaCodec* handle, AMediaCodecBufferInfo* info,
+ssize_t AMediaCodec_dequeueOutputBuffer(AMediaCodec* codec, AMediaCodecBufferInfo* info,
                                         int64_t timeoutUs) {
     if (info == nullptr) {
         return AMEDIA_ERROR_INVALID_PARAMETER;
     }
-    return With<ssize_t>(handle, AMEDIA_ERROR_INVALID_OBJECT,
-                         [=](Codec& codec) { return codec.DequeueOutput(info, timeoutUs); });
+    return With<ssize_t>(codec, AMEDIA_ERROR_INVALID_OBJECT,
+                         [=](Codec& object) { return object.DequeueOutput(info, timeoutUs); });
 }
 
-uint8_t* AMediaCodec_getOutputBuffer(AMediaCodec* handle, size_t index, size_t* size) {
-    return With<uint8_t*>(handle, nullptr,
-                          [=](Codec& codec) { return codec.OutputData(index, size); });
+uint8_t* AMediaCodec_getOutputBuffer(AMediaCodec* codec, size_t index, size_t* size) {
+    return With<uint8_t*>(codec, nullptr,
+                          [=](Codec& object) { return object.OutputData(index, size); });
 }
 
-AMediaFormat* AMediaCodec_getOutputFormat(AMediaCodec* handle) {
-    return With<AMediaFormat*>(handle, nullptr, [](Codec& codec) {
-        const auto format = codec.OutputFormat();
+AMediaFormat* AMediaCodec_getOutputFormat(AMediaCodec* codec) {
+    return With<AMediaFormat*>(codec, nullptr, [](Codec& object) {
+        const auto format = object.OutputFormat();
         return format ? Describe(*format) : nullptr;
     });
 }
 
-media_status_t AMediaCodec_releaseOutputBuffer(AMediaCodec* handle, size_t index, bool render) {
-    return With(handle,
-                [=](Codec& codec) { return codec.ReleaseOutput(index, render, std::nullopt); });
+media_status_t AMediaCodec_releaseOutputBuffer(AMediaCodec* codec, size_t index, bool render) {
+    return With(codec,
+                [=](Codec& object) { return object.ReleaseOutput(index, render, std::nullopt); });
 }
 
-media_status_t AMediaCodec_releaseOutputBufferAtTime(AMediaCodec* handle, size_t index,
+media_status_t AMediaCodec_releaseOutputBufferAtTime(AMediaCodec* codec, size_t index,
                                                      int64_t timestampNs) {
-    return With(handle,
-                [=](Codec& codec) { return codec.ReleaseOutput(index, true, timestampNs); });
+    return With(codec,
+                [=](Codec& object) { return object.ReleaseOutput(index, true, timestampNs); });
 }
 
 }  // extern "C"

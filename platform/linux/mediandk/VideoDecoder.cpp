@@ -37,14 +37,14 @@ AVCodecID VideoDecoder::CodecOf(const std::string& mimeType) {
     return mimeType == "video/mjpeg" ? AV_CODEC_ID_MJPEG : AV_CODEC_ID_NONE;
 }
 
-VideoDecoder::VideoDecoder(AVCodecID id, const std::vector<uint8_t>& parameterSets)
+VideoDecoder::VideoDecoder(AVCodecID codec, const std::vector<uint8_t>& parameterSets)
     : packet_(av_packet_alloc()) {
-    const AVCodec* codec = avcodec_find_decoder(id);
-    if (codec == nullptr) {
+    const AVCodec* implementation = avcodec_find_decoder(codec);
+    if (implementation == nullptr) {
         return;
     }
-    av::CodecContext context = NewContext(codec, parameterSets);
-    if (avcodec_open2(context.get(), codec, nullptr) == 0) {
+    av::CodecContext context = NewContext(implementation, parameterSets);
+    if (avcodec_open2(context.get(), implementation, nullptr) == 0) {
         context_ = std::move(context);
     }
 }

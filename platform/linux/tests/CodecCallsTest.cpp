@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "CodecClient.h"
+#include "TestWindow.h"
 
 namespace {
 
@@ -107,7 +108,10 @@ TEST(CodecCalls, FollowTheStates) {
 TEST(CodecCalls, EndWithErrorsWhenAnotherThreadStopsAndDeletes) {
     const auto units = Encode(FlatStream(), 20);
     for (const bool stopFirst : {true, false}) {
-        auto client = std::make_unique<CodecClient>(CodecClient::Setup());
+        const TestWindow target;
+        CodecClient::Setup setup;
+        setup.window = target.window;
+        auto client = std::make_unique<CodecClient>(setup);
         AMediaCodec* codec = client->Get();
         std::atomic<int> taken{0};
         std::thread consumer([&] {

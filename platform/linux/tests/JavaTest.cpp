@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdarg>
 
 namespace {
 
@@ -50,23 +49,6 @@ std::string java::TakeException(JNIEnv* env) {
     std::string result = text;
     env->ReleaseStringUTFChars(name, text);
     return result;
-}
-
-JavaObject::JavaObject(const char* className, const char* signature, ...) {
-    JNIEnv* env = java::Env();
-    jclass type = env->FindClass(className);
-    if (type == nullptr) {
-        env->ExceptionDescribe();
-        return;
-    }
-    va_list arguments;
-    va_start(arguments, signature);
-    jobject local = env->NewObjectV(type, env->GetMethodID(type, "<init>", signature), arguments);
-    va_end(arguments);
-    // The exception of a constructor stays pending, for the test.
-    if (env->ExceptionCheck() == JNI_FALSE) {
-        object_ = env->NewGlobalRef(local);
-    }
 }
 
 jmethodID JavaObject::Method(JNIEnv* env, const char* name, const char* signature) const {

@@ -19,7 +19,17 @@ std::string TakeException(JNIEnv* env);
 /// A Java object, held by a global reference.
 class JavaObject {
 public:
-    JavaObject(const char* className, const char* signature, ...);
+    /// What the constructor throws stays pending.
+    template <class... Arguments>
+    JavaObject(const char* className, const char* signature, Arguments... arguments) {
+        JNIEnv* env = java::Env();
+        jclass type = env->FindClass(className);
+        jmethodID constructor = env->GetMethodID(type, "<init>", signature);
+        jobject local = env->NewObject(type, constructor, arguments...);
+        if (env->ExceptionCheck() == JNI_FALSE) {
+            object_ = env->NewGlobalRef(local);
+        }
+    }
     ~JavaObject() { java::Env()->DeleteGlobalRef(object_); }
     JavaObject(const JavaObject&) = delete;
     JavaObject& operator=(const JavaObject&) = delete;

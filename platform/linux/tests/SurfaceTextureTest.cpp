@@ -119,6 +119,16 @@ TEST_F(SurfaceTexture, ShowsTheNewestPictureFirstRowFirst) {
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
+TEST_F(SurfaceTexture, KeepsItsPictureWhereTheNextIsTooLarge) {
+    Post(window, 4, 4, Pattern(4, 4, 0), 0);
+    EXPECT_EQ(texture->Call("updateTexImage"), "");
+    const int tooWide = Get(GL_MAX_TEXTURE_SIZE) + 1;
+    Post(window, tooWide, 1, Pattern(tooWide, 1, 1), 0);
+    EXPECT_EQ(texture->Call("updateTexImage"), "java.lang.RuntimeException");
+    EXPECT_EQ(ReadExternal(name, 4, 4), Pattern(4, 4, 0));
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
 TEST_F(SurfaceTexture, LeavesAllGlStateButItsBinding) {
     constexpr std::array<GLenum, 8> kState = {
         GL_ACTIVE_TEXTURE,     GL_TEXTURE_BINDING_2D,      GL_PIXEL_UNPACK_BUFFER_BINDING,
@@ -253,8 +263,8 @@ TEST_F(SurfaceTexture, ShowsDecodedPictures) {
     EXPECT_EQ(texture->Call("updateTexImage"), "");
     EXPECT_EQ(texture->CallLong("getTimestamp"), 9 * kFrameTimeUs * 1000);
     const Pixels pixels = ReadExternal(name, stream.width, stream.height);
-    EXPECT_NEAR(pixels.front(), (20 + 9 - 16) * 255 / 219, 2);
-    EXPECT_NEAR(pixels[pixels.size() - 4], (200 + 9 - 16) * 255 / 219, 2);
+    EXPECT_NEAR(pixels.front(), (20 + 9 - 16) * 255.0 / 219, 2);
+    EXPECT_NEAR(pixels[pixels.size() - 4], (200 + 9 - 16) * 255.0 / 219, 2);
 }
 
 }  // namespace

@@ -1,34 +1,23 @@
 #include <gtest/gtest.h>
-#include <system/window.h>
 
 #include <array>
+#include <cmath>
 #include <set>
 #include <string>
 
 #include "CodecClient.h"
-#include "android/NativeWindow.h"
+#include "TestWindow.h"
 
 namespace {
 
 using Rgb = std::array<double, 3>;
 
-/// A window without the Java objects around it, and the consumer's end of it.
-struct TestWindow {
-    std::shared_ptr<FrameQueue> queue = std::make_shared<FrameQueue>();
-    ANativeWindow* window = new ANativeWindow(queue);
-
-    TestWindow() = default;
-    ~TestWindow() { ANativeWindow_release(window); }
-    TestWindow(const TestWindow&) = delete;
-    TestWindow& operator=(const TestWindow&) = delete;
-
-    void Post(uint8_t value) const {
-        ANativeWindow_Buffer buffer;
-        ASSERT_EQ(ANativeWindow_lock(window, &buffer, nullptr), 0);
-        *static_cast<uint8_t*>(buffer.bits) = value;
-        ASSERT_EQ(ANativeWindow_unlockAndPost(window), 0);
-    }
-};
+void Post(const TestWindow& target, uint8_t value) {
+    ANativeWindow_Buffer buffer;
+    ASSERT_EQ(ANativeWindow_lock(target.window, &buffer, nullptr), 0);
+    *static_cast<uint8_t*>(buffer.bits) = value;
+    ASSERT_EQ(ANativeWindow_unlockAndPost(target.window), 0);
+}
 
 // Luma weights of red and blue.
 constexpr double kRed601 = 0.299;
@@ -43,7 +32,7 @@ Yuv ToYuv(const Rgb& rgb, AVColorSpace colours, AVColorRange range) {
     const double u = (rgb[2] - y) / (2 * (1 - blue));
     const double v = (rgb[0] - y) / (2 * (1 - red));
     const bool full = range == AVCOL_RANGE_JPEG;
-    const auto round = [](double value) { return static_cast<uint8_t>(value + 0.5); };
+    const auto round = [](double value) { return static_cast<uint8_t>(std::lround(value)); };
     return {round(full ? y : 16 + y * 219 / 255), round(128 + u * (full ? 1 : 224.0 / 255)),
             round(128 + v * (full ? 1 : 224.0 / 255))};
 }
@@ -132,7 +121,7 @@ TEST(Window, KeepsTheNewestFrameInLittleMemory) {
     ASSERT_EQ(ANativeWindow_setBuffersGeometry(target.window, 8, 4, WINDOW_FORMAT_RGBA_8888), 0);
     std::set<uint8_t*> memory;
     for (uint8_t value = 0; value < 50; ++value) {
-        target.Post(value);
+        Post(target, value);
         if (value % 3 == 0) {
             auto frame = target.queue->Acquire();
             ASSERT_NE(frame, nullptr);

@@ -56,7 +56,8 @@ media_status_t AMediaCodec_configure(AMediaCodec* codec, const AMediaFormat* for
 media_status_t AMediaCodec_start(AMediaCodec* codec);
 media_status_t AMediaCodec_stop(AMediaCodec* codec);
 
-/// Forgets all input and output under way, buffers held by the caller included.
+/// Forgets all input and output under way, buffers held by the caller included. Waits of other
+/// threads end with an error.
 media_status_t AMediaCodec_flush(AMediaCodec* codec);
 
 ssize_t AMediaCodec_dequeueInputBuffer(AMediaCodec* codec, int64_t timeoutUs);
