@@ -22,7 +22,8 @@ public:
     bool IsOpen() const { return context_ != nullptr; }
 
     /// Logs and skips what cannot be decoded.
-    void Decode(const InputUnit& unit, const Sink& sink);
+    /// \param patient hold pictures back as long as the stream may demand, not as long as it says.
+    void Decode(const InputUnit& unit, bool patient, const Sink& sink);
 
     /// Hands out the pictures held back for their order.
     void Drain(const Sink& sink);
