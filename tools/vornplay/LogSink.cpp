@@ -43,4 +43,12 @@ extern "C" int __android_log_vprint(int priority, const char* tag, const char* f
     return __android_log_write(priority, tag, text.data());
 }
 
+extern "C" int __android_log_print(int priority, const char* tag, const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    const int result = __android_log_vprint(priority, tag, format, args);
+    va_end(args);
+    return result;
+}
+
 // NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)

@@ -39,7 +39,7 @@ void DecodeSession::Run() {
 void DecodeSession::DecodeUnit(const InputUnit& unit) {
     const auto push = [this](Picture picture) { return output_.Push(std::move(picture)); };
     if (unit.size > 0) {
-        decoder_->Decode(unit, flow_->IsLockStep(), push);
+        decoder_->Decode(unit, flow_->ReorderDepth(), push);
     }
     if ((unit.flags & AMEDIACODEC_BUFFER_FLAG_END_OF_STREAM) != 0) {
         decoder_->Drain(push);

@@ -58,11 +58,6 @@ void FrameFlow::SetLockStep(bool on) {
     changed_.notify_all();
 }
 
-bool FrameFlow::IsLockStep() {
-    const std::lock_guard<std::mutex> lock(mutex_);
-    return lockStep_;
-}
-
 HostResult FrameFlow::Wait(int64_t seen, int64_t timeoutUs, HostFrames* frames) {
     std::unique_lock<std::mutex> lock(mutex_);
     const auto done = [this, seen] { return frames_.delivered > seen || ended_ || !open_; };

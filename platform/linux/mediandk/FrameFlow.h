@@ -2,11 +2,12 @@
 
 #include <linux_platform/Host.h>
 
+#include <atomic>
 #include <condition_variable>
 #include <mutex>
 
 /// Counts the pictures on their way from a codec to its window, and in lock-step lets one at a time
-/// pass. Thread-safe.
+/// pass; keeps what the host has to say. Thread-safe.
 class FrameFlow {
 public:
     /// \name The codec's side
@@ -14,6 +15,9 @@ public:
     void Open();
     /// Ends all waits.
     void Close();
+
+    /// How many pictures to hold back at least.
+    int ReorderDepth() const { return reorderDepth_; }
 
     /// Waits until the next picture may be dequeued, and takes the turn: it lasts until the picture
     /// is latched, or EndTurn(). \return false when out of time.
@@ -31,11 +35,12 @@ public:
     /// \name The host's side
     /// \{
     void SetLockStep(bool on);
-    bool IsLockStep();
+    void SetReorderDepth(int pictures) { reorderDepth_ = pictures; }
     HostResult Wait(int64_t seen, int64_t timeoutUs, HostFrames* frames);
     /// \}
 
 private:
+    std::atomic<int> reorderDepth_{0};
     std::mutex mutex_;
     std::condition_variable changed_;
     HostFrames frames_ = {0, 0, -1};

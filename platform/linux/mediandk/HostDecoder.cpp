@@ -39,6 +39,10 @@ void HostDecoder_setLockStep(HostDecoder* decoder, int on) {
     decoder->codec->Flow().SetLockStep(on != 0);
 }
 
+void HostDecoder_setReorderDepth(HostDecoder* decoder, int pictures) {
+    decoder->codec->Flow().SetReorderDepth(pictures);
+}
+
 size_t HostDecoder_inputCapacity(HostDecoder* decoder) {
     return decoder->codec->InputCapacity();
 }

@@ -1,5 +1,6 @@
 #include "VideoDecoder.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "MediaLog.h"
@@ -49,9 +50,8 @@ VideoDecoder::VideoDecoder(AVCodecID codec, const std::vector<uint8_t>& paramete
     }
 }
 
-void VideoDecoder::Decode(const InputUnit& unit, bool patient, const Sink& sink) {
-    // What libavcodec calls strict is to expect as much reordering as the stream's level allows.
-    context_->strict_std_compliance = patient ? FF_COMPLIANCE_STRICT : FF_COMPLIANCE_NORMAL;
+void VideoDecoder::Decode(const InputUnit& unit, int reorderDepth, const Sink& sink) {
+    context_->has_b_frames = std::max(context_->has_b_frames, reorderDepth);
     context_->reordered_opaque = unit.number;  // Comes out with the unit's picture.
     packet_->buf = av_buffer_ref(unit.storage->get());
     packet_->data = const_cast<uint8_t*>(unit.data);

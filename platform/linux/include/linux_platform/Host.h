@@ -70,15 +70,15 @@ HostDecoder* HostDecoder_acquire(void);
 /// Null is allowed. The decoder itself goes on.
 void HostDecoder_release(HostDecoder* decoder);
 
-/// Switches lock-step on or off. While it is on
-/// - AMediaCodec_dequeueOutputBuffer gives the next picture after the one before was latched, or
-/// was
-///   released without rendering; till then it waits, and times out, as if there were none;
-/// - H.264 pictures are held back as long as their order may demand, even where the stream does not
-///   say for how long: none is lost for having come too late.
-///
-/// To be called before the first unit is queued.
+/// Switches lock-step on or off. While it is on, AMediaCodec_dequeueOutputBuffer gives the next
+/// picture after the one before was latched, or was released without rendering; till then it waits,
+/// and times out, as if there were none.
 void HostDecoder_setLockStep(HostDecoder* decoder, int on);
+
+/// Tells how many pictures may come later than ones that are shown after them, as containers know.
+/// Where a stream does not say, its decoder has to find out, and loses pictures that came too late
+/// for their place. To be called before the first unit is queued.
+void HostDecoder_setReorderDepth(HostDecoder* decoder, int pictures);
 
 /// Bytes that one unit may have; 0 where the decoder is not started.
 size_t HostDecoder_inputCapacity(HostDecoder* decoder);
