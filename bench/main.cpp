@@ -42,7 +42,7 @@ int main(int argc, char** argv) {
     try {
         benchmark::RunSpecifiedBenchmarks(asMarkdown ? &markdown : nullptr);
     } catch (const std::exception& error) {
-        std::cerr << "vornbench: " << error.what() << "\n";
+        std::cerr << argv[0] << ": " << error.what() << "\n";
         return 1;
     }
     return 0;

@@ -13,6 +13,8 @@ target_compile_options(vorn_options INTERFACE
 
 if(VORN_SANITIZE)
   target_compile_options(vorn_options INTERFACE
-    -fsanitize=${VORN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    -fsanitize=${VORN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
+    # GCC warns of the standard library's own code when the address sanitizer is on.
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(vorn_options INTERFACE -fsanitize=${VORN_SANITIZE})
 endif()

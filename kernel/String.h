@@ -1,22 +1,113 @@
 #pragma once
 
-#include "kernel/Array.h"
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+#include "kernel/Export.h"
+#include "kernel/UTF8Util.h"
 
 namespace OVR {
 
-/// A NUL-terminated UTF-8 text in memory of the kernel's allocator.
-class String {
+/// A UTF-8 text. Copies share one block of the kernel's allocator and an edit copies it first where
+/// it is shared; the empty text has none.
+///
+/// Positions and lengths count characters, sizes count bytes. Any bytes are kept as they come; as
+/// characters they read as UTF8Util describes. Positions behind the end mean the end. Text handed
+/// in may be part of the string itself. Throws std::bad_alloc when the allocator has no memory.
+///
+/// \thread copies that share may be used, edited and destroyed on different threads at once; one
+///         object by one thread at a time.
+class OVR_EXPORT String {
 public:
-    String() { Append(""); }
+    /// Walks the characters; good until the string is edited or destroyed.
+    class Iterator {
+    public:
+        using iterator_category = std::input_iterator_tag;
+        using value_type = uint32_t;
+        using difference_type = std::ptrdiff_t;
+        using pointer = const uint32_t*;
+        using reference = uint32_t;
 
-    void Append(const char* text);
+        Iterator(const char* cursor, const char* end) : cursor_(cursor), end_(end) {}
 
-    /// Bytes, without the NUL.
-    uint32_t GetSize() const { return bytes_.Size - 1; }
-    const char* ToCStr() const { return bytes_.Data; }
+        uint32_t operator*() const {
+            const char* cursor = cursor_;
+            return UTF8Util::DecodeNextChar(cursor, end_);
+        }
+        Iterator& operator++() {
+            UTF8Util::DecodeNextChar(cursor_, end_);
+            return *this;
+        }
+        bool operator==(const Iterator& other) const { return cursor_ == other.cursor_; }
+        bool operator!=(const Iterator& other) const { return cursor_ != other.cursor_; }
+
+    private:
+        const char* cursor_;
+        const char* end_;
+    };
+
+    static constexpr size_t kNotFound = SIZE_MAX;
+
+    String() noexcept = default;
+    String(std::string_view utf8) { Append(utf8); }
+    String(const char* utf8) : String(std::string_view(utf8)) {}
+    String(const char* utf8, size_t size) : String(std::string_view(utf8, size)) {}
+    explicit String(std::wstring_view wide);
+    ~String();
+
+    String(const String& other) noexcept;
+    String(String&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
+    String& operator=(String other) noexcept {
+        std::swap(block_, other.block_);
+        return *this;
+    }
+
+    /// Bytes, without the NUL behind the text.
+    size_t GetSize() const { return View().size(); }
+    size_t GetLength() const { return UTF8Util::GetLength(View()); }
+    bool IsEmpty() const { return block_ == nullptr; }
+    /// Never null; NUL-terminated.
+    const char* ToCStr() const { return View().data(); }
+    std::string_view View() const;
+    operator std::string_view() const { return View(); }
+
+    /// The character at \p position; 0 behind the end.
+    uint32_t GetCharAt(size_t position) const;
+    Iterator begin() const { return {View().data(), View().data() + View().size()}; }
+    Iterator end() const { return {View().data() + View().size(), View().data() + View().size()}; }
+
+    void Append(std::string_view utf8);
+    void Append(const char* utf8) { Append(std::string_view(utf8)); }
+    void AppendChar(uint32_t ch);
+    void Insert(size_t position, std::string_view utf8);
+    void Remove(size_t position, size_t length = 1);
+    void Clear() { *this = String(); }
+    String Substring(size_t position, size_t length = kNotFound) const;
+
+    /// Less than, equal to or greater than 0, in the order of code points.
+    int Compare(std::string_view other) const { return View().compare(other); }
+    /// As Compare, A to Z counting as a to z.
+    int CompareNoCase(std::string_view other) const;
+    bool operator==(std::string_view other) const { return View() == other; }
+    bool operator!=(std::string_view other) const { return View() != other; }
+    bool operator<(std::string_view other) const { return View() < other; }
+
+    /// Where \p utf8 first stands, at \p from or behind; kNotFound when nowhere.
+    size_t Find(std::string_view utf8, size_t from = 0) const;
+
+    /// The same for the same bytes, in every process and on every processor.
+    uint32_t GetHash() const;
 
 private:
-    Array<char> bytes_;
+    struct Block;
+
+    bool HasOwnRoomFor(size_t size) const;
+    void Replace(size_t offset, size_t removed, std::string_view inserted);
+
+    Block* block_ = nullptr;
 };
 
 }  // namespace OVR

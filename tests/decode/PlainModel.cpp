@@ -70,7 +70,7 @@ double PlainModel::Psnr(const AVFrame& frame, const Image& drawn) const {
         const Place& row = rows[static_cast<size_t>(y)];
         const Colour* upper = &source[static_cast<size_t>(row.texel * frame.width)];
         const Colour* lower = upper + frame.width;
-        const uint8_t* got = drawn.Row(y);
+        const uint8_t* got = drawn.At(0, y);
         for (const Place& column : columns) {
             for (size_t c = 0; c < 3; ++c) {
                 const auto at = [&](const Colour* line) {

@@ -120,8 +120,8 @@ TEST_F(DecodeState, ChangesOnlyWhatTheHeaderLists) {
     glFramebufferTexture2D(GL_READ_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture_, 0);
     glReadPixels(0, 0, 320, 240, GL_RGBA, GL_UNSIGNED_BYTE, image.pixels.data());
     const int grey = (30 + 37 * 2 - 16) * 255 / 219;
-    EXPECT_NEAR(image.Row(200)[4 * 300], grey, 2);
-    EXPECT_NEAR(image.Row(239)[4 * 319], grey, 2);
+    EXPECT_NEAR(image.At(300, 200)[0], grey, 2);
+    EXPECT_NEAR(image.At(319, 239)[0], grey, 2);
 }
 
 TEST_F(DecodeState, EndsWhileTheDecoderHasMoreToGive) {

@@ -94,7 +94,7 @@ TEST_F(DecodeTest, MeetsEachFrameWithItsMask) {
                       [&] { return masks.at(next++).data(); });
     for (size_t i = 0; i < kPictures - 3; ++i) {
         ASSERT_TRUE(player.DrawNext({}, false));
-        const uint8_t* pixel = player.Target().ReadBack().Row(200) + 4 * 250;
+        const uint8_t* pixel = player.Target().ReadBack().At(250, 200);
         if (i % 3 == 0) {
             EXPECT_NEAR(pixel[0], (30 + 37 * (static_cast<int>(i) + 3) % 190 - 16) * 255 / 219, 2);
             EXPECT_EQ(pixel[3], 100 + i);

@@ -23,7 +23,11 @@ for name in 'LogWithFileTag(' 'LogWithTag(' 'GetThreadAffinityMask(' 'SetThreadA
     'GLES3::LoadGLFunctions(' 'OVR::BuildProgram(' 'OVR::GlProgram::Build(' 'OVR::GlGeometry::Create(' \
     'OVR::BuildTesselatedQuad(' 'OVR::BuildTesselatedQuadInside(' 'OVR::LogText(' \
     'OVR::Log::GetGlobalLog(' 'OVR::Allocator::pInstance' 'OVR::System::Init(' \
-    'OVR::Matrix4<float>::IdentityValue' 'OVR::Vector2<double>::ZERO'; do
+    'OVR::Matrix4<float>::IdentityValue' 'OVR::Vector2<double>::ZERO' 'OVR::BuildGlobe(' 'OVR::BuildDome(' \
+    'OVR::BuildTesselatedCylinder(' 'OVR::BuildSpherePatch(' 'OVR::BuildVignette(' \
+    'OVR::BuildUnitCubeLines(' 'OVR::BuildCalibrationLines(' 'OVR::GlProgram::SetUseMultiview(' \
+    'OVR::GlGeometry::Update(' 'OVR::Allocator::AllocAligned(' 'OVR::String::Append(' \
+    'OVR::StringBuffer::AppendFormat(' 'OVR::UTF8Util::DecodeNextChar(' 'OVR::OVR_wcscpy('; do
     grep -qF -- "$name" <<<"$demangled" || fail "$name is not exported"
 done
 

@@ -12,7 +12,7 @@
 
 Pixel At(const Image& image, int x, int y) {
     Pixel pixel{};
-    std::copy_n(image.Row(y) + x * Image::kChannels, pixel.size(), pixel.begin());
+    std::copy_n(image.At(x, y), pixel.size(), pixel.begin());
     return pixel;
 }
 

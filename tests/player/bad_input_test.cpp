@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <fstream>
+#include <iterator>
 
 #include "PlayerFixture.h"
 
@@ -58,4 +59,40 @@ TEST_F(PlayerTest, WithoutAGlContextItSaysSo) {
     const RunResult result = Run("__EGL_VENDOR_LIBRARY_FILENAMES=/dev/null " VORNPLAY, "in.png");
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.errors.rfind("vornplay: no EGL", 0), 0U) << result.errors;
+}
+
+namespace {
+
+/// Makes the type of one picture of an H.264 file wrong, so that the decoder drops it without an
+/// error.
+void DisguisePicture(const std::string& path, int number) {
+    std::ifstream file(path, std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    constexpr size_t kLengthSize = 4;
+    size_t unit = bytes.find("mdat") + kLengthSize;
+    for (int pictures = 0; pictures < number;) {
+        const int type = bytes.at(unit + kLengthSize) & 31;
+        pictures += type == 1 || type == 5 ? 1 : 0;
+        if (pictures == number) {
+            bytes[unit + kLengthSize] = 0x65;  // A key picture, which it is not.
+        }
+        size_t length = 0;
+        for (size_t i = 0; i < kLengthSize; ++i) {
+            length = length << 8U | static_cast<uint8_t>(bytes.at(unit + i));
+        }
+        unit += kLengthSize + length;
+    }
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+}  // namespace
+
+TEST_F(PlayerTest, CountsPicturesThatTheDecoderDropsInSilence) {
+    WriteClip("clip", 12, {64, 48});
+    PlayWell("clip/%04d.png --out clip.mp4");
+    DisguisePicture(Path("clip.mp4"), 8);
+    const RunResult result = Play("clip.mp4");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.errors.find("clip.mp4 is broken: 1 frames lost"), std::string::npos)
+        << result.errors;
 }

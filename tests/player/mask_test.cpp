@@ -8,8 +8,9 @@ constexpr Size kClipSize = {8, 4};
 
 Image MaskOf(const std::array<Pixel, 4>& pixels) {
     Image mask(kMaskSize);
-    for (size_t i = 0; i < pixels.size(); ++i) {
-        std::copy(pixels[i].begin(), pixels[i].end(), mask.pixels.begin() + 4 * i);
+    int x = 0;
+    for (const Pixel& pixel : pixels) {
+        std::copy(pixel.begin(), pixel.end(), mask.At(x++, 0));
     }
     return mask;
 }

@@ -49,14 +49,14 @@ TEST_F(PlayerTest, Mp4HoldsEveryFrameInItsColours) {
     // The start is found also where it is no key frame.
     PlayWell("out.mp4 --start 0.2 --frames 1 --out sixth.png");
     const Image sixth = Read("sixth.png");
-    EXPECT_TRUE(Near(sixth.Row(8), FrameColour(6)));
+    EXPECT_TRUE(Near(sixth.At(0, 8), FrameColour(6)));
 }
 
 TEST_F(PlayerTest, Mp4ShowsTheBackdropThroughTransparentParts) {
     WriteImage("in.png", Solid({64, 64}, {200, 100, 0, 51}));
     PlayWell("in.png --backdrop '#0064c8' --out plain.mp4");
     PlayWell("plain.mp4 --out plain.png");
-    EXPECT_TRUE(Near(Read("plain.png").Row(32), {40, 100, 160, 255}));
+    EXPECT_TRUE(Near(Read("plain.png").At(0, 32), {40, 100, 160, 255}));
     PlayWell("in.png --out checker.mp4");
     PlayWell("checker.mp4 --fit --out checker.png");
     const Image checker = Read("checker.png");

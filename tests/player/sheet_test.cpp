@@ -24,7 +24,7 @@ TEST_F(PlayerTest, MotionMaskMarksWhatMoves) {
     for (int i = 0; i < 8; ++i) {
         Image frame = still;
         for (int y = 100; y < 140; ++y) {
-            std::fill_n(frame.Row(y) + 4 * (i * 40), 4 * 40, i % 2 == 0 ? 255 : 0);
+            std::fill_n(frame.At(i * 40, y), 4 * 40, i % 2 == 0 ? 255 : 0);
         }
         WriteImage("in/" + std::to_string(i) + ".png", frame);
     }

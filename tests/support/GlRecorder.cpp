@@ -1,6 +1,7 @@
 #include "support/GlRecorder.h"
 
 #include <cstring>
+#include <initializer_list>
 #include <utility>
 
 namespace {
@@ -31,6 +32,23 @@ struct Hook<Slot, Result (*)(Args...)> {
 };
 
 }  // namespace
+
+CallArgument::CallArgument(const char* text) : text_('"' + std::string(text) + '"') {}
+
+CallArgument::CallArgument(const void* pointer) {
+    const auto value = reinterpret_cast<uintptr_t>(pointer);
+    text_ = value < 0x10000 ? std::to_string(value) : "address";
+}
+
+std::string JoinCall(const char* name, std::initializer_list<CallArgument> arguments) {
+    std::string call = name;
+    char separator = '(';
+    for (const CallArgument& argument : arguments) {
+        call += separator + argument.text();
+        separator = ',';
+    }
+    return call + (arguments.size() == 0 ? "()" : ")");
+}
 
 GlRecorder::GlRecorder() {
     calls.clear();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <sstream>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -21,40 +20,26 @@ public:
     static std::vector<std::string> take();
 };
 
-namespace GlRecorderDetail {
+/// An argument of a call as text: numbers by value, names in quotes, small pointers as the offsets
+/// that they are, and "address" for the others.
+class CallArgument {
+public:
+    template <typename T, typename = std::enable_if_t<std::is_arithmetic<T>::value>>
+    CallArgument(T value) : text_(std::to_string(value)) {}
+    CallArgument(const char* text);
+    CallArgument(const void* pointer);
+    CallArgument(std::nullptr_t) : text_("0") {}
 
-inline void Write(std::ostream& out, const char* text) {
-    out << '"' << text << '"';
-}
+    const std::string& text() const { return text_; }
 
-/// Offsets into buffers by value; addresses only as such.
-inline void Write(std::ostream& out, const void* pointer) {
-    const auto value = reinterpret_cast<uintptr_t>(pointer);
-    if (value < 0x10000) {
-        out << value;
-    } else {
-        out << "address";
-    }
-}
+private:
+    std::string text_;
+};
 
-inline void Write(std::ostream& out, std::nullptr_t) {
-    out << 0;
-}
-
-template <typename T>
-std::enable_if_t<std::is_arithmetic<T>::value> Write(std::ostream& out, T value) {
-    out << +value;
-}
-
-}  // namespace GlRecorderDetail
+std::string JoinCall(const char* name, std::initializer_list<CallArgument> arguments);
 
 /// A call as text: Call("glBindBuffer", GL_ARRAY_BUFFER, 3) gives "glBindBuffer(34962,3)".
 template <typename... Args>
 std::string Call(const char* name, Args... args) {
-    std::ostringstream out;
-    out << name << '(';
-    [[maybe_unused]] const char* separator = "";
-    ((out << separator, GlRecorderDetail::Write(out, args), separator = ","), ...);
-    out << ')';
-    return out.str();
+    return JoinCall(name, {CallArgument(args)...});
 }

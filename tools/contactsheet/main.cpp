@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "BitmapFont.h"
 #include "support/Backdrop.h"
+#include "support/BitmapFont.h"
 #include "support/CommandLine.h"
 #include "support/FrameConverter.h"
 #include "support/Image.h"
@@ -46,7 +46,7 @@ void DrawPicture(Image& sheet, int left, int top, const Image& picture) {
     Backdrop().Flatten(picture, rgb.data());
     const uint8_t* from = rgb.data();
     for (int y = 0; y < size.height; ++y) {
-        uint8_t* to = sheet.Row(top + y) + left * Image::kChannels;
+        uint8_t* to = sheet.At(left, top + y);
         for (int x = 0; x < size.width; ++x, from += 3, to += Image::kChannels) {
             std::copy_n(from, 3, to);
         }

@@ -19,7 +19,7 @@ Rgb Backdrop::At(int x, int y) const {
 
 void Backdrop::Flatten(const Image& image, uint8_t* rgb) const {
     for (int y = 0; y < image.size.height; ++y) {
-        const uint8_t* pixel = image.Row(y);
+        const uint8_t* pixel = image.At(0, y);
         for (int x = 0; x < image.size.width; ++x, pixel += Image::kChannels) {
             const Rgb under = At(x, y);
             for (size_t channel = 0; channel < under.size(); ++channel) {

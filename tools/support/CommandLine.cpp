@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <iostream>
 #include <new>
 
 #include "support/ToolError.h"
@@ -16,9 +17,9 @@ int RunTool(const char* name, const std::function<int()>& body) {
     try {
         return body();
     } catch (const std::bad_alloc&) {
-        std::fprintf(stderr, "%s: out of memory\n", name);
+        std::cerr << name << ": out of memory\n";
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s: %s\n", name, error.what());
+        std::cerr << name << ": " << error.what() << '\n';
     }
     return kExitBadInput;
 }

@@ -19,13 +19,15 @@ struct Image {
           pixels(static_cast<size_t>(imageSize.width) * static_cast<size_t>(imageSize.height) *
                  kChannels) {}
 
-    uint8_t* Row(int y) {
-        return &pixels[static_cast<size_t>(y) * static_cast<size_t>(size.width) * kChannels];
-    }
-    const uint8_t* Row(int y) const {
-        return &pixels[static_cast<size_t>(y) * static_cast<size_t>(size.width) * kChannels];
-    }
+    uint8_t* At(int x, int y) { return &pixels[Offset(x, y)]; }
+    const uint8_t* At(int x, int y) const { return &pixels[Offset(x, y)]; }
 
     Size size;
     std::vector<uint8_t> pixels;
+
+private:
+    size_t Offset(int x, int y) const {
+        const auto row = static_cast<size_t>(y) * static_cast<size_t>(size.width);
+        return (row + static_cast<size_t>(x)) * kChannels;
+    }
 };

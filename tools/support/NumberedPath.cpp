@@ -2,24 +2,35 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <regex>
 #include <system_error>
 
 #include "support/ToolError.h"
+
+namespace {
+
+/// What may stand between '%' and 'd': nothing, or a zero and a digit.
+bool ParseWidth(const std::string& text, size_t& digits) {
+    const bool padded = text.size() == 2 && text[0] == '0' && text[1] >= '1' && text[1] <= '9';
+    digits = padded ? static_cast<size_t>(text[1] - '0') : 1;
+    return padded || text.empty();
+}
+
+}  // namespace
 
 bool NumberedPath::IsPattern(const std::string& path) {
     return path.find('%') != std::string::npos;
 }
 
 NumberedPath::NumberedPath(const std::string& pattern) {
-    static const std::regex kNumbered("([^%]*)%(0([1-9]))?d([^%]*)");
-    std::smatch parts;
-    if (!std::regex_match(pattern, parts, kNumbered)) {
+    const size_t percent = pattern.find('%');
+    const size_t letter = pattern.find('d', percent);
+    if (percent == std::string::npos || letter == std::string::npos ||
+        pattern.find('%', letter) != std::string::npos ||
+        !ParseWidth(pattern.substr(percent + 1, letter - percent - 1), digits_)) {
         throw ToolError(pattern + ": not a numbered name like dir/%04d.png");
     }
-    before_ = parts[1];
-    after_ = parts[4];
-    digits_ = parts[3].matched ? static_cast<size_t>(std::stoi(parts[3])) : 1;
+    before_ = pattern.substr(0, percent);
+    after_ = pattern.substr(letter + 1);
 }
 
 std::string NumberedPath::At(int number) const {

@@ -60,6 +60,10 @@ int64_t VideoFile::FirstTick() const {
     return stream_->start_time == AV_NOPTS_VALUE ? 0 : stream_->start_time;
 }
 
+int64_t VideoFile::StartTime() const {
+    return FirstTick() + static_cast<int64_t>(startSeconds_ / av_q2d(stream_->time_base));
+}
+
 AVRational VideoFile::FrameRate() const {
     constexpr AVRational kDefault = {25, 1};
     const AVRational rate = av_guess_frame_rate(input_.get(), stream_, nullptr);
@@ -68,7 +72,7 @@ AVRational VideoFile::FrameRate() const {
 
 int64_t VideoFile::ExpectedFrames() const {
     const double rate = av_q2d(FrameRate());
-    double frames = static_cast<double>(stream_->nb_frames);
+    auto frames = static_cast<double>(stream_->nb_frames);
     if (stream_->nb_frames <= 0 && stream_->duration != AV_NOPTS_VALUE) {
         frames = static_cast<double>(stream_->duration) * av_q2d(stream_->time_base) * rate;
     } else if (stream_->nb_frames <= 0 && input_->duration != AV_NOPTS_VALUE) {

@@ -1,5 +1,6 @@
 #include "support/VideoReader.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "support/ToolError.h"
@@ -34,6 +35,7 @@ void VideoReader::OpenDecoder() {
     }
     decoder_.reset(avcodec_alloc_context3(codec));
     decoder_->thread_count = 0;
+    owed_.emplace(codec->id);
     // Flawed pictures are shown, and counted.
     decoder_->flags |= AV_CODEC_FLAG_OUTPUT_CORRUPT;
     int result = avcodec_parameters_to_context(decoder_.get(), &file_.Codec());
@@ -60,7 +62,7 @@ const AVFrame* VideoReader::Next() {
     while (Decode()) {
         // Time stamps need not be in order; what is shown stays in one piece.
         if (!started_ && file_.IsBeforeStart(TimeOf(*frame_))) {
-            lost_ = 0;
+            failed_ = 0;
             continue;
         }
         started_ = true;
@@ -72,17 +74,28 @@ const AVFrame* VideoReader::Next() {
     return nullptr;
 }
 
+int64_t VideoReader::Lost() const {
+    // A frame that is owed may be one that the decoder gave an error for.
+    const int64_t owed = drained_ ? owed_->CountFrom(file_.StartTime()) : 0;
+    return std::max(failed_, owed) + file_.Missing();
+}
+
 /// Decodes into frame_; false at the end.
 bool VideoReader::Decode() {
     for (;;) {
         const int result = avcodec_receive_frame(decoder_.get(), frame_.get());
-        if (result == 0 || result == AVERROR_EOF) {
-            return result == 0;
+        if (result == 0) {
+            owed_->Receive(*frame_);
+            return true;
+        }
+        if (result == AVERROR_EOF) {
+            drained_ = true;
+            return false;
         }
         if (result == AVERROR(EAGAIN)) {
             Feed();
         } else {
-            ++lost_;
+            ++failed_;
         }
     }
 }
@@ -94,9 +107,10 @@ void VideoReader::Feed() {
         avcodec_send_packet(decoder_.get(), nullptr);
         return;
     }
+    owed_->Send(*packet);
     // Travels with the packet and comes out with its frame.
     decoder_->reordered_opaque = (packet->flags & AV_PKT_FLAG_CORRUPT) != 0 ? 1 : 0;
     if (avcodec_send_packet(decoder_.get(), packet) < 0) {
-        ++lost_;
+        ++failed_;
     }
 }

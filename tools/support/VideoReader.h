@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <utility>
 
+#include "support/OwedFrames.h"
 #include "support/VideoFile.h"
 
 /// Decodes the pictures of a video, of a single picture or of a numbered sequence of pictures, in
@@ -24,7 +26,7 @@ public:
     const VideoFile& File() const { return file_; }
 
     /// Frames that should have been among those read so far and could not be decoded.
-    int64_t Lost() const { return lost_ + file_.Missing(); }
+    int64_t Lost() const;
 
     /// Frames that were delivered with flaws.
     int64_t Damaged() const { return damaged_; }
@@ -39,6 +41,8 @@ private:
     LibavPtr<AVCodecContext> decoder_;
     LibavPtr<AVFrame> frame_{av_frame_alloc()};
     bool started_ = false;
-    int64_t lost_ = 0;
+    std::optional<OwedFrames> owed_;
+    bool drained_ = false;
+    int64_t failed_ = 0;  ///< Decoder errors.
     int64_t damaged_ = 0;
 };

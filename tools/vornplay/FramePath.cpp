@@ -1,13 +1,11 @@
 #include "FramePath.h"
 
-#include <array>
-#include <cstdio>
+#include <iomanip>
+#include <sstream>
 
 std::string FramePath::Summary(int64_t drawn) const {
-    std::array<char, 128> text{};
-    std::snprintf(text.data(), text.size(),
-                  "%lld frames in, %lld out, %lld failed, %.2f ms a frame",
-                  static_cast<long long>(drawn), static_cast<long long>(drawn),
-                  static_cast<long long>(Lost() + Damaged()), Target().MillisecondsPerDraw());
-    return text.data();
+    std::ostringstream text;
+    text << drawn << " frames in, " << drawn << " out, " << Lost() + Damaged() << " failed, "
+         << std::fixed << std::setprecision(2) << Target().MillisecondsPerDraw() << " ms a frame";
+    return text.str();
 }

@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cstdarg>
 #include <cstdio>
+#include <iostream>
 #include <string>
 
 namespace {
@@ -31,15 +32,16 @@ void ShowLog(bool show) {
 
 extern "C" int __android_log_write(int /*priority*/, const char* tag, const char* text) {
     if (shown) {
-        std::fprintf(stderr, "%s: %s\n", tag, Trimmed(text).c_str());
+        std::cerr << tag << ": " << Trimmed(text) << '\n';
     }
     return 1;
 }
 
-extern "C" int __android_log_vprint(int priority, const char* tag, const char* format,
-                                    va_list args) {
+extern "C" int __android_log_vprint(int priority, const char* tag, const char* fmt, va_list ap) {
     std::array<char, 1024> text{};
-    std::vsnprintf(text.data(), text.size(), format, args);
+    if (std::vsnprintf(text.data(), text.size(), fmt, ap) < 0) {
+        return -1;
+    }
     return __android_log_write(priority, tag, text.data());
 }
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <regex>
+#include <string>
 
 #include "support/ToolError.h"
 
@@ -66,11 +66,12 @@ std::pair<int, int> ParsePosition(const std::string& text) {
 }
 
 Backdrop ParseBackdrop(const std::string& text) {
-    static const std::regex kHexColour("#[0-9a-fA-F]{6}");
     if (text == "checker") {
         return {};
     }
-    if (!std::regex_match(text, kHexColour)) {
+    constexpr size_t kLength = 7;
+    const bool hex = text.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string::npos;
+    if (text.size() != kLength || text[0] != '#' || !hex) {
         throw ToolError(text + " is neither checker nor a colour #rrggbb");
     }
     const unsigned long rgb = std::stoul(text.substr(1), nullptr, 16);

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <iostream>
 #include <string_view>
 #include <utility>
 
@@ -72,7 +72,7 @@ void Refuse(const Options& options, const std::string& objection) {
         throw ToolError(options.input + ": " + objection);
     }
     if (options.verbose) {
-        std::fprintf(stderr, "vornplay: not decoded by the platform: %s\n", objection.c_str());
+        std::cerr << "vornplay: not decoded by the platform: " << objection << '\n';
     }
 }
 

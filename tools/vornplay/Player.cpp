@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <iostream>
 
 #include "PathChoice.h"
 #include "Progress.h"
@@ -21,8 +21,8 @@ bool ReportBroken(const std::string& path, int64_t lost, int64_t damaged) {
     if (lost == 0 && damaged == 0) {
         return false;
     }
-    std::fprintf(stderr, "vornplay: %s is broken: %lld frames lost, %lld damaged\n", path.c_str(),
-                 static_cast<long long>(lost), static_cast<long long>(damaged));
+    std::cerr << "vornplay: " << path << " is broken: " << lost << " frames lost, " << damaged
+              << " damaged\n";
     return true;
 }
 
@@ -111,7 +111,7 @@ int Player::Report() const {
     const bool brokenMask = mask_.has_value() && ReportBroken(options_.mask, mask_->Reader().Lost(),
                                                               mask_->Reader().Damaged());
     if (!options_.quiet) {
-        std::fprintf(stderr, "%s\n", path_->Summary(out_).c_str());
+        std::cerr << path_->Summary(out_) << '\n';
     }
     return brokenInput || brokenMask ? kExitBroken : kExitDone;
 }

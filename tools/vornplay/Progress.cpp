@@ -2,8 +2,9 @@
 
 #include <unistd.h>
 
-#include <array>
-#include <cstdio>
+#include <iomanip>
+#include <iostream>
+#include <sstream>
 
 namespace {
 
@@ -18,7 +19,7 @@ Progress::Progress(bool quiet, int64_t total)
 
 Progress::~Progress() {
     if (terminal_ && !quiet_) {
-        std::fputs(kEraseLine, stderr);
+        std::cerr << kEraseLine;
     }
 }
 
@@ -30,20 +31,24 @@ void Progress::Show(int64_t frames) {
     }
     shown_ = now;
     const std::string line = Line(frames, std::chrono::duration<double>(now - start_).count());
-    std::fprintf(stderr, "%s%s%s", terminal_ ? kEraseLine : "", line.c_str(),
-                 terminal_ ? "" : "\n");
+    if (terminal_) {
+        std::cerr << kEraseLine << line << std::flush;
+    } else {
+        std::cerr << line << '\n';
+    }
 }
 
 std::string Progress::Line(int64_t frames, double seconds) const {
     const double rate = static_cast<double>(frames) / seconds;
-    std::array<char, 128> text{};
-    if (total_ > frames && rate > 0.0) {
-        std::snprintf(text.data(), text.size(), "%lld of %lld frames, %.1f fps, %.0f s left",
-                      static_cast<long long>(frames), static_cast<long long>(total_), rate,
-                      static_cast<double>(total_ - frames) / rate);
-    } else {
-        std::snprintf(text.data(), text.size(), "%lld frames, %.1f fps",
-                      static_cast<long long>(frames), rate);
+    const bool known = total_ > frames && rate > 0.0;
+    std::ostringstream line;
+    line << std::fixed << std::setprecision(0) << frames;
+    if (known) {
+        line << " of " << total_;
     }
-    return text.data();
+    line << " frames, " << rate << " fps";
+    if (known) {
+        line << ", " << static_cast<double>(total_ - frames) / rate << " s left";
+    }
+    return line.str();
 }

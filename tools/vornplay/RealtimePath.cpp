@@ -1,8 +1,8 @@
 #include "RealtimePath.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
+#include <iomanip>
+#include <sstream>
 #include <thread>
 
 bool RealtimePath::DrawNext(const View& view, bool /*last*/) {
@@ -35,10 +35,9 @@ void RealtimePath::FeedUntil(double seconds) {
 
 std::string RealtimePath::Summary(int64_t drawn) const {
     const int64_t shown = std::min(frames_.latched, Feed().Units());
-    std::array<char, 128> text{};
-    std::snprintf(text.data(), text.size(),
-                  "%lld frames shown, %lld dropped, %.2f ms a draw of %lld",
-                  static_cast<long long>(shown), static_cast<long long>(Feed().Units() - shown),
-                  Target().MillisecondsPerDraw(), static_cast<long long>(drawn));
-    return text.data();
+    std::ostringstream text;
+    text << shown << " frames shown, " << Feed().Units() - shown << " dropped, " << drawn
+         << " draws of " << std::fixed << std::setprecision(2) << Target().MillisecondsPerDraw()
+         << " ms";
+    return text.str();
 }

@@ -9,7 +9,7 @@ void LoadSticker(const Texture& texture, const Image& sticker) {
     Image upended(sticker.size);
     const size_t rowBytes = static_cast<size_t>(sticker.size.width) * Image::kChannels;
     for (int y = 0; y < sticker.size.height; ++y) {
-        std::copy_n(sticker.Row(sticker.size.height - 1 - y), rowBytes, upended.Row(y));
+        std::copy_n(sticker.At(0, sticker.size.height - 1 - y), rowBytes, upended.At(0, y));
     }
     glBindTexture(GL_TEXTURE_2D, texture.Name());
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, sticker.size.width, sticker.size.height, 0, GL_RGBA,

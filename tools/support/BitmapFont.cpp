@@ -1,4 +1,4 @@
-#include "BitmapFont.h"
+#include "support/BitmapFont.h"
 
 #include <algorithm>
 #include <array>
@@ -92,7 +92,7 @@ const Glyph& GlyphOf(char character) {
 void FillSquare(Image& image, int left, int top, int side, const Rgb& colour) {
     for (int y = std::max(top, 0); y < std::min(top + side, image.size.height); ++y) {
         for (int x = std::max(left, 0); x < std::min(left + side, image.size.width); ++x) {
-            std::copy(colour.begin(), colour.end(), image.Row(y) + x * Image::kChannels);
+            std::copy(colour.begin(), colour.end(), image.At(x, y));
         }
     }
 }

@@ -1,0 +1,80 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "GlTest.h"
+#include "MeshReader.h"
+#include "kernel/geometry/CalibrationLines.h"
+#include "kernel/geometry/UnitCubeLines.h"
+
+namespace {
+
+using Indices = std::vector<uint16_t>;
+
+class LineMesh : public GlTest {};
+
+void ExpectVertex(const MeshOnGpu& mesh, size_t vertex, const OVR::Vector3<float>& position,
+                  const OVR::Vector2<float>& texCoord) {
+    EXPECT_EQ(mesh.position[vertex].x, position.x) << vertex;
+    EXPECT_EQ(mesh.position[vertex].y, position.y) << vertex;
+    EXPECT_EQ(mesh.position[vertex].z, position.z) << vertex;
+    EXPECT_EQ(mesh.texCoord[vertex].x, texCoord.x) << vertex;
+    EXPECT_EQ(mesh.texCoord[vertex].y, texCoord.y) << vertex;
+}
+
+TEST_F(LineMesh, CubeHasItsTwelveEdges) {
+    OVR::GlGeometry geometry = OVR::BuildUnitCubeLines();
+    EXPECT_EQ(geometry.primitiveType, GL_LINES);
+    const MeshOnGpu mesh = Take(geometry);
+    ASSERT_EQ(mesh.position.size(), 8U);
+    EXPECT_TRUE(mesh.texCoord.empty());
+    EXPECT_TRUE(mesh.vertexColor.empty());
+    EXPECT_EQ(mesh.indices,
+              (Indices{0, 1, 1, 3, 3, 2, 2, 0, 4, 5, 5, 7, 7, 6, 6, 4, 0, 4, 1, 5, 3, 7, 2, 6}));
+    std::set<std::pair<uint16_t, uint16_t>> edges;
+    for (size_t i = 0; i < mesh.indices.size(); i += 2) {
+        const auto& a = mesh.position[mesh.indices[i]];
+        const auto& b = mesh.position[mesh.indices[i + 1]];
+        EXPECT_EQ(Length({a.x - b.x, a.y - b.y, a.z - b.z}), 1);
+        edges.insert(std::minmax({mesh.indices[i], mesh.indices[i + 1]}));
+    }
+    EXPECT_EQ(edges.size(), 12U);
+}
+
+TEST_F(LineMesh, CalibrationIsACrossWithoutExtraLines) {
+    OVR::GlGeometry geometry = OVR::BuildCalibrationLines(0, false);
+    EXPECT_EQ(geometry.primitiveType, GL_TRIANGLES);
+    const MeshOnGpu mesh = Take(geometry);
+    ASSERT_EQ(mesh.position.size(), 4U);
+    ExpectVertex(mesh, 0, {-1, 0, -1.001F}, {0, 0.5F});
+    ExpectVertex(mesh, 1, {0, -1, -1.001F}, {0, 0.5F});
+    ExpectVertex(mesh, 2, {1, 0, -1.001F}, {1, 0.5F});
+    ExpectVertex(mesh, 3, {0, 1, -1.001F}, {1, 0.5F});
+    EXPECT_EQ(mesh.indices, (Indices{0, 2, 1, 3}));
+}
+
+TEST_F(LineMesh, CalibrationShortensAllButTheCentreToTicks) {
+    const MeshOnGpu ticks = Take(OVR::BuildCalibrationLines(1, false));
+    ASSERT_EQ(ticks.position.size(), 12U);
+    ExpectVertex(ticks, 0, {-0.02F, -1, -1.001F}, {0, 1});
+    ExpectVertex(ticks, 1, {-1, -0.02F, -1.001F}, {0, 1});
+    ExpectVertex(ticks, 6, {1, 0, -1.001F}, {1, 0.5F});
+    ExpectVertex(ticks, 11, {1, 0.02F, -1.001F}, {1, 0});
+    EXPECT_EQ(ticks.indices, (Indices{0, 2, 1, 3, 4, 6, 5, 7, 8, 10, 9, 11}));
+
+    const MeshOnGpu grid = Take(OVR::BuildCalibrationLines(1, true));
+    ExpectVertex(grid, 0, {-1, -1, -1.001F}, {0, 1});
+    ExpectVertex(grid, 11, {1, 1, -1.001F}, {1, 0});
+}
+
+TEST_F(LineMesh, CalibrationIndicesWrapAt16Bits) {
+    const MeshOnGpu largest = Take(OVR::BuildCalibrationLines(8191, true));
+    EXPECT_EQ(largest.indices.size(), 65532U);
+    EXPECT_EQ(largest.indices.back(), 65531);
+    EXPECT_NEAR(largest.position.back().x, 1, 1e-6);
+    const MeshOnGpu wrapped = Take(OVR::BuildCalibrationLines(8192, true));
+    EXPECT_EQ(wrapped.indices.size(), 65540U);
+    EXPECT_EQ(wrapped.indices.back(), 3);
+}
+
+}  // namespace

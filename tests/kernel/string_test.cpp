@@ -1,0 +1,238 @@
+#include "kernel/String.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <thread>
+
+#include "kernel/Allocator.h"
+#include "kernel/StringBuffer.h"
+
+namespace {
+
+using OVR::String;
+using OVR::StringBuffer;
+
+/// Stands in front of the kernel's allocator while it lives. Has room for \p blocks blocks.
+class CountingAllocator : public OVR::Allocator {
+public:
+    explicit CountingAllocator(int blocks = 1 << 20) : blocks_(blocks) { pInstance = this; }
+    ~CountingAllocator() override { pInstance = &real_; }
+    CountingAllocator(const CountingAllocator&) = delete;
+    CountingAllocator& operator=(const CountingAllocator&) = delete;
+
+    void* Alloc(size_t size) override { return ++made < blocks_ ? real_.Alloc(size) : nullptr; }
+    void* Realloc(void* p, size_t newSize) override {
+        return ++made < blocks_ ? real_.Realloc(p, newSize) : nullptr;
+    }
+    void Free(void* p) override { real_.Free(p); }
+
+    int made = 0;
+
+private:
+    OVR::Allocator& real_ = *pInstance;
+    int blocks_;
+};
+
+TEST(String, CopiesShareUntilOneIsEdited) {
+    CountingAllocator allocator;
+    String text("gr\xC3\xBC\xC3\x9F");
+    const String copy = text;
+    String assigned;
+    assigned = copy;
+    EXPECT_EQ(allocator.made, 1);
+    EXPECT_EQ(copy.ToCStr(), text.ToCStr());
+    text.Append("e");
+    EXPECT_EQ(allocator.made, 2);
+    EXPECT_STREQ(text.ToCStr(),
+                 "gr\xC3\xBC\xC3\x9F"
+                 "e");
+    EXPECT_STREQ(copy.ToCStr(), "gr\xC3\xBC\xC3\x9F");
+    EXPECT_EQ(assigned.ToCStr(), copy.ToCStr());
+    text = copy;
+    text.Remove(0);
+    EXPECT_STREQ(copy.ToCStr(), "gr\xC3\xBC\xC3\x9F");
+    EXPECT_EQ(String(std::move(text)), "r\xC3\xBC\xC3\x9F");
+}
+
+TEST(String, NothingTakesNoMemory) {
+    CountingAllocator allocator;
+    String text;
+    text.Append("");
+    text = String("");
+    text.Clear();
+    EXPECT_TRUE(text.IsEmpty());
+    EXPECT_STREQ(text.ToCStr(), "");
+    EXPECT_EQ(text.begin(), text.end());
+    EXPECT_EQ(text.Substring(0, 5), "");
+    EXPECT_EQ(allocator.made, 0);
+}
+
+TEST(String, PositionsCountCharacters) {
+    String text(L"a\u00E9\u20AC\U0001F600z");
+    EXPECT_EQ(text.GetSize(), 11U);
+    EXPECT_EQ(text.GetLength(), 5U);
+    EXPECT_EQ(std::u32string(text.begin(), text.end()), U"a\u00E9\u20AC\U0001F600z");
+    EXPECT_EQ(text.GetCharAt(3), 0x1F600U);
+    EXPECT_EQ(text.GetCharAt(5), 0U);
+    EXPECT_EQ(text.Substring(1, 2), "\xC3\xA9\xE2\x82\xAC");
+    EXPECT_EQ(text.Substring(4), "z");
+    EXPECT_EQ(text.Find("\xE2\x82\xAC"), 2U);
+
+    text.Insert(2, "-");
+    EXPECT_EQ(text, "a\xC3\xA9-\xE2\x82\xAC\xF0\x9F\x98\x80z");
+    text.Remove(1, 4);
+    EXPECT_EQ(text, "az");
+    text.Insert(99, "\xC3\xA9");
+    text.AppendChar(0x10FFFF);
+    EXPECT_EQ(text, "az\xC3\xA9\xF4\x8F\xBF\xBF");
+    text.Remove(2, String::kNotFound);
+    text.Remove(7);
+    EXPECT_EQ(text, "az");
+    text.Remove(0, 2);
+    EXPECT_TRUE(text.IsEmpty());
+}
+
+TEST(String, SearchMatchesWholeCharacters) {
+    const String text(
+        "ab\xC3\xA9"
+        "ab");
+    EXPECT_EQ(text.Find("ab"), 0U);
+    EXPECT_EQ(text.Find("ab", 1), 3U);
+    EXPECT_EQ(text.Find("ab", 4), String::kNotFound);
+    EXPECT_EQ(text.Find("\xA9"), String::kNotFound);
+    EXPECT_EQ(text.Find(""), 0U);
+    EXPECT_EQ(text.Find("", 5), 5U);
+    EXPECT_EQ(text.Find("", 6), String::kNotFound);
+    EXPECT_EQ(text.Find("ab\xC3\xA9"
+                        "abc"),
+              String::kNotFound);
+}
+
+TEST(String, ComparesByCodePoint) {
+    EXPECT_LT(String("Zebra").Compare("apple"), 0);
+    EXPECT_GT(String("Zebra").CompareNoCase("apple"), 0);
+    EXPECT_EQ(String("MiXeD \xC3\x89").CompareNoCase("mIxEd \xC3\x89"), 0);
+    EXPECT_NE(String("\xC3\x89").CompareNoCase("\xC3\xA9"), 0);  // ASCII only.
+    EXPECT_LT(String("[").CompareNoCase("a"), 0);
+    EXPECT_LT(String("abc").CompareNoCase("ABCD"), 0);
+    EXPECT_LT(String("\xEF\xBF\xBD"), String("\xF0\x90\x80\x80"));
+    EXPECT_NE(String("a", 1), std::string_view("a\0", 2));
+    EXPECT_EQ(String("same").GetHash(), String(L"same").GetHash());
+    EXPECT_NE(String("same").GetHash(), String("some").GetHash());
+}
+
+TEST(String, TakesPartsOfItself) {
+    String text("abc");
+    text.Append(text);
+    text.Insert(3, text.Substring(0, 2));
+    text.Insert(1, text);
+    EXPECT_EQ(text, "aabcababcbcababc");
+    text.Append(text.ToCStr() + 13);
+    text.Append(text.View().substr(0, 2));
+    text = text.Substring(0, 4);
+    EXPECT_EQ(text, "aabc");
+
+    StringBuffer buffer;
+    for (int i = 0; i < 8; ++i) {
+        buffer.Append("ab");
+        buffer.Append(buffer.View());
+    }
+    EXPECT_EQ(buffer.GetSize(), 1020U);
+    EXPECT_EQ(buffer.ToString().Find("abba"), String::kNotFound);
+}
+
+TEST(String, ManyAppendsAllocateFewTimes) {
+    CountingAllocator allocator;
+    String text;
+    StringBuffer buffer;
+    for (int i = 0; i < 100000; ++i) {
+        text.Append("x");
+    }
+    EXPECT_LT(allocator.made, 40);
+    allocator.made = 0;
+    for (int i = 0; i < 50000; ++i) {
+        buffer.AppendChar('x');
+        buffer.Append("y");
+    }
+    EXPECT_LT(allocator.made, 20);
+    EXPECT_EQ(text.GetSize(), buffer.GetSize());
+}
+
+TEST(String, IsUntouchedWhereMemoryRunsOut) {
+    CountingAllocator allocator(3);
+    String text("text");
+    const String copy = text;
+    EXPECT_NO_THROW(text.Append(" and more"));
+    EXPECT_THROW(text.Append(std::string(100, 'x')), std::bad_alloc);
+    EXPECT_EQ(text, "text and more");
+    StringBuffer buffer;
+    EXPECT_THROW(buffer.AppendFormat("%d", 1), std::bad_alloc);
+    EXPECT_STREQ(buffer.ToCStr(), "");
+}
+
+TEST(String, SharedTextsAreUsedByManyThreads) {
+    const String shared("shared");
+    std::array<std::thread, 4> threads;
+    for (std::thread& thread : threads) {
+        thread = std::thread([copy = shared] {
+            for (int i = 0; i < 2000; ++i) {
+                String own = copy;
+                const String other = own;
+                own.Append("!");
+                ASSERT_EQ(other.GetSize() + 1, own.GetSize());
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(shared, "shared");
+}
+
+TEST(StringBuffer, BuildsTextFromPieces) {
+    StringBuffer buffer;
+    EXPECT_STREQ(buffer.ToCStr(), "");
+    buffer.AppendFormat("%s", "");
+    buffer.AppendChar(0x20AC);
+    buffer.AppendChar('=');
+    buffer.AppendFormat("%d/%s", 42, "six");
+    EXPECT_STREQ(buffer.ToCStr(), "\xE2\x82\xAC=42/six");
+    const String text = buffer.ToString();
+    buffer.Clear();
+    EXPECT_TRUE(buffer.IsEmpty());
+    EXPECT_STREQ(buffer.ToCStr(), "");
+    const std::string lengthy(1000, 'z');
+    buffer.AppendFormat("%s|", lengthy.c_str());
+    EXPECT_EQ(buffer.View(), lengthy + "|");
+    EXPECT_EQ(text.GetLength(), 8U);
+
+    StringBuffer moved(std::move(buffer));
+    EXPECT_EQ(moved.GetSize(), 1001U);
+}
+
+TEST(StringBuffer, FormatsFillTheRoomToTheByte) {
+    for (size_t size = 1; size < 64; ++size) {
+        StringBuffer buffer;
+        buffer.Append("12345");
+        const std::string piece(size, 'p');
+        buffer.AppendFormat("%s", piece.c_str());
+        ASSERT_EQ(buffer.View(), "12345" + piece);
+        ASSERT_EQ(buffer.ToCStr()[buffer.GetSize()], '\0');
+    }
+}
+
+TEST(StringBuffer, ReservedRoomIsNotLeft) {
+    CountingAllocator allocator;
+    StringBuffer buffer;
+    buffer.Reserve(1000);
+    for (int i = 0; i < 500; ++i) {
+        buffer.AppendFormat("%x", i % 16);
+        buffer.Append("-");
+    }
+    EXPECT_EQ(allocator.made, 1);
+    EXPECT_EQ(buffer.GetSize(), 1000U);
+}
+
+}  // namespace

@@ -1,0 +1,168 @@
+// UTF-8 against the cases that decoders are known to get wrong, and the bounded wide-character
+// functions.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "kernel/UTF8Util.h"
+#include "kernel/WideChars.h"
+
+namespace {
+
+namespace Utf8 = OVR::UTF8Util;
+
+/// Decodes from memory of exactly the text's size, where reading on is caught.
+std::u32string Decode(const std::string& utf8) {
+    const std::vector<char> exact(utf8.begin(), utf8.end());
+    const char* cursor = exact.data();
+    const char* const end = cursor + exact.size();
+    std::u32string text;
+    while (cursor != end) {
+        const char* const before = cursor;
+        text.push_back(Utf8::DecodeNextChar(cursor, end));
+        if (cursor <= before || cursor > end) {
+            ADD_FAILURE() << "the cursor went from " << before - exact.data() << " to "
+                          << cursor - exact.data();
+            break;
+        }
+    }
+    EXPECT_EQ(Utf8::GetLength({exact.data(), exact.size()}), text.size());
+    return text;
+}
+
+TEST(Utf8, EveryCharacterGoesThereAndBack) {
+    for (uint32_t ch = 0; ch <= 0x110000; ++ch) {
+        char encoded[Utf8::kMaxEncodedSize];
+        const size_t size = Utf8::EncodeChar(encoded, ch);
+        ASSERT_EQ(size, Utf8::GetEncodedSize(ch)) << ch;
+        const char* cursor = encoded;
+        const uint32_t decoded = Utf8::DecodeNextChar(cursor, encoded + size);
+        ASSERT_EQ(cursor, encoded + size) << ch;
+        const bool valid = ch <= 0x10FFFF && (ch < 0xD800 || ch > 0xDFFF);
+        ASSERT_EQ(decoded, valid ? ch : Utf8::kReplacementChar) << ch;
+    }
+}
+
+TEST(Utf8, SizesChangeAtTheRightCharacters) {
+    const struct {
+        uint32_t ch;
+        const char* utf8;
+    } cases[] = {{0x7F, "\x7F"},
+                 {0x80, "\xC2\x80"},
+                 {0x7FF, "\xDF\xBF"},
+                 {0x800, "\xE0\xA0\x80"},
+                 {0xD7FF, "\xED\x9F\xBF"},
+                 {0xE000, "\xEE\x80\x80"},
+                 {0xFFFF, "\xEF\xBF\xBF"},
+                 {0x10000, "\xF0\x90\x80\x80"},
+                 {0x10FFFF, "\xF4\x8F\xBF\xBF"}};
+    for (const auto& c : cases) {
+        char encoded[Utf8::kMaxEncodedSize];
+        EXPECT_EQ(std::string(encoded, Utf8::EncodeChar(encoded, c.ch)), c.utf8);
+        EXPECT_EQ(Decode(c.utf8), std::u32string(1, c.ch));
+    }
+}
+
+TEST(Utf8, MalformedSequencesAreReplacedUpToTheByteThatBreaksThem) {
+    const struct {
+        const char* utf8;
+        const char32_t* text;
+    } cases[] = {
+        // Stray continuations and bytes that never occur.
+        {"\x80", U"\uFFFD"},
+        {"\xBF\x80", U"\uFFFD\uFFFD"},
+        {"\xFE\xFF", U"\uFFFD\uFFFD"},
+        {"\xF8\x88\x80\x80\x80", U"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"},
+        // Cut off at the end, and by what follows.
+        {"\xC3", U"\uFFFD"},
+        {"\xE2\x82", U"\uFFFD"},
+        {"\xF0\x9F\x98", U"\uFFFD"},
+        {"\xC3z", U"\uFFFDz"},
+        {"\xE2\x82z", U"\uFFFDz"},
+        {"\xF0\x9F\x98\xC3\xA9", U"\uFFFD\u00E9"},
+        {"\xE2\xE2\x82\xAC", U"\uFFFD\u20AC"},
+        // Overlong forms of '/', of NUL and of the last character of the next shorter form.
+        {"\xC0\xAF", U"\uFFFD\uFFFD"},
+        {"\xC1\xBF", U"\uFFFD\uFFFD"},
+        {"\xE0\x80\xAF", U"\uFFFD\uFFFD\uFFFD"},
+        {"\xE0\x9F\xBF", U"\uFFFD\uFFFD\uFFFD"},
+        {"\xF0\x80\x80\xAF", U"\uFFFD\uFFFD\uFFFD\uFFFD"},
+        {"\xF0\x8F\xBF\xBF", U"\uFFFD\uFFFD\uFFFD\uFFFD"},
+        {"\xC0\x80", U"\uFFFD\uFFFD"},
+        // Surrogates, alone and as a pair.
+        {"\xED\xA0\x80", U"\uFFFD\uFFFD\uFFFD"},
+        {"\xED\xBF\xBF", U"\uFFFD\uFFFD\uFFFD"},
+        {"\xED\xA0\xBD\xED\xB8\x80", U"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"},
+        // Beyond the last character.
+        {"\xF4\x90\x80\x80", U"\uFFFD\uFFFD\uFFFD\uFFFD"},
+        {"\xF5\x80\x80\x80", U"\uFFFD\uFFFD\uFFFD\uFFFD"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Decode(c.utf8), c.text) << ::testing::PrintToString(c.utf8);
+    }
+    EXPECT_EQ(Decode(std::string("a\0b", 3)), std::u32string(U"a\0b", 3));
+    const char* cursor = "";
+    EXPECT_EQ(Utf8::DecodeNextChar(cursor, cursor), 0U);
+}
+
+TEST(Utf8, CharactersAreFoundByNumber) {
+    constexpr char kText[] = "a\xC3\xA9\xFF\xF0\x9F\x98\x80z";
+    EXPECT_EQ(Utf8::GetLength(kText), 5U);
+    const size_t offsets[] = {0, 1, 3, 4, 8, 9, 9};
+    for (size_t i = 0; i < 7; ++i) {
+        EXPECT_EQ(Utf8::GetByteIndex(kText, i), offsets[i]) << i;
+    }
+}
+
+TEST(Utf8, WholeStringsAreCutBetweenCharacters) {
+    constexpr wchar_t kWide[] = L"a\u00E9\u20AC\U0001F600";
+    constexpr char kUtf8[] = "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80";
+    EXPECT_EQ(Utf8::GetEncodedSize(kWide), 10U);
+    const size_t written[] = {0, 0, 1, 1, 3, 3, 3, 6, 6, 6, 6, 10};
+    for (size_t room = 0; room <= 11; ++room) {
+        std::vector<char> utf8(room + 1, 'x');
+        EXPECT_EQ(Utf8::EncodeString(utf8.data(), room, kWide), 10U);
+        EXPECT_EQ(utf8[room], 'x');
+        if (room > 0) {
+            EXPECT_EQ(std::string(utf8.data()), std::string(kUtf8, written[room]));
+        }
+    }
+    for (size_t room = 0; room <= 5; ++room) {
+        std::vector<wchar_t> wide(room + 1, L'x');
+        EXPECT_EQ(Utf8::DecodeString(wide.data(), room, kUtf8), 4U);
+        EXPECT_EQ(wide[room], L'x');
+        if (room > 0) {
+            EXPECT_EQ(std::wstring(wide.data()), std::wstring(kWide, room - 1));
+        }
+    }
+    const wchar_t bad[] = {static_cast<wchar_t>(0xD800), static_cast<wchar_t>(0xFFFFFFFF), 0};
+    char utf8[8];
+    EXPECT_EQ(Utf8::EncodeString(utf8, sizeof(utf8), bad), 6U);
+    EXPECT_STREQ(utf8, "\xEF\xBF\xBD\xEF\xBF\xBD");
+}
+
+TEST(WideChars, CopiesAreBoundedAndTerminated) {
+    wchar_t text[4] = {L'x', L'x', L'x', L'x'};
+    EXPECT_EQ(OVR::OVR_wcscpy(text, 0, L"a"), 1U);
+    EXPECT_EQ(text[0], L'x');
+    EXPECT_EQ(OVR::OVR_wcscpy(text, 4, L"abcdef"), 6U);
+    EXPECT_STREQ(text, L"abc");
+    EXPECT_EQ(OVR::OVR_wcsncpy(text, 4, L"xyz", 2), 2U);
+    EXPECT_STREQ(text, L"xy");
+    EXPECT_EQ(OVR::OVR_wcscat(text, 4, L"zw"), 4U);
+    EXPECT_STREQ(text, L"xyz");
+    text[3] = L'!';
+    EXPECT_EQ(OVR::OVR_wcscat(text, 4, L"q"), 4U);  // No terminator in sight.
+    EXPECT_STREQ(text, L"xyz");
+    const wchar_t unterminated[] = {L'p', L'q'};
+    EXPECT_EQ(OVR::OVR_wcsncpy(text, 4, unterminated, 2), 2U);
+    EXPECT_STREQ(text, L"pq");
+    EXPECT_EQ(OVR::OVR_wcslen(text), 2U);
+    EXPECT_LT(OVR::OVR_wcscmp(L"ab", L"abc"), 0);
+    EXPECT_GT(OVR::OVR_wcscmp(L"\U0001F600", L"\uFFFD"), 0);
+    EXPECT_EQ(OVR::OVR_wcscmp(text, L"pq"), 0);
+}
+
+}  // namespace

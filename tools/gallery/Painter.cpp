@@ -1,0 +1,158 @@
+#include "Painter.h"
+
+#include "Edges.h"
+#include "Shaders.h"
+#include "kernel/geometry/TesselatedQuad.h"
+#include "support/ToolError.h"
+
+namespace {
+
+constexpr float kPaper[] = {0.94F, 0.94F, 0.93F};
+constexpr Point kInk = {0.10F, 0.12F, 0.20F};
+constexpr float kLineWidth = 1.5F;
+constexpr int kTexCoordOffset = 0;  ///< Place in the parameter table.
+
+OVR::GlProgram Build(const char* fragmentShader) {
+    const OVR::ovrProgramParm parms[] = {
+        {"TexCoordOffset", static_cast<OVR::ovrProgramParmType>(1)}};
+    const OVR::GlProgram program =
+        OVR::GlProgram::Build(kMeshVertexShader, fragmentShader, parms, 1, 300, false, false);
+    if (program.Program == 0) {
+        throw ToolError("the GL does not compile the gallery's shaders");
+    }
+    return program;
+}
+
+void FillTexture(GLuint texture, const Image& image) {
+    GLES3::glBindTexture(GL_TEXTURE_2D, texture);
+    GLES3::glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, image.size.width, image.size.height, 0, GL_RGBA,
+                        GL_UNSIGNED_BYTE, image.pixels.data());
+    GLES3::glGenerateMipmap(GL_TEXTURE_2D);
+    GLES3::glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
+}
+
+void SetUpDrawing() {
+    GLES3::glEnable(GL_DEPTH_TEST);
+    GLES3::glDepthFunc(GL_LEQUAL);
+    GLES3::glEnable(GL_BLEND);
+    GLES3::glLineWidth(kLineWidth);
+    // Faces give way to the edges on them.
+    GLES3::glPolygonOffset(0.5F, 8);
+    GLES3::glEnable(GL_POLYGON_OFFSET_FILL);
+}
+
+void BlendOver() {
+    GLES3::glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+}
+
+void BlendMultiplied() {
+    GLES3::glBlendFunc(GL_DST_COLOR, GL_ZERO);
+}
+
+/// Back faces, then front faces: right for what fades out, where the mesh is seen from outside.
+void DrawFarSideFirst(const OVR::GlGeometry& mesh) {
+    GLES3::glEnable(GL_CULL_FACE);
+    for (const GLenum hidden : {GL_FRONT, GL_BACK}) {
+        GLES3::glCullFace(hidden);
+        mesh.Draw();
+    }
+    GLES3::glDisable(GL_CULL_FACE);
+}
+
+void Use(const OVR::GlProgram& program, const Matrix& viewProjection) {
+    GLES3::glUseProgram(program.Program);
+    GLES3::glUniformMatrix4fv(program.MvpmLocation, 1, GL_FALSE, &viewProjection.M[0][0]);
+}
+
+}  // namespace
+
+Painter::Painter(Size size, const Image& panorama, const Image& photo)
+    : size_(size),
+      target_(size),
+      faces_(Build(kFacesShader)),
+      picture_(Build(kPictureShader)),
+      vertexColor_(Build(kVertexColorShader)),
+      oneColor_(Build(kOneColorShader)) {
+    GLES3::glGenTextures(2, textures_);
+    FillTexture(textures_[0], panorama);
+    FillTexture(textures_[1], photo);
+    SetUpDrawing();
+}
+
+Painter::~Painter() {
+    GLES3::glDeleteTextures(2, textures_);
+    OVR::DeleteProgram(oneColor_);
+    OVR::DeleteProgram(vertexColor_);
+    OVR::DeleteProgram(picture_);
+    OVR::DeleteProgram(faces_);
+}
+
+Image Painter::Draw(const Scene& scene) {
+    target_.Bind();
+    GLES3::glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    GLES3::glClearColor(kPaper[0], kPaper[1], kPaper[2], 1);
+    GLES3::glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    GLES3::glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
+    if (scene.paint == Paint::Shade) {
+        DrawPhotoBehind();
+    }
+    DrawMesh(scene, ViewProjectionOf(scene));
+    return target_.Read();
+}
+
+Matrix Painter::ViewProjectionOf(const Scene& scene) const {
+    const float aspect = static_cast<float>(size_.width) / static_cast<float>(size_.height);
+    return scene.paint == Paint::Shade ? Matrix::IdentityValue
+                                       : scene.camera.ViewProjection(aspect);
+}
+
+/// The photo over the whole target, in front of nothing.
+void Painter::DrawPhotoBehind() {
+    OVR::GlGeometry quad = OVR::BuildTesselatedQuad(1, 1, false);
+    Use(picture_, Matrix::IdentityValue);
+    GLES3::glUniform1f(picture_.Uniforms[kTexCoordOffset].Location, 0);
+    GLES3::glBindTexture(GL_TEXTURE_2D, textures_[1]);
+    GLES3::glDisable(GL_BLEND);
+    GLES3::glDepthMask(GL_FALSE);
+    quad.Draw();
+    GLES3::glDepthMask(GL_TRUE);
+    GLES3::glEnable(GL_BLEND);
+    quad.Free();
+}
+
+void Painter::DrawMesh(const Scene& scene, const Matrix& viewProjection) {
+    OVR::GlGeometry mesh = scene.build();
+    if (scene.paint == Paint::Lines) {
+        DrawLines(mesh, viewProjection, 1);
+        return;
+    }
+    const OVR::GlProgram& program = ProgramFor(scene.paint);
+    Use(program, viewProjection);
+    GLES3::glUniform1f(program.Uniforms[kTexCoordOffset].Location, scene.texCoordOffset);
+    GLES3::glBindTexture(GL_TEXTURE_2D, textures_[scene.paint == Paint::Panorama ? 0 : 1]);
+    scene.paint == Paint::Shade ? BlendMultiplied() : BlendOver();
+    DrawFarSideFirst(mesh);
+    if (scene.edges > 0) {
+        DrawLines(EdgesOf(mesh), viewProjection, scene.edges);
+    }
+    mesh.Free();
+}
+
+/// Draws \p lines and frees them.
+void Painter::DrawLines(OVR::GlGeometry lines, const Matrix& viewProjection, float strength) {
+    lines.primitiveType = GL_LINES;
+    Use(oneColor_, viewProjection);
+    GLES3::glUniform4f(oneColor_.UniformColorLocation, kInk.x, kInk.y, kInk.z, strength);
+    BlendOver();
+    lines.Draw();
+    lines.Free();
+}
+
+const OVR::GlProgram& Painter::ProgramFor(Paint paint) const {
+    switch (paint) {
+        case Paint::Faces: return faces_;
+        case Paint::Shade: return vertexColor_;
+        case Paint::Lines: return oneColor_;
+        default: return picture_;
+    }
+}
