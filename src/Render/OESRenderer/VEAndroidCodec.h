@@ -7,8 +7,8 @@
 struct AMediaCodec;
 struct ANativeWindow;
 
-/// The platform's decoder, rendering into a Java Surface. Failures are not reported: units that find
-/// no room are dropped, and frames that never come are not missed.
+/// The platform's decoder, rendering into a Java Surface. Failures are not reported: units that
+/// find no room are dropped, and frames that never come are not missed.
 ///
 /// \thread flush and shutDown: the creating thread. update: the decoder thread, at the same time.
 class AndroidCodec {
@@ -26,8 +26,8 @@ public:
     /// Waits up to 1 ms for a decoded frame and releases it to the surface.
     void update();
 
-    /// Stops and deletes the decoder; flush and update then return at once. Call it once, before the
-    /// object goes: the destructor releases nothing.
+    /// Stops and deletes the decoder; flush and update then return at once. Call it once, before
+    /// the object goes: the destructor releases nothing.
     void shutDown();
 
 private:
