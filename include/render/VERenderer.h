@@ -1,7 +1,8 @@
 #pragma once
 
 /// \file
-/// The renderer: draws raw video frames into a GL texture of the application's.
+/// The renderer: draws video, raw frames or compressed units, into a GL texture of the
+/// application's.
 ///
 /// Usable from C, but for VEUpdateRendererWithSticker, which takes a C++ vector.
 ///
@@ -12,7 +13,8 @@
 ///   2. VECreateRendererHandle: one renderer per stream of a fixed size. It copies what it needs
 ///      from the creation record and keeps the texture's name.
 ///   3. For each displayed frame: VEUpdateRenderer or VEUpdateRendererWithSticker.
-///      Between frames, at any time: VEUpdateUserPosition.
+///      Between frames, at any time: VEUpdateUserPosition; with compressed video, as units arrive:
+///      VEUpdateCompressedData.
 ///   4. VEDestroyRenderer, once, with the same context current. The handle is then invalid.
 ///
 /// The library never presents anything: the result stays in the destination texture.
@@ -21,8 +23,12 @@
 /// -------
 ///
 /// All calls for one handle come from one thread, the one with the handle's GL context current.
-/// Handles on different contexts are independent and may be used on different threads. No call
-/// takes a lock or waits for another thread.
+/// Handles on different contexts are independent and may be used on different threads. With raw
+/// frames no call takes a lock or waits for another thread.
+///
+/// A renderer of compressed video attaches the thread that creates it to the Java VM, and leaves it
+/// attached. A thread of its own hands decoded pictures on. VEDestroyRenderer tells that thread to
+/// end and does not wait for it: do not unload the library within some milliseconds afterwards.
 ///
 /// Ownership
 /// ---------
@@ -41,6 +47,10 @@
 /// 0: done, also where there was nothing to do. -1: bad argument, nothing was done, nothing logged.
 /// GL errors below the interface are logged (Android log, priority INFO) and never returned. When
 /// memory runs out, std::bad_alloc passes through.
+///
+/// Failures of Java and of the decoder are logged at most. Java exceptions stay pending: look for
+/// them after creation and updates, or at least before the next JNI calls. Without a Java VM a
+/// renderer of compressed video is created all the same, and draws nothing.
 ///
 /// Pixels
 /// ------
@@ -71,6 +81,28 @@
 /// A call that draws nothing leaves the destination untouched, not even allocated. A call with null
 /// data completes the pending upload and draws it: to see frame n at once, call once with its
 /// pixels and once with null. The mask takes the same path and has the same latency.
+///
+/// Compressed video draws the picture that the decoder delivered last, at once; before the first
+/// one the contents are undefined. How long the decoder holds pictures back is its own affair. Of
+/// pictures that come faster than they are drawn, all but the newest are dropped. Only the mask is
+/// drawn one call later than given. In output mode 1 the first call makes its texture and draws
+/// nothing.
+///
+/// Compressed video
+/// ----------------
+///
+/// One access unit a call: H.264 with start codes, the parameter sets in front of the first key
+/// frame; or one JPEG picture. Units come in decoding order, and without time stamps: pictures are
+/// shown as the decoder gives them out, in display order.
+///
+/// A unit must not be larger than the decoder's input buffers, which nothing here checks. The size
+/// is the platform's choice: Android's decoders derive it from the creation record's width and
+/// height; the one in platform/linux takes 1 MiB, or a raw frame of 3 bytes a pixel where that is
+/// more. A unit waits up to 2 ms for a free buffer and is dropped where there is none: feed
+/// them at the video's pace.
+///
+/// Pictures of another size than textureWidth × textureHeight are stretched to it. They are sampled
+/// smoothly (raw frames are not).
 ///
 /// View
 /// ----
@@ -155,11 +187,15 @@
 ///                          GL_DEPTH_TEST, depth function and mask; GL_CULL_FACE;
 ///                          GL_ARRAY_BUFFER binding
 ///     reset to 0           vertex array, program, draw and read framebuffer,
-///                          GL_PIXEL_UNPACK_BUFFER (but see below),
+///                          GL_PIXEL_UNPACK_BUFFER (but see below; with compressed video in output
+///                          mode 0 it stays as it is),
 ///                          GL_TEXTURE_2D on the unit active at the call, and on the unit left
 ///                          active
 ///     changed              active unit: GL_TEXTURE1, or GL_TEXTURE2 with a sticker texture
-///                          unit 0: the renderer's source texture stays bound
+///                          unit 0: the renderer's source texture stays bound; with compressed
+///                          video to GL_TEXTURE_EXTERNAL_OES
+///                          GL_TEXTURE_EXTERNAL_OES on the unit active at the call, with
+///                          compressed video: the renderer's source texture
 ///                          unit 1: with a sticker texture, the mask texture stays bound (without a
 ///                          mask: the name 0xFFFFFFFF)
 ///                          viewport: (0, 0, width, height)
@@ -171,20 +207,21 @@
 ///                          and its wrap modes to GL_CLAMP_TO_EDGE. It has no mipmaps: set a
 ///                          minification filter of your own, after this draw, to sample it
 ///
-/// With null data while an upload was pending, GL_PIXEL_UNPACK_BUFFER stays on the renderer's
-/// buffer (not so in output mode 1 if mask data was given): unbind it before uploads of your own.
+/// With raw frames, and null data while an upload was pending, GL_PIXEL_UNPACK_BUFFER stays on the
+/// renderer's buffer (not so in output mode 1 if mask data was given): unbind it before uploads of
+/// your own.
 ///
 /// The other calls:
 ///
-///     creation             leaves vertex array 0 bound with attributes 0 to 8 disabled, and a
-///     buffer
-///                          of the renderer's bound to GL_ARRAY_BUFFER
+///     creation             leaves vertex array 0 bound with attributes 0 to 8 disabled, a
+///                          buffer of the renderer's bound to GL_ARRAY_BUFFER, and for compressed
+///                          video 0 to GL_TEXTURE_EXTERNAL_OES on the active unit
 ///     updates that only    leave GL_TEXTURE_2D on the active unit and GL_PIXEL_UNPACK_BUFFER at 0
 ///     create textures
-///     VEUpdateUserPosition makes no GL call
-///     VEDestroyRenderer    deletes objects, so bindings to them fall to 0; see Ownership. A
-///     renderer
-///                          that never drew leaves GL_INVALID_VALUE in the error flags
+///     user position and    make no GL call
+///     compressed data
+///     VEDestroyRenderer    deletes objects, so bindings to them fall to 0; see Ownership. After a
+///                          renderer that never drew GL_INVALID_VALUE is in the error flags
 
 #include <stdint.h>
 
@@ -209,11 +246,11 @@ enum {
 
 /// Values of VERendererMode::modeType.
 enum {
-    VE_MODE_H264 = 2,   ///< H.264 access units. Creates nothing yet.
+    VE_MODE_H264 = 2,   ///< H.264 access units, decoded by the platform.
     VE_MODE_RGB = 3,    ///< Raw frames, 3 bytes a pixel.
     VE_MODE_NONE = 4,   ///< Accepted, and creates nothing.
     VE_MODE_RGBA = 5,   ///< Raw frames, 4 bytes a pixel.
-    VE_MODE_MJPEG = 6,  ///< Motion-JPEG access units. Creates nothing yet.
+    VE_MODE_MJPEG = 6,  ///< Motion-JPEG access units, decoded by the platform.
 };
 
 /// Values of VERendererMode::maskFormat. Any other value but VE_MASK_RGBA means RGB too.
@@ -251,16 +288,16 @@ VE_EXPORT int VECreateRendererHandle(void** handle, int textureId, VERendererMod
 ///                  null before the call and test it afterwards.
 /// \param textureId GL name of the destination texture, 0 or more.
 /// \param format    of the destination: VE_FORMAT_RGB or VE_FORMAT_RGBA.
-/// \param javaVM    the process's JavaVM*; not used by renderers of raw frames, may be null.
+/// \param javaVM    the process's JavaVM*; not used by renderers of raw frames, may be null there.
 /// \return -1 when \p mode is null or \p textureId is negative. 0 otherwise, also for a modeType
-///         that creates nothing: VE_MODE_NONE, VE_MODE_H264 and VE_MODE_MJPEG so far, and any
-///         outside 2 … 6.
+///         that creates nothing: VE_MODE_NONE, and any outside 2 … 6.
 VE_EXPORT int VECreateRendererHandleWithFormat(void** handle, int textureId, int format,
                                                VERendererMode* mode, void* javaVM);
 
 /// Draws one frame, without stickers.
 ///
-/// \param data        the frame's pixels; null to draw the frame given last (see Latency).
+/// \param data        the frame's pixels; null to draw the frame given last (see Latency). Ignored
+///                    with compressed video.
 /// \param size        accepted and ignored: the sizes of the creation record hold.
 /// \param colorMirror true for the picture as given, false for left and right swapped.
 /// \param maskData    the mask's pixels, in output mode VE_OUTPUT_MASKED, or null; else ignored.
@@ -279,7 +316,11 @@ VE_EXPORT int VEUpdateRendererWithSticker(void* handle, void* data, unsigned int
                                           std::vector<std::pair<int, int>>& stickers);
 #endif
 
-/// Hands a compressed access unit to the decoder. Renderers of raw frames ignore it.
+/// Hands a compressed access unit to the decoder (see Compressed video). Renderers of raw frames
+/// ignore it.
+///
+/// \param data the unit; copied. Null does nothing.
+/// \param size in bytes, at most what the decoder's input buffers hold; 0 or less does nothing.
 /// \return -1 when \p handle is null, otherwise 0, which says nothing about the unit.
 VE_EXPORT int VEUpdateCompressedData(void* handle, void* data, int size);
 

@@ -3,6 +3,7 @@
 #include <new>
 
 #include "GLES3Renderer/VEGLES3Renderer.h"
+#include "OESRenderer/VEOESRenderer.h"
 #include "VERendererBase.h"
 
 namespace {
@@ -24,11 +25,15 @@ void* AsHandle(VERendererBase* renderer) {
 }  // namespace
 
 int VECreateRendererHandleWithFormat(void** handle, int textureId, int format, VERendererMode* mode,
-                                     void* /*javaVM*/) {
+                                     void* javaVM) {
     if (mode == nullptr || textureId < 0) {
         return kBadArgument;
     }
     switch (mode->modeType) {
+        case VE_MODE_H264:
+        case VE_MODE_MJPEG:
+            *handle = AsHandle(new VEOESRenderer(textureId, format, mode, javaVM));
+            break;
         case VE_MODE_RGB:
         case VE_MODE_RGBA: *handle = AsHandle(new VEGLES3Renderer(textureId, format, mode)); break;
         default: break;  // Accepted, and nothing is created: the handle stays as it was.

@@ -45,4 +45,12 @@ extern "C" int __android_log_vprint(int priority, const char* tag, const char* f
     return __android_log_write(priority, tag, text.data());
 }
 
+extern "C" int __android_log_print(int prio, const char* tag, const char* fmt, ...) {
+    va_list args;
+    va_start(args, fmt);
+    const int result = __android_log_vprint(prio, tag, fmt, args);
+    va_end(args);
+    return result;
+}
+
 // NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)

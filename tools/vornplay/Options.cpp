@@ -1,5 +1,6 @@
 #include "Options.h"
 
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -13,6 +14,11 @@ constexpr int64_t kMostFrames = 1'000'000'000;
 constexpr char kNotes[] =
     "Output: x.png holds the first drawn frame of the run, with its alpha; dir/%04d.png all of\n"
     "them, from number 1 on; x.mp4 an H.264 video of them over the backdrop.\n"
+    "\n"
+    "Path: by default, H.264 and Motion-JPEG video is handed over compressed and decoded by the\n"
+    "platform, which a Java machine belongs to ($JAVA_HOME, or the one of the build); anything\n"
+    "else, and frames of another --size, as pixels. Other sizes with --path decode are scaled\n"
+    "simply.\n"
     "\n"
     "Mask: a picture with alpha keys out where it is transparent; one without where it is black,\n"
     "and its brightness is the alpha elsewhere (not with --mask-format rgb, which knows no half\n"
@@ -58,7 +64,9 @@ void AddInputOptions(CLI::App& app, Options& options) {
         ->type_name("")
         ->required();
     auto* rgb = app.add_flag("--rgb", options.rgb, "Hand the frames over as RGB");
-    app.add_flag("--rgba", "Hand the frames over as RGBA (default)")->excludes(rgb)->group("Input");
+    app.add_flag("--rgba", options.rgba, "Hand the frames over as RGBA (default)")
+        ->excludes(rgb)
+        ->group("Input");
     AddParsed(app, "--size", options.size, ParseSize, "WxH",
               "Scale the frames to this size (default: the input's)");
     app.add_option("--start", options.startSeconds, "Begin at this time")
@@ -69,6 +77,29 @@ void AddInputOptions(CLI::App& app, Options& options) {
         ->check(InRange(int64_t{1}, kMostFrames));
     for (const char* name : {"--rgb", "--size", "--start", "--frames"}) {
         app.get_option(name)->group("Input");
+    }
+}
+
+PathOption ParsePath(const std::string& text) {
+    static const std::map<std::string, PathOption> kPaths = {
+        {"auto", PathOption::kAuto}, {"decode", PathOption::kDecode}, {"cpu", PathOption::kCpu}};
+    const auto found = kPaths.find(text);
+    if (found == kPaths.end()) {
+        throw ToolError(text + " is none of decode, cpu and auto");
+    }
+    return found->second;
+}
+
+void AddPathOptions(CLI::App& app, Options& options) {
+    AddParsed(app, "--path", options.path, ParsePath, "decode|cpu|auto",
+              "Hand over compressed frames or pixels (default: auto)");
+    app.add_flag("--realtime", options.realtime,
+                 "Keep the clip's pace, and tell how many frames were shown and dropped");
+    app.add_option("--platform", options.platform,
+                   "Where libandroid.so and java/android.jar are (default: the build's)")
+        ->type_name("DIR");
+    for (const char* name : {"--path", "--realtime", "--platform"}) {
+        app.get_option(name)->group("Path");
     }
 }
 
@@ -149,12 +180,17 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
     app.formatter(std::make_shared<PlainHelp>());
     app.footer(kNotes);
     AddInputOptions(app, options);
+    AddPathOptions(app, options);
     AddMaskOptions(app, options);
     AddStickerOptions(app, options);
     AddViewOptions(app, options);
     AddOutputOptions(app, options);
+    app.get_option("--realtime")->excludes(app.get_option("--out"));
     if (!ParseCommandLine(app, argc, argv)) {
         return std::nullopt;
+    }
+    if (options.realtime && options.path == PathOption::kCpu) {
+        throw ToolError("--realtime is for compressed frames, not for --path cpu");
     }
     return options;
 }

@@ -8,11 +8,17 @@
 #include "render/VEStickerList.h"
 #include "support/Image.h"
 
+enum class PathOption { kAuto, kDecode, kCpu };
+
 /// What the command line asks for.
 struct Options {
     std::string input;
     std::string out;  ///< Empty: nothing is written.
+    PathOption path = PathOption::kAuto;
+    std::string platform;  ///< Directory of the Android platform. Empty: the build's.
+    bool realtime = false;
     bool rgb = false;
+    bool rgba = false;
     Size size;  ///< Zero: the input's.
     double startSeconds = 0.0;
     int64_t frames = 0;  ///< Zero: all.

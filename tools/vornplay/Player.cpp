@@ -1,9 +1,9 @@
 #include "Player.h"
 
 #include <algorithm>
-#include <iomanip>
 #include <iostream>
 
+#include "PathChoice.h"
 #include "Progress.h"
 #include "support/CommandLine.h"
 #include "support/PngFile.h"
@@ -14,28 +14,23 @@ namespace {
 constexpr Size kOpaqueMaskSize = {1, 1};
 
 /// Says what is broken in a file. \return whether something is
-bool ReportBroken(const std::string& path, const VideoReader& reader) {
-    if (reader.Lost() == 0 && reader.Damaged() == 0) {
+bool ReportBroken(const std::string& path, int64_t lost, int64_t damaged) {
+    if (lost == 0 && damaged == 0) {
         return false;
     }
-    std::cerr << "vornplay: " << path << " is broken: " << reader.Lost() << " frames lost, "
-              << reader.Damaged() << " damaged\n";
+    std::cerr << "vornplay: " << path << " is broken: " << lost << " frames lost, " << damaged
+              << " damaged\n";
     return true;
 }
 
 }  // namespace
 
-Player::Player(const Options& options)
-    : options_(options),
-      reader_(options.input, options.startSeconds),
-      first_(reader_.First()),
-      size_(SizeOr(options.size, first_)),
-      converter_(size_, options.rgb ? AV_PIX_FMT_RGB24 : AV_PIX_FMT_RGBA) {
+Player::Player(const Options& options) : options_(options) {
     if (!options.mask.empty()) {
         mask_.emplace(options.mask, options.maskSize, options.rgbMask);
     }
-    renderer_.emplace(Settings());
-    sink_ = MakeFrameSink(options, size_, reader_.FrameRate());
+    path_ = OpenPath(options, Settings(), [this] { return NextMask(); });
+    sink_ = MakeFrameSink(options, path_->Target().FrameSize(), path_->File().FrameRate());
     limit_ = sink_ != nullptr && sink_->Limit() > 0 ? sink_->Limit() : options.frames;
     expected_ = ExpectedFrames();
     if (options.viewTo.has_value() && expected_ == 0) {
@@ -45,8 +40,6 @@ Player::Player(const Options& options)
 
 RendererSettings Player::Settings() const {
     RendererSettings settings;
-    settings.size = size_;
-    settings.rgb = options_.rgb;
     settings.masked = options_.NeedsMask();
     settings.maskSize = mask_.has_value() ? mask_->FrameSize() : kOpaqueMaskSize;
     settings.rgbMask = options_.rgbMask;
@@ -59,9 +52,13 @@ RendererSettings Player::Settings() const {
     return settings;
 }
 
+uint8_t* Player::NextMask() {
+    return mask_.has_value() ? mask_->Next() : opaqueMask_.data();
+}
+
 /// How many frames will be drawn; 0 if not known.
 int64_t Player::ExpectedFrames() const {
-    const int64_t available = reader_.ExpectedFrames();
+    const int64_t available = path_->File().ExpectedFrames();
     if (limit_ == 0 || available == 0) {
         return std::max(limit_, available);
     }
@@ -77,53 +74,41 @@ View Player::ViewOf(int64_t frame) const {
     return Between(from, *options_.viewTo, std::min(progress, 1.0));
 }
 
-const AVFrame* Player::NextFrame() {
-    if (limit_ > 0 && in_ == limit_) {
-        return nullptr;
-    }
-    return in_ == 0 ? &first_ : reader_.Next();
-}
-
 int Player::Play() {
-    Progress progress(options_.quiet, expected_);
-    while (const AVFrame* frame = NextFrame()) {
-        Submit(*frame);
-        progress.Show(out_);
+    {
+        Progress progress(options_.quiet, expected_);
+        while (out_ != limit_ || limit_ == 0) {
+            if (!path_->DrawNext(ViewOf(out_), out_ + 1 == limit_)) {
+                break;
+            }
+            WriteDrawn();
+            progress.Show(out_);
+        }
     }
-    renderer_->SetView(ViewOf(out_));
-    renderer_->Finish();
-    WriteDrawn();
+    if (out_ == 0) {
+        throw ToolError(options_.input + (options_.startSeconds > 0.0
+                                              ? ": no picture from the start time on"
+                                              : ": no picture in it can be decoded"));
+    }
     if (sink_ != nullptr) {
         sink_->Finish();
     }
     return Report();
 }
 
-/// Hands a frame over, which draws the one before it.
-void Player::Submit(const AVFrame& frame) {
-    renderer_->SetView(ViewOf(out_));
-    renderer_->Submit(converter_.Convert(frame),
-                      mask_.has_value() ? mask_->Next() : opaqueMask_.data());
-    if (in_++ > 0) {
-        WriteDrawn();
-    }
-}
-
 void Player::WriteDrawn() {
     if (sink_ != nullptr) {
-        sink_->Write(renderer_->ReadBack());
+        sink_->Write(path_->Target().ReadBack());
     }
     ++out_;
 }
 
 int Player::Report() const {
-    const bool brokenInput = ReportBroken(options_.input, reader_);
-    const bool brokenMask = mask_.has_value() && ReportBroken(options_.mask, mask_->Reader());
+    const bool brokenInput = ReportBroken(options_.input, path_->Lost(), path_->Damaged());
+    const bool brokenMask = mask_.has_value() && ReportBroken(options_.mask, mask_->Reader().Lost(),
+                                                              mask_->Reader().Damaged());
     if (!options_.quiet) {
-        const double milliseconds = renderer_->DrawingTime().count() * 1000.0;
-        std::cerr << in_ << " frames in, " << out_ << " out, " << reader_.Lost() + reader_.Damaged()
-                  << " failed, " << std::fixed << std::setprecision(2)
-                  << milliseconds / static_cast<double>(in_ + 1) << " ms a frame\n";
+        std::cerr << path_->Summary(out_) << '\n';
     }
     return brokenInput || brokenMask ? kExitBroken : kExitDone;
 }

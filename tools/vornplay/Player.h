@@ -5,13 +5,11 @@
 #include <memory>
 #include <optional>
 
+#include "FramePath.h"
 #include "FrameSink.h"
 #include "Mask.h"
 #include "Options.h"
-#include "Renderer.h"
 #include "offscreen/OffscreenContext.h"
-#include "support/FrameConverter.h"
-#include "support/VideoReader.h"
 
 /// Draws every frame of the input and writes what comes out.
 class Player {
@@ -24,26 +22,20 @@ public:
 
 private:
     RendererSettings Settings() const;
+    uint8_t* NextMask();
     int64_t ExpectedFrames() const;
     View ViewOf(int64_t frame) const;
-    const AVFrame* NextFrame();
-    void Submit(const AVFrame& frame);
     void WriteDrawn();
     int Report() const;
 
     const Options& options_;
-    VideoReader reader_;
-    const AVFrame& first_;
-    Size size_;
-    FrameConverter converter_;
     std::optional<Mask> mask_;
     /// Stands in where only the view is wanted: one pixel, stretched over the picture.
     std::array<uint8_t, 4> opaqueMask_ = {255, 255, 255, 255};
+    OffscreenContext context_;
+    std::unique_ptr<FramePath> path_;
+    std::unique_ptr<FrameSink> sink_;
     int64_t expected_ = 0;
     int64_t limit_ = 0;
-    OffscreenContext context_;
-    std::optional<Renderer> renderer_;
-    std::unique_ptr<FrameSink> sink_;
-    int64_t in_ = 0;
     int64_t out_ = 0;
 };

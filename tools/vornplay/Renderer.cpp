@@ -1,5 +1,6 @@
 #include "Renderer.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "support/ToolError.h"
@@ -30,23 +31,24 @@ void Renderer::CheckSizes() const {
 void Renderer::Create() {
     VERendererMode mode{};
     mode.outputMode = settings_.masked ? VE_OUTPUT_MASKED : VE_OUTPUT_PICTURE;
-    mode.modeType = settings_.rgb ? VE_MODE_RGB : VE_MODE_RGBA;
+    mode.modeType = settings_.source;
     mode.textureWidth = settings_.size.width;
     mode.textureHeight = settings_.size.height;
     mode.maskFormat = settings_.rgbMask ? VE_MASK_RGB : VE_MASK_RGBA;
     mode.maskWidth = settings_.maskSize.width;
     mode.maskHeight = settings_.maskSize.height;
     void* handle = nullptr;
-    VECreateRendererHandle(&handle, static_cast<int>(target_.Name()), &mode, nullptr);
+    VECreateRendererHandle(&handle, static_cast<int>(target_.Name()), &mode, settings_.javaVM);
     handle_.reset(handle);
     if (handle == nullptr) {
         throw ToolError("the renderer could not be created");
     }
 }
 
-/// The first calls only create the textures of the frames and of the masks.
+/// The first calls only create the textures of raw frames and of masks.
 void Renderer::WarmUp() {
-    const int calls = settings_.masked ? 2 : 1;
+    const bool raw = settings_.source == VE_MODE_RGB || settings_.source == VE_MODE_RGBA;
+    const int calls = (raw ? 1 : 0) + (settings_.masked ? 1 : 0);
     for (int i = 0; i < calls; ++i) {
         Update(nullptr, nullptr);
     }
@@ -56,11 +58,16 @@ void Renderer::SetView(const View& view) {
     VEUpdateUserPosition(handle_.get(), view.x, view.y, view.zoom, view.w);
 }
 
-void Renderer::Submit(uint8_t* frame, uint8_t* mask) {
+void Renderer::Draw(uint8_t* frame, uint8_t* mask) {
     const auto start = std::chrono::steady_clock::now();
     Update(frame, mask);
     glFinish();
     drawingTime_ += std::chrono::steady_clock::now() - start;
+    ++draws_;
+}
+
+double Renderer::MillisecondsPerDraw() const {
+    return drawingTime_.count() / static_cast<double>(std::max<int64_t>(1, draws_));
 }
 
 void Renderer::Update(uint8_t* frame, uint8_t* mask) {

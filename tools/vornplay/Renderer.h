@@ -8,10 +8,12 @@
 #include "TargetTexture.h"
 #include "render/VERenderer.h"
 #include "support/Image.h"
+#include "support/Libav.h"
 
 struct RendererSettings {
+    int source = VE_MODE_RGBA;  ///< VE_MODE_…
+    void* javaVM = nullptr;     ///< For compressed sources.
     Size size;
-    bool rgb = false;  ///< Frames of 3 bytes a pixel, else 4.
     bool masked = false;
     Size maskSize;
     bool rgbMask = false;  ///< Masks of 3 bytes a pixel, else 4.
@@ -23,8 +25,9 @@ struct RendererSettings {
 
 /// A renderer with the texture that it draws into. Needs a current GL context as long as it lives.
 ///
-/// A frame is drawn one call after it was handed over: after Submit for frames 1, 2, 3, the texture
-/// shows nothing of use, frame 1, frame 2; Finish then draws frame 3.
+/// Raw frames and masks are drawn one call after they were handed over: with frames 1, 2, 3, the
+/// texture shows nothing of use, frame 1, frame 2, and one more call without a frame draws frame 3.
+/// Of compressed frames it shows the one that the decoder delivered last.
 class Renderer {
 public:
     /// \throws ToolError
@@ -33,18 +36,19 @@ public:
     /// Sets the view for the frame that the next call draws.
     void SetView(const View& view);
 
-    /// Draws the frame handed over before, and takes the next one. \p mask is not read unless
-    /// masked.
-    void Submit(uint8_t* frame, uint8_t* mask);
+    /// Hands over compressed data: one access unit.
+    void Feed(AVPacket& unit) { VEUpdateCompressedData(handle_.get(), unit.data, unit.size); }
 
-    /// Draws the frame handed over last.
-    void Finish() { Submit(nullptr, nullptr); }
+    /// Draws, and takes the next raw frame and mask. \p mask is not read unless masked.
+    void Draw(uint8_t* frame, uint8_t* mask);
+
+    Size FrameSize() const { return settings_.size; }
 
     /// What was drawn last; valid until the next call. \throws ToolError
     const Image& ReadBack();
 
-    /// Time spent drawing so far, the GL's included.
-    std::chrono::duration<double> DrawingTime() const { return drawingTime_; }
+    /// Time that a draw took on average, the GL's included.
+    double MillisecondsPerDraw() const;
 
 private:
     struct DestroyHandle {
@@ -63,5 +67,6 @@ private:
     // Goes before the handle, with which framebuffers of the application's may be deleted.
     TextureReader reader_;
     Image image_;
-    std::chrono::duration<double> drawingTime_{};
+    std::chrono::duration<double, std::milli> drawingTime_{};
+    int64_t draws_ = 0;
 };

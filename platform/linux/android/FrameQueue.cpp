@@ -47,7 +47,22 @@ void FrameQueue::Queue(std::unique_ptr<WindowFrame> frame) {
 
 std::unique_ptr<WindowFrame> FrameQueue::Acquire() {
     const std::lock_guard<std::mutex> lock(mutex_);
+    if (newest_ != nullptr && latchListener_.call != nullptr) {
+        latchListener_.call(latchListener_.context);
+    }
     return std::move(newest_);
+}
+
+void FrameQueue::SetLatchListener(const LatchListener& listener) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    latchListener_ = listener;
+}
+
+void FrameQueue::RemoveLatchListener(const void* context) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (latchListener_.context == context) {
+        latchListener_ = {};
+    }
 }
 
 void FrameQueue::Recycle(std::unique_ptr<WindowFrame> frame) {

@@ -23,6 +23,10 @@ struct WindowFrame {
 class FrameQueue {
 public:
     using Listener = std::function<void()>;
+    struct LatchListener {
+        void (*call)(void* context) = nullptr;
+        void* context = nullptr;
+    };
 
     /// \name The producer's side
     /// \{
@@ -31,6 +35,9 @@ public:
     std::unique_ptr<WindowFrame> Dequeue(int width, int height);
     /// Makes \p frame the newest, and calls the listener on this thread.
     void Queue(std::unique_ptr<WindowFrame> frame);
+    /// To be called when a frame is acquired, with the queue locked.
+    void SetLatchListener(const LatchListener& listener);
+    void RemoveLatchListener(const void* context);
     /// \}
 
     /// \name The consumer's side
@@ -52,6 +59,7 @@ private:
     std::unique_ptr<WindowFrame> newest_;
     std::vector<std::unique_ptr<WindowFrame>> spare_;
     Listener listener_;
+    LatchListener latchListener_;
     int defaultWidth_ = 1;
     int defaultHeight_ = 1;
     bool abandoned_ = false;

@@ -89,4 +89,13 @@ int native_window_set_buffers_timestamp(ANativeWindow* window, int64_t timestamp
     return 0;
 }
 
+void native_window_set_latch_listener(ANativeWindow* window, void (*listener)(void*),
+                                      void* context) {
+    window->queue->SetLatchListener({listener, context});
+}
+
+void native_window_remove_latch_listener(ANativeWindow* window, void* context) {
+    window->queue->RemoveLatchListener(context);
+}
+
 }  // extern "C"

@@ -4,13 +4,14 @@
 #include <initializer_list>
 
 #include "MediaFormat.h"
+#include "Wait.h"
 
 namespace {
 
 constexpr ssize_t kNotStarted = AMEDIA_ERROR_INVALID_OPERATION;
 
 /// Room for a unit: none is larger than a picture without compression.
-size_t InputCapacity(const AMediaFormat& format, int width, int height) {
+size_t CapacityFor(const AMediaFormat& format, int width, int height) {
     constexpr size_t kLeast = 1 << 20;
     constexpr size_t kMostBytesPerPixel = 3;
     const auto* wanted = format.Find<int32_t>(AMEDIAFORMAT_KEY_MAX_INPUT_SIZE);
@@ -50,9 +51,9 @@ media_status_t Codec::Configure(const AMediaFormat& format, ANativeWindow* windo
         return AMEDIA_ERROR_INVALID_OPERATION;
     }
     configuration_ =
-        Configuration{{}, InputCapacity(format, *width, *height), ParameterSets(format), nullptr};
+        Configuration{{}, CapacityFor(format, *width, *height), ParameterSets(format), nullptr};
     if (window != nullptr) {
-        configuration_->renderer = std::make_shared<WindowRenderer>(window);
+        configuration_->renderer = std::make_shared<WindowRenderer>(window, flow_);
     }
     return AMEDIA_OK;
 }
@@ -67,15 +68,22 @@ media_status_t Codec::Start() {
     if (!decoder->IsOpen()) {
         return AMEDIA_ERROR_MALFORMED;
     }
-    session_ = std::make_shared<DecodeSession>(std::move(decoder), configuration_->inputCapacity,
-                                               configuration_->announced);
+    session_ = NewSession(std::move(decoder), configuration_->announced);
     return AMEDIA_OK;
+}
+
+std::shared_ptr<DecodeSession> Codec::NewSession(std::unique_ptr<VideoDecoder> decoder,
+                                                 const PictureFormat& announced) {
+    flow_->Open();
+    return std::make_shared<DecodeSession>(std::move(decoder), configuration_->inputCapacity,
+                                           announced, flow_);
 }
 
 media_status_t Codec::Stop() {
     const std::lock_guard<std::mutex> lock(mutex_);
     if (session_ != nullptr) {
         session_->Stop();
+        flow_->Close();
     }
     session_ = nullptr;
     configuration_ = std::nullopt;
@@ -90,8 +98,7 @@ media_status_t Codec::Flush() {
     auto decoder = session_->Stop();
     decoder->Flush();
     const PictureFormat announced = session_->Output().Format();
-    session_ = std::make_shared<DecodeSession>(std::move(decoder), configuration_->inputCapacity,
-                                               announced);
+    session_ = NewSession(std::move(decoder), announced);
     return AMEDIA_OK;
 }
 
@@ -114,7 +121,18 @@ media_status_t Codec::QueueInput(size_t index, size_t offset, size_t size, int64
 
 ssize_t Codec::DequeueOutput(AMediaCodecBufferInfo* info, int64_t timeoutUs) {
     const auto session = Session();
-    return session != nullptr ? session->Output().Dequeue(info, timeoutUs) : kNotStarted;
+    if (session == nullptr) {
+        return kNotStarted;
+    }
+    const Deadline deadline(timeoutUs);
+    if (!flow_->TakeTurn(timeoutUs)) {
+        return AMEDIACODEC_INFO_TRY_AGAIN_LATER;
+    }
+    const ssize_t result = session->Output().Dequeue(info, deadline.LeftUs());
+    if (result < 0) {
+        flow_->EndTurn();
+    }
+    return result;
 }
 
 uint8_t* Codec::OutputData(size_t index, size_t* size) {
@@ -129,19 +147,45 @@ std::optional<PictureFormat> Codec::OutputFormat() {
 }
 
 media_status_t Codec::ReleaseOutput(size_t index, bool render, std::optional<int64_t> timestampNs) {
-    constexpr int64_t kNanosecondsPerMicrosecond = 1000;
     const auto session = Session();
     if (session == nullptr) {
         return AMEDIA_ERROR_INVALID_OPERATION;
     }
     Picture picture;
     const media_status_t status = session->Output().Release(index, &picture);
-    const auto renderer = Renderer();
-    if (status == AMEDIA_OK && render && picture.frame != nullptr && renderer != nullptr) {
-        renderer->Render(picture,
-                         timestampNs.value_or(picture.timeUs * kNanosecondsPerMicrosecond));
+    if (status != AMEDIA_OK) {
+        return status;
+    }
+    if (picture.frame == nullptr) {
+        flow_->End();
+    } else if (render) {
+        Show(picture, timestampNs);
+    } else {
+        flow_->EndTurn();
     }
     return status;
+}
+
+void Codec::Show(const Picture& picture, std::optional<int64_t> timestampNs) {
+    constexpr int64_t kNanosecondsPerMicrosecond = 1000;
+    const auto renderer = Renderer();
+    if (renderer != nullptr &&
+        renderer->Render(picture,
+                         timestampNs.value_or(picture.timeUs * kNanosecondsPerMicrosecond))) {
+        flow_->Deliver(picture.unit);
+    } else {
+        flow_->EndTurn();
+    }
+}
+
+ssize_t Codec::WaitForInput(int64_t timeoutUs) {
+    const auto session = Session();
+    return session != nullptr ? session->Input().WaitForFree(timeoutUs) : kNotStarted;
+}
+
+size_t Codec::InputCapacity() {
+    const auto session = Session();
+    return session != nullptr ? session->Input().Capacity() : 0;
 }
 
 std::shared_ptr<DecodeSession> Codec::Session() {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "DecodeSession.h"
+#include "FrameFlow.h"
 #include "WindowRenderer.h"
 
 /// The states of a codec, and its calls in them. Thread-safe: calls that wait for buffers hold the
@@ -35,6 +36,15 @@ public:
     std::optional<PictureFormat> OutputFormat();
     media_status_t ReleaseOutput(size_t index, bool render, std::optional<int64_t> timestampNs);
 
+    /// \name For the host
+    /// \{
+    FrameFlow& Flow() { return *flow_; }
+    /// \return 0 when DequeueInput() would give a buffer at once, or what else it would give.
+    ssize_t WaitForInput(int64_t timeoutUs);
+    /// \return 0 before Start().
+    size_t InputCapacity();
+    /// \}
+
 private:
     struct Configuration {
         PictureFormat announced;
@@ -44,9 +54,13 @@ private:
     };
 
     std::shared_ptr<DecodeSession> Session();
+    std::shared_ptr<DecodeSession> NewSession(std::unique_ptr<VideoDecoder> decoder,
+                                              const PictureFormat& announced);
     std::shared_ptr<WindowRenderer> Renderer();
+    void Show(const Picture& picture, std::optional<int64_t> timestampNs);
 
     const std::string mimeType_;
+    const std::shared_ptr<FrameFlow> flow_ = std::make_shared<FrameFlow>();
     std::mutex mutex_;
     std::optional<Configuration> configuration_;
     std::shared_ptr<DecodeSession> session_;

@@ -3,10 +3,11 @@
 #include <utility>
 
 DecodeSession::DecodeSession(std::unique_ptr<VideoDecoder> decoder, size_t inputCapacity,
-                             const PictureFormat& announced)
+                             const PictureFormat& announced, std::shared_ptr<FrameFlow> flow)
     : decoder_(std::move(decoder)),
       input_(inputCapacity),
       output_(announced),
+      flow_(std::move(flow)),
       thread_(&DecodeSession::Run, this) {}
 
 DecodeSession::~DecodeSession() {
@@ -38,7 +39,7 @@ void DecodeSession::Run() {
 void DecodeSession::DecodeUnit(const InputUnit& unit) {
     const auto push = [this](Picture picture) { return output_.Push(std::move(picture)); };
     if (unit.size > 0) {
-        decoder_->Decode(unit, push);
+        decoder_->Decode(unit, flow_->ReorderDepth(), push);
     }
     if ((unit.flags & AMEDIACODEC_BUFFER_FLAG_END_OF_STREAM) != 0) {
         decoder_->Drain(push);

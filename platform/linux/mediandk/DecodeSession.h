@@ -3,6 +3,7 @@
 #include <memory>
 #include <thread>
 
+#include "FrameFlow.h"
 #include "InputBuffers.h"
 #include "OutputBuffers.h"
 #include "VideoDecoder.h"
@@ -11,7 +12,7 @@
 class DecodeSession {
 public:
     DecodeSession(std::unique_ptr<VideoDecoder> decoder, size_t inputCapacity,
-                  const PictureFormat& announced);
+                  const PictureFormat& announced, std::shared_ptr<FrameFlow> flow);
     ~DecodeSession();
     DecodeSession(const DecodeSession&) = delete;
     DecodeSession& operator=(const DecodeSession&) = delete;
@@ -31,5 +32,6 @@ private:
     std::unique_ptr<VideoDecoder> decoder_;
     InputBuffers input_;
     OutputBuffers output_;
+    const std::shared_ptr<FrameFlow> flow_;
     std::thread thread_;
 };

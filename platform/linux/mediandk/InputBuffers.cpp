@@ -26,11 +26,9 @@ InputBuffers::InputBuffers(size_t capacity) : capacity_(capacity) {
 
 ssize_t InputBuffers::Dequeue(int64_t timeoutUs) {
     std::unique_lock<std::mutex> lock(mutex_);
-    if (!WaitFor(freed_, lock, timeoutUs, [this] { return closed_ || !free_.empty(); })) {
-        return AMEDIACODEC_INFO_TRY_AGAIN_LATER;
-    }
-    if (closed_) {
-        return AMEDIA_ERROR_INVALID_OPERATION;
+    const ssize_t status = WaitForFree(lock, timeoutUs);
+    if (status < 0) {
+        return status;
     }
     const size_t index = free_.front();
     Slot& slot = slots_[index];
@@ -40,6 +38,18 @@ ssize_t InputBuffers::Dequeue(int64_t timeoutUs) {
     free_.pop_front();
     slot.owner = Owner::kClient;
     return static_cast<ssize_t>(index);
+}
+
+ssize_t InputBuffers::WaitForFree(int64_t timeoutUs) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    return WaitForFree(lock, timeoutUs);
+}
+
+ssize_t InputBuffers::WaitForFree(std::unique_lock<std::mutex>& lock, int64_t timeoutUs) {
+    if (!WaitFor(freed_, lock, timeoutUs, [this] { return closed_ || !free_.empty(); })) {
+        return AMEDIACODEC_INFO_TRY_AGAIN_LATER;
+    }
+    return closed_ ? static_cast<ssize_t>(AMEDIA_ERROR_INVALID_OPERATION) : 0;
 }
 
 uint8_t* InputBuffers::Data(size_t index, size_t* capacity) {
@@ -66,7 +76,7 @@ media_status_t InputBuffers::Queue(size_t index, size_t offset, size_t size, int
     uint8_t* data = slot.storage->data + offset;
     std::memset(data + size, 0, AV_INPUT_BUFFER_PADDING_SIZE);
     slot.owner = Owner::kDecoder;
-    units_.push_back({index, &slot.storage, data, size, timeUs, flags});
+    units_.push_back({index, queuedCount_++, &slot.storage, data, size, timeUs, flags});
     queued_.notify_one();
     return AMEDIA_OK;
 }
@@ -90,7 +100,7 @@ void InputBuffers::GiveBack(const InputUnit& unit) {
     }
     slot.owner = Owner::kNobody;
     free_.push_back(unit.index);
-    freed_.notify_one();
+    freed_.notify_all();  // A host may wait besides the client.
 }
 
 void InputBuffers::Close() {

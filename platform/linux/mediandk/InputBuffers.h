@@ -13,6 +13,7 @@
 /// One access unit on its way to the decoder. The bytes are followed by zeros, as libavcodec wants.
 struct InputUnit {
     size_t index;
+    int64_t number;  ///< Counted from 0 in the order of queuing.
     const av::Buffer* storage;
     const uint8_t* data;
     size_t size;
@@ -33,6 +34,9 @@ public:
     /// \return null unless the client holds the buffer.
     uint8_t* Data(size_t index, size_t* capacity);
     media_status_t Queue(size_t index, size_t offset, size_t size, int64_t timeUs, uint32_t flags);
+    /// \return 0 when Dequeue() would give a buffer at once, or what else it would give.
+    ssize_t WaitForFree(int64_t timeoutUs);
+    size_t Capacity() const { return capacity_; }
     /// \}
 
     /// \name The decoder's side
@@ -53,6 +57,7 @@ private:
     };
     static constexpr size_t kCount = 8;
 
+    ssize_t WaitForFree(std::unique_lock<std::mutex>& lock, int64_t timeoutUs);
     bool HeldByClient(size_t index) const;
 
     const size_t capacity_;
@@ -62,5 +67,6 @@ private:
     std::array<Slot, kCount> slots_;
     std::deque<size_t> free_;
     std::deque<InputUnit> units_;
+    int64_t queuedCount_ = 0;
     bool closed_ = false;
 };

@@ -3,6 +3,7 @@
 #include <deque>
 
 #include "Codec.h"
+#include "CurrentCodec.h"
 #include "MediaLog.h"
 
 /// What a handle points to. It outlives its codec, so that a late call finds none instead of
@@ -61,7 +62,9 @@ AMediaCodec* AMediaCodec_createDecoderByType(const char* mimeType) {
                             mimeType != nullptr ? mimeType : "(null)");
         return nullptr;
     }
-    return NewHandle(std::make_shared<Codec>(mimeType));
+    auto codec = std::make_shared<Codec>(mimeType);
+    SetCurrentCodec(codec);
+    return NewHandle(std::move(codec));
 }
 
 media_status_t AMediaCodec_delete(AMediaCodec* codec) {

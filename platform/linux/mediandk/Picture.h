@@ -24,6 +24,7 @@ struct Picture {
     av::Frame frame;
     PictureFormat format;
     int64_t timeUs = 0;
+    int64_t unit = -1;  ///< The number of the unit that gave it.
 };
 
 /// Takes what the stream says of a frame's colours, and what is customary where it says nothing.

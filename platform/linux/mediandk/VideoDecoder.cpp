@@ -1,5 +1,6 @@
 #include "VideoDecoder.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "MediaLog.h"
@@ -49,7 +50,9 @@ VideoDecoder::VideoDecoder(AVCodecID codec, const std::vector<uint8_t>& paramete
     }
 }
 
-void VideoDecoder::Decode(const InputUnit& unit, const Sink& sink) {
+void VideoDecoder::Decode(const InputUnit& unit, int reorderDepth, const Sink& sink) {
+    context_->has_b_frames = std::max(context_->has_b_frames, reorderDepth);
+    context_->reordered_opaque = unit.number;  // Comes out with the unit's picture.
     packet_->buf = av_buffer_ref(unit.storage->get());
     packet_->data = const_cast<uint8_t*>(unit.data);
     packet_->size = static_cast<int>(unit.size);
@@ -86,6 +89,7 @@ void VideoDecoder::Receive(const Sink& sink) {
         }
         picture.format = FormatOf(*picture.frame);
         picture.timeUs = picture.frame->pts;
+        picture.unit = picture.frame->reordered_opaque;
         if (!CanConvert(picture.format)) {
             __android_log_print(ANDROID_LOG_WARN, kMediaLogTag,
                                 "skipped a picture of unsupported layout %s",

@@ -22,7 +22,8 @@ public:
     bool IsOpen() const { return context_ != nullptr; }
 
     /// Logs and skips what cannot be decoded.
-    void Decode(const InputUnit& unit, const Sink& sink);
+    /// \param reorderDepth how many pictures to hold back at least, for their order.
+    void Decode(const InputUnit& unit, int reorderDepth, const Sink& sink);
 
     /// Hands out the pictures held back for their order.
     void Drain(const Sink& sink);

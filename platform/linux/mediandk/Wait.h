@@ -1,9 +1,28 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
+
+/// The end of a wait that is made of several.
+class Deadline {
+public:
+    /// \param timeoutUs microseconds; negative: there is none.
+    explicit Deadline(int64_t timeoutUs) : timeoutUs_(timeoutUs) {}
+
+    int64_t LeftUs() const {
+        using std::chrono::microseconds;
+        const auto passed = std::chrono::steady_clock::now() - start_;
+        const int64_t passedUs = std::chrono::duration_cast<microseconds>(passed).count();
+        return timeoutUs_ < 0 ? timeoutUs_ : std::max<int64_t>(0, timeoutUs_ - passedUs);
+    }
+
+private:
+    const int64_t timeoutUs_;
+    const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+};
 
 /// Waits until \p ready, at most \p timeoutUs microseconds, or without end where that is negative.
 /// \return whether it is ready.

@@ -2,24 +2,30 @@
 
 #include <system/window.h>
 
-WindowRenderer::WindowRenderer(ANativeWindow* window) : window_(window) {
+#include <utility>
+
+WindowRenderer::WindowRenderer(ANativeWindow* window, std::shared_ptr<FrameFlow> flow)
+    : window_(window), flow_(std::move(flow)) {
     ANativeWindow_acquire(window_);
+    const auto latch = [](void* flow) { static_cast<FrameFlow*>(flow)->Latch(); };
+    native_window_set_latch_listener(window_, latch, flow_.get());
 }
 
 WindowRenderer::~WindowRenderer() {
+    native_window_remove_latch_listener(window_, flow_.get());
     ANativeWindow_release(window_);
 }
 
-void WindowRenderer::Render(const Picture& picture, int64_t timestampNs) {
+bool WindowRenderer::Render(const Picture& picture, int64_t timestampNs) {
     constexpr int kPixelSize = 4;
     const std::lock_guard<std::mutex> lock(mutex_);
     ANativeWindow_setBuffersGeometry(window_, picture.format.width, picture.format.height,
                                      WINDOW_FORMAT_RGBA_8888);
     ANativeWindow_Buffer buffer;
     if (ANativeWindow_lock(window_, &buffer, nullptr) != 0) {
-        return;
+        return false;
     }
     ConvertToRgba(picture, static_cast<uint8_t*>(buffer.bits), buffer.stride * kPixelSize);
     native_window_set_buffers_timestamp(window_, timestampNs);
-    ANativeWindow_unlockAndPost(window_);
+    return ANativeWindow_unlockAndPost(window_) == 0;
 }

@@ -1,8 +1,10 @@
 #include "JavaTest.h"
 
 #include <gtest/gtest.h>
+#include <linux_platform/Host.h>
 
 #include <array>
+#include <cstdio>
 
 namespace {
 
@@ -10,16 +12,17 @@ JavaVM* machine = nullptr;
 JNIEnv* mainEnv = nullptr;
 
 bool StartMachine() {
-    std::string classPath = "-Djava.class.path=" TEST_CLASS_PATH;
-    std::string libraryPath = "-Djava.library.path=" TEST_LIBRARY_PATH;
-    std::string check = "-Xcheck:jni";
-    std::array<JavaVMOption, 3> options = {
-        {{classPath.data(), nullptr}, {libraryPath.data(), nullptr}, {check.data(), nullptr}}};
-    JavaVMInitArgs arguments = {JNI_VERSION_10, options.size(), options.data(), JNI_FALSE};
+    const HostJavaOptions options = {nullptr, TEST_CLASS_PATH, nullptr, 1};
+    std::array<char, 256> error{};
+    machine = HostJava_start(&options, error.data(), error.size());
+    if (machine == nullptr) {
+        std::fprintf(stderr, "%s\n", error.data());
+        return false;
+    }
     void* env = nullptr;
-    const bool started = JNI_CreateJavaVM(&machine, &env, &arguments) == JNI_OK;
+    const bool attached = machine->GetEnv(&env, JNI_VERSION_10) == JNI_OK;
     mainEnv = static_cast<JNIEnv*>(env);
-    return started;
+    return attached;
 }
 
 }  // namespace

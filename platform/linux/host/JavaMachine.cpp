@@ -1,0 +1,83 @@
+#include <dlfcn.h>
+#include <linux_platform/Host.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+using CreateMachine = jint (*)(JavaVM** machine, void** env, void* arguments);
+
+std::string Or(const char* given, const char* fallback) {
+    return given != nullptr ? given : fallback;
+}
+
+/// libjvm stays loaded: a machine cannot be taken down again.
+CreateMachine LoadLibrary(const std::string& javaHome) {
+    const std::string path = javaHome + "/lib/server/libjvm.so";
+    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* function = library != nullptr ? dlsym(library, "JNI_CreateJavaVM") : nullptr;
+    if (function == nullptr) {
+        throw std::runtime_error("no Java machine in " + javaHome);
+    }
+    return reinterpret_cast<CreateMachine>(function);
+}
+
+/// The machine itself says nothing of what its class path lacks.
+void CheckReadable(const std::string& classPath) {
+    for (size_t begin = 0; begin < classPath.size();) {
+        const size_t end = std::min(classPath.find(':', begin), classPath.size());
+        const std::string entry = classPath.substr(begin, end - begin);
+        if (access(entry.c_str(), R_OK) != 0) {
+            throw std::runtime_error("cannot read " + entry);
+        }
+        begin = end + 1;
+    }
+}
+
+JavaVM* Start(const HostJavaOptions& options) {
+    const std::string javaHome = Or(options.javaHome, Or(getenv("JAVA_HOME"), JAVA_HOME).c_str());
+    const std::string jar = Or(options.classPath, ANDROID_JAR);
+    CheckReadable(jar);
+    const CreateMachine create = LoadLibrary(javaHome);
+
+    std::string classPath = "-Djava.class.path=" + jar;
+    std::string libraryPath = "-Djava.library.path=" + Or(options.libraryPath, ANDROID_LIBRARIES);
+    std::string signals = "-Xrs";  // The program's, not the machine's, where that can do without.
+    std::string collector = "-XX:+UseSerialGC";  // The one without threads of its own.
+    std::string check = "-Xcheck:jni";
+    std::array<JavaVMOption, 5> list = {{{classPath.data(), nullptr},
+                                         {libraryPath.data(), nullptr},
+                                         {signals.data(), nullptr},
+                                         {collector.data(), nullptr},
+                                         {check.data(), nullptr}}};
+    const jint count = static_cast<jint>(list.size()) - (options.checkJni != 0 ? 0 : 1);
+    JavaVMInitArgs arguments = {JNI_VERSION_10, count, list.data(), JNI_FALSE};
+    JavaVM* machine = nullptr;
+    void* env = nullptr;
+    const jint status = create(&machine, &env, &arguments);
+    if (status != JNI_OK) {
+        throw std::runtime_error("the Java machine does not start, error " +
+                                 std::to_string(status));
+    }
+    return machine;
+}
+
+}  // namespace
+
+extern "C" JavaVM* HostJava_start(const HostJavaOptions* options, char* error, size_t errorSize) {
+    try {
+        return Start(options != nullptr ? *options : HostJavaOptions{});
+    } catch (const std::exception& exception) {
+        if (error != nullptr && errorSize > 0) {
+            std::strncpy(error, exception.what(), errorSize - 1);
+            error[errorSize - 1] = '\0';
+        }
+        return nullptr;
+    }
+}

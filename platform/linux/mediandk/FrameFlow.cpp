@@ -1,0 +1,75 @@
+#include "FrameFlow.h"
+
+#include "Wait.h"
+
+void FrameFlow::Open() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    open_ = true;
+    ended_ = false;
+    turnTaken_ = false;
+}
+
+void FrameFlow::Close() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    open_ = false;
+    changed_.notify_all();
+}
+
+bool FrameFlow::TakeTurn(int64_t timeoutUs) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    const auto free = [this] { return !open_ || !lockStep_ || !turnTaken_; };
+    if (!WaitFor(changed_, lock, timeoutUs, free)) {
+        return false;
+    }
+    turnTaken_ = true;
+    return true;
+}
+
+void FrameFlow::EndTurn() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    turnTaken_ = false;
+    changed_.notify_all();
+}
+
+void FrameFlow::Deliver(int64_t unit) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    ++frames_.delivered;
+    frames_.unit = unit;
+    changed_.notify_all();
+}
+
+void FrameFlow::End() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    ended_ = true;
+    turnTaken_ = false;
+    changed_.notify_all();
+}
+
+void FrameFlow::Latch() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    ++frames_.latched;
+    turnTaken_ = false;
+    changed_.notify_all();
+}
+
+void FrameFlow::SetLockStep(bool on) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    lockStep_ = on;
+    changed_.notify_all();
+}
+
+HostResult FrameFlow::Wait(int64_t seen, int64_t timeoutUs, HostFrames* frames) {
+    std::unique_lock<std::mutex> lock(mutex_);
+    const auto done = [this, seen] { return frames_.delivered > seen || ended_ || !open_; };
+    const bool inTime = WaitFor(changed_, lock, timeoutUs, done);
+    if (frames != nullptr) {
+        *frames = frames_;
+    }
+    if (!inTime) {
+        return HOST_TIMED_OUT;
+    }
+    if (frames_.delivered > seen) {
+        return HOST_READY;
+    }
+    return ended_ ? HOST_ENDED : HOST_CLOSED;
+}

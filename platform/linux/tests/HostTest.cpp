@@ -1,0 +1,186 @@
+// What a host program sees of a codec, and lock-step.
+
+#include <gtest/gtest.h>
+#include <linux_platform/Host.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "CodecClient.h"
+#include "TestWindow.h"
+
+namespace {
+
+constexpr int64_t kLongUs = 10'000'000;
+constexpr int64_t kShortUs = 20'000;
+
+struct Release {
+    void operator()(HostDecoder* decoder) const { HostDecoder_release(decoder); }
+};
+using Host = std::unique_ptr<HostDecoder, Release>;
+
+/// Releases every picture to the window as it comes, on a thread of its own.
+class Drainer {
+public:
+    explicit Drainer(AMediaCodec* codec) : thread_([this, codec] { Run(codec); }) {}
+    ~Drainer() {
+        stop_ = true;
+        thread_.join();
+    }
+    Drainer(const Drainer&) = delete;
+    Drainer& operator=(const Drainer&) = delete;
+
+private:
+    void Run(AMediaCodec* codec) {
+        while (!stop_) {
+            AMediaCodecBufferInfo info;
+            const ssize_t index = AMediaCodec_dequeueOutputBuffer(codec, &info, 1000);
+            if (index >= 0) {
+                AMediaCodec_releaseOutputBuffer(codec, static_cast<size_t>(index), info.size != 0);
+            }
+        }
+    }
+
+    std::atomic<bool> stop_{false};
+    std::thread thread_;
+};
+
+void QueueUnit(AMediaCodec* codec, const TestUnit& unit) {
+    const ssize_t index = AMediaCodec_dequeueInputBuffer(codec, 0);
+    ASSERT_GE(index, 0);
+    const auto slot = static_cast<size_t>(index);
+    std::copy(unit.bytes.begin(), unit.bytes.end(),
+              AMediaCodec_getInputBuffer(codec, slot, nullptr));
+    AMediaCodec_queueInputBuffer(codec, slot, 0, unit.bytes.size(), 0, 0);
+}
+
+TestStream BrighteningStream(int bFrames) {
+    TestStream stream;
+    stream.bFrames = bFrames;
+    stream.picture = [](int index) { return Grey(static_cast<uint8_t>(30 + 4 * index)); };
+    return stream;
+}
+
+class HostOfDecoder : public testing::Test {
+protected:
+    /// Plays all of \p units, each picture after the other. \return a pixel of each, and its unit.
+    std::vector<std::pair<int, int64_t>> Play(CodecClient& client, HostDecoder* host,
+                                              const std::vector<TestUnit>& units) {
+        const Drainer drainer(client.Get());
+        for (const TestUnit& unit : units) {
+            while (HostDecoder_waitForInput(host, 1000) == HOST_TIMED_OUT) {
+                TakePicture(host, 0);
+            }
+            QueueUnit(client.Get(), unit);
+        }
+        while (HostDecoder_endStream(host, 1000) == HOST_TIMED_OUT) {
+            TakePicture(host, 0);
+        }
+        while (TakePicture(host, kLongUs) == HOST_READY) {
+        }
+        return std::move(seen);
+    }
+
+    HostResult TakePicture(HostDecoder* host, int64_t timeoutUs) {
+        HostFrames frames;
+        const auto count = static_cast<int64_t>(seen.size());
+        const HostResult result = HostDecoder_waitForFrame(host, count, timeoutUs, &frames);
+        if (result == HOST_READY) {
+            EXPECT_EQ(frames.delivered, count + 1) << "one at a time";
+            auto frame = window.queue->Acquire();
+            seen.emplace_back(frame->pixels[0], frames.unit);
+            window.queue->Recycle(std::move(frame));
+        }
+        return result;
+    }
+
+    TestWindow window;
+    std::vector<std::pair<int, int64_t>> seen;
+};
+
+TEST_F(HostOfDecoder, SeesEveryPictureOnceInLockStep) {
+    constexpr int kCount = 40;
+    for (const int bFrames : {0, 2}) {
+        const TestStream stream = BrighteningStream(bFrames);
+        const auto units = Encode(stream, kCount);
+        CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}});
+        const Host host(HostDecoder_acquire());
+        HostDecoder_setLockStep(host.get(), 1);
+        const auto pictures = Play(client, host.get(), units);
+        ASSERT_EQ(pictures.size(), static_cast<size_t>(kCount));
+        for (int i = 0; i < kCount; ++i) {
+            const auto& [level, unit] = pictures[static_cast<size_t>(i)];
+            EXPECT_NEAR(level, (30 + 4 * i - 16) * 255 / 219, 2);
+            EXPECT_EQ(units[static_cast<size_t>(unit)].timeUs, i * kFrameTimeUs);
+        }
+    }
+}
+
+TEST_F(HostOfDecoder, KeepsTimeOutsWhileAPictureWaitsToBeShown) {
+    const TestStream stream = BrighteningStream(0);
+    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}});
+    const Host host(HostDecoder_acquire());
+    HostDecoder_setLockStep(host.get(), 1);
+    client.Feed(Encode(stream, 8));
+    AMediaCodecBufferInfo info;
+    while (HostDecoder_waitForFrame(host.get(), 0, 0, nullptr) == HOST_TIMED_OUT) {
+        const ssize_t index = AMediaCodec_dequeueOutputBuffer(client.Get(), &info, 1000);
+        if (index >= 0) {
+            AMediaCodec_releaseOutputBuffer(client.Get(), static_cast<size_t>(index), true);
+        }
+    }
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(AMediaCodec_dequeueOutputBuffer(client.Get(), &info, kShortUs),
+              AMEDIACODEC_INFO_TRY_AGAIN_LATER);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::microseconds(kShortUs));
+
+    // A wait without end is ended by the stop.
+    std::thread stopper([&client] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        AMediaCodec_stop(client.Get());
+    });
+    EXPECT_LT(AMediaCodec_dequeueOutputBuffer(client.Get(), &info, -1),
+              AMEDIACODEC_INFO_TRY_AGAIN_LATER);
+    stopper.join();
+    HostFrames frames;
+    EXPECT_EQ(HostDecoder_waitForFrame(host.get(), 1, -1, &frames), HOST_CLOSED);
+    EXPECT_EQ(frames.delivered, 1);
+    EXPECT_EQ(frames.latched, 0);
+}
+
+TEST_F(HostOfDecoder, AppliesToTheThreadsNewestDecoderAsLongAsThatLives) {
+    {
+        const CodecClient outer(CodecClient::Setup{});
+        const Host first(HostDecoder_acquire());
+        std::thread([] { EXPECT_EQ(HostDecoder_acquire(), nullptr); }).join();
+        CodecClient::Setup large;
+        large.width = 1920;
+        large.height = 1080;
+        const CodecClient inner(large);
+        const Host second(HostDecoder_acquire());
+        EXPECT_EQ(HostDecoder_inputCapacity(first.get()), size_t{1} << 20);
+        EXPECT_EQ(HostDecoder_inputCapacity(second.get()), 1920U * 1080 * 3);
+        EXPECT_EQ(HostDecoder_waitForInput(second.get(), 0), HOST_READY);
+        AMediaCodec_stop(inner.Get());
+        EXPECT_EQ(HostDecoder_waitForInput(second.get(), -1), HOST_CLOSED);
+        EXPECT_EQ(HostDecoder_endStream(second.get(), -1), HOST_CLOSED);
+        EXPECT_EQ(HostDecoder_inputCapacity(second.get()), 0U);
+    }
+    EXPECT_EQ(HostDecoder_acquire(), nullptr);
+}
+
+TEST_F(HostOfDecoder, DoesNotWaitForPicturesThatNobodyCanShow) {
+    const TestStream stream = BrighteningStream(0);
+    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}});
+    const Host host(HostDecoder_acquire());
+    HostDecoder_setLockStep(host.get(), 1);
+    window.queue->Abandon();
+    EXPECT_TRUE(Play(client, host.get(), Encode(stream, 12)).empty());
+}
+
+}  // namespace

@@ -1,0 +1,83 @@
+#include "VEAndroidCodec.h"
+
+#include <android/log.h>
+#include <android/native_window_jni.h>
+#include <media/NdkMediaCodec.h>
+
+#include <cstring>
+
+#include "render/VELog.h"
+
+namespace {
+
+constexpr char kSourceFile[] = "src/Render/OESRenderer/VEAndroidCodec.cpp";
+
+constexpr int64_t kInputTimeoutUs = 2000;
+constexpr int64_t kOutputTimeoutUs = 1000;
+
+/// The format is left to the process: it is small, and there is one per renderer.
+AMediaFormat* MakeFormat(int width, int height, const char* mimeType) {
+    AMediaFormat* format = AMediaFormat_new();
+    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_WIDTH, width);
+    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_HEIGHT, height);
+    AMediaFormat_setString(format, AMEDIAFORMAT_KEY_MIME, mimeType);
+    return format;
+}
+
+}  // namespace
+
+AndroidCodec::AndroidCodec(JNIEnv* env, jobject surface, int width, int height,
+                           const char* mimeType)
+    : window(ANativeWindow_fromSurface(env, surface)) {
+    const AMediaFormat* format = MakeFormat(width, height, mimeType);
+    codec = AMediaCodec_createDecoderByType(mimeType);
+    AMediaCodec_configure(codec, format, window, nullptr, 0);
+    AMediaCodec_start(codec);
+    LogWithFileTag(ANDROID_LOG_INFO, kSourceFile,
+                   "\n AndroidCodec init success, width (%d), height (%d), type (%s) \n", width,
+                   height, mimeType);
+}
+
+void AndroidCodec::flush(const void* data, int size) {
+    AMediaCodec* decoder = codec;
+    if (decoder == nullptr || data == nullptr || size <= 0) {
+        return;
+    }
+    const ssize_t index = AMediaCodec_dequeueInputBuffer(decoder, kInputTimeoutUs);
+    if (index < 0) {
+        return;
+    }
+    const auto slot = static_cast<size_t>(index);
+    const auto bytes = static_cast<size_t>(size);
+    size_t capacity = 0;
+    uint8_t* buffer = AMediaCodec_getInputBuffer(decoder, slot, &capacity);
+    std::memcpy(buffer, data, bytes);
+    // Every unit carries time 0: frames are shown in the order in which they come out.
+    AMediaCodec_queueInputBuffer(decoder, slot, 0, bytes, 0, 0);
+}
+
+void AndroidCodec::update() {
+    AMediaCodec* decoder = codec;
+    if (decoder == nullptr) {
+        return;
+    }
+    AMediaCodecBufferInfo info = {};
+    const ssize_t index = AMediaCodec_dequeueOutputBuffer(decoder, &info, kOutputTimeoutUs);
+    if (index < 0) {
+        return;
+    }
+    AMediaCodec_releaseOutputBuffer(decoder, static_cast<size_t>(index), info.size != 0);
+}
+
+void AndroidCodec::shutDown() {
+    LogWithFileTag(ANDROID_LOG_INFO, kSourceFile, "destroy android codec start..######renderer");
+    if (window != nullptr) {
+        ANativeWindow_release(window);
+        window = nullptr;
+    }
+    AMediaCodec* decoder = codec;
+    AMediaCodec_stop(decoder);
+    AMediaCodec_delete(decoder);
+    codec = nullptr;
+    LogWithFileTag(ANDROID_LOG_INFO, kSourceFile, "destroy android codec end..######renderer");
+}

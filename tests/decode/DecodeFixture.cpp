@@ -1,0 +1,79 @@
+#include "DecodeFixture.h"
+
+#include <linux_platform/Host.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+
+#include "PlainModel.h"
+#include "support/VideoReader.h"
+
+namespace {
+
+JavaVM* machine = nullptr;
+
+}  // namespace
+
+JavaVM* Machine() {
+    return machine;
+}
+
+TestStream ChangingStream() {
+    TestStream stream;
+    stream.picture = [](int index) {
+        const auto level = static_cast<uint8_t>(30 + 37 * index % 190);
+        return TestStream::Quarters{Yuv{level, 90, 160}, Yuv{60, level, 128}, Yuv{120, 128, level},
+                                    Yuv{level, 128, 128}};
+    };
+    return stream;
+}
+
+DecodeTest::DecodeTest() {
+    std::string name = (std::filesystem::temp_directory_path() / "decode.XXXXXX").string();
+    directory_ = mkdtemp(name.data());
+}
+
+DecodeTest::~DecodeTest() {
+    std::filesystem::remove_all(directory_);
+}
+
+std::unique_ptr<DecodePath> DecodeTest::Open(const std::string& path, double startSeconds) {
+    RendererSettings settings;
+    settings.javaVM = Machine();
+    return std::make_unique<DecodePath>(VideoFile(path, startSeconds), Options(), settings,
+                                        [] { return nullptr; });
+}
+
+int DecodeTest::ExpectAsDecoded(const std::string& path, double startSeconds) {
+    constexpr double kGood = 40.0;
+    const auto player = Open(path, startSeconds);
+    VideoReader reference(path, startSeconds);
+    const PlainModel model(player->Target().FrameSize());
+    int count = 0;
+    while (const AVFrame* frame = reference.Next()) {
+        EXPECT_TRUE(player->DrawNext({}, false)) << "frame " << count;
+        EXPECT_GE(model.Psnr(*frame, player->Target().ReadBack()), kGood) << "frame " << count;
+        ++count;
+        if (HasFailure()) {
+            return count;
+        }
+    }
+    EXPECT_FALSE(player->DrawNext({}, false)) << "a frame too many";
+    EXPECT_EQ(player->Lost(), reference.Lost());
+    EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
+    return count;
+}
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    av_log_set_level(AV_LOG_QUIET);
+    const HostJavaOptions options = {nullptr, nullptr, nullptr, 1};
+    std::array<char, 256> error{};
+    machine = HostJava_start(&options, error.data(), error.size());
+    if (machine == nullptr) {
+        std::fprintf(stderr, "%s\n", error.data());
+        return 1;
+    }
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <jni.h>
+
+#include <filesystem>
+#include <string>
+
+#include "MediaFile.h"
+#include "offscreen/OffscreenContext.h"
+#include "vornplay/DecodePath.h"
+
+/// The process's Java machine, which checks every JNI call.
+JavaVM* Machine();
+
+/// A different grey for each picture, so that none can be taken for another.
+TestStream ChangingStream();
+
+/// Plays files through the renderer, in a GL context and a directory of its own.
+class DecodeTest : public testing::Test {
+protected:
+    DecodeTest();
+    ~DecodeTest() override;
+
+    std::string Path(const std::string& name) const { return (directory_ / name).string(); }
+
+    /// A file as the player plays it in plain mode.
+    static std::unique_ptr<DecodePath> Open(const std::string& path, double startSeconds = 0.0);
+
+    /// Every frame that libavcodec decodes comes out, once, in order and in its colours.
+    /// \return how many
+    static int ExpectAsDecoded(const std::string& path, double startSeconds = 0.0);
+
+private:
+    std::filesystem::path directory_;
+    OffscreenContext context_;
+};

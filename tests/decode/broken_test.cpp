@@ -1,0 +1,86 @@
+// Streams that are not what they should be.
+
+#include <cstring>
+
+#include "DecodeFixture.h"
+#include "PlainModel.h"
+#include "support/VideoReader.h"
+
+namespace {
+
+constexpr int kCount = 30;
+constexpr int kKeyInterval = 10;
+
+/// Units of a stream with several slices a picture, its parameter sets in front of each key frame.
+std::vector<TestUnit> Units(const TestStream& stream) {
+    return Encode(stream, kCount);
+}
+
+TestStream Stream() {
+    TestStream stream = ChangingStream();
+    stream.keyInterval = kKeyInterval;
+    return stream;
+}
+
+class BrokenStream : public DecodeTest {
+protected:
+    /// Plays the units, of which those from \p first on are whole. Their pictures must be right,
+    /// and the others may be anything.
+    void ExpectRecovery(const std::vector<TestUnit>& units, int first) {
+        const TestStream stream = Stream();
+        WriteMedia(Path("broken.mkv"), stream, units, parameterSets_);
+        WriteMedia(Path("whole.mkv"), stream, Units(stream), parameterSets_);
+        std::vector<Image> drawn;
+        const auto player = Open(Path("broken.mkv"));
+        while (player->DrawNext({}, false)) {
+            drawn.push_back(player->Target().ReadBack());
+        }
+        EXPECT_LE(drawn.size(), static_cast<size_t>(kCount));
+        ASSERT_GE(drawn.size(), static_cast<size_t>(kCount - first));
+        EXPECT_EQ(player->Lost(), kCount - static_cast<int>(drawn.size()));
+
+        VideoReader reference(Path("whole.mkv"));
+        const PlainModel model(player->Target().FrameSize());
+        for (int i = 0; i < kCount; ++i) {
+            const AVFrame* frame = reference.Next();
+            if (i >= first) {
+                const Image& picture = drawn[drawn.size() - static_cast<size_t>(kCount - i)];
+                EXPECT_GE(model.Psnr(*frame, picture), 40.0) << i;
+            }
+        }
+    }
+
+    std::vector<uint8_t> parameterSets_ = [] {
+        TestStream stream = Stream();
+        stream.parameterSetsApart = true;
+        std::vector<uint8_t> sets;
+        Encode(stream, 1, &sets);
+        return sets;
+    }();
+};
+
+TEST_F(BrokenStream, RecoversFromALostUnit) {
+    auto units = Units(Stream());
+    units[4].bytes = {0, 0, 0, 1, 9, 0xF0};  // A delimiter and nothing else.
+    ExpectRecovery(units, kKeyInterval);
+}
+
+TEST_F(BrokenStream, RecoversFromATruncatedKeyFrame) {
+    auto units = Units(Stream());
+    units[kKeyInterval].bytes.resize(units[kKeyInterval].bytes.size() / 2);
+    ExpectRecovery(units, 2 * kKeyInterval);
+}
+
+TEST_F(BrokenStream, RecoversFromRandomBytes) {
+    auto units = Units(Stream());
+    uint32_t state = 1;
+    for (const size_t index : {3U, 5U, 6U}) {
+        for (size_t i = 5; i < units[index].bytes.size(); ++i) {
+            state = state * 1664525U + 1013904223U;
+            units[index].bytes[i] = static_cast<uint8_t>(state >> 24U);
+        }
+    }
+    ExpectRecovery(units, kKeyInterval);
+}
+
+}  // namespace

@@ -1,0 +1,126 @@
+// Streams of every kind that is played, in every container.
+
+#include <array>
+
+#include "DecodeFixture.h"
+
+namespace {
+
+constexpr int kCount = 25;
+
+struct Kind {
+    const char* file;
+    const char* encoder;
+    AVPixelFormat layout;
+    int bFrames;
+    AVColorSpace colours;
+    AVColorRange range;
+};
+
+class Streams : public DecodeTest, public testing::WithParamInterface<Kind> {};
+
+TEST_P(Streams, ComeOutFrameByFrameAsLibavcodecDecodesThem) {
+    const Kind& kind = GetParam();
+    TestStream stream = ChangingStream();
+    stream.encoder = kind.encoder;
+    stream.layout = kind.layout;
+    stream.bFrames = kind.bFrames;
+    stream.colours = kind.colours;
+    stream.range = kind.range;
+    const std::string path = Path(kind.file);
+    WriteMedia(path, stream, kCount);
+    EXPECT_EQ(ExpectAsDecoded(path), kCount);
+}
+
+constexpr AVColorSpace k601 = AVCOL_SPC_BT470BG;
+constexpr AVColorSpace k709 = AVCOL_SPC_BT709;
+constexpr AVColorRange kTv = AVCOL_RANGE_MPEG;
+constexpr AVColorRange kPc = AVCOL_RANGE_JPEG;
+constexpr AVPixelFormat k420 = AV_PIX_FMT_YUV420P;
+
+INSTANTIATE_TEST_SUITE_P(
+    , Streams,
+    testing::Values(Kind{"plain.mp4", "libx264", k420, 0, k601, kTv},
+                    Kind{"reordered.mp4", "libx264", k420, 3, k709, kTv},
+                    Kind{"full.mov", "libx264", k420, 2, k601, kPc},
+                    Kind{"wide.mkv", "libx264", AV_PIX_FMT_YUV422P, 2, k601, kTv},
+                    Kind{"raw.h264", "libx264", k420, 2, k601, kTv},
+                    Kind{"h264.avi", "libx264", k420, 0, k601, kTv},
+                    Kind{"jpeg.avi", "mjpeg", AV_PIX_FMT_YUVJ420P, 0, k601, kPc},
+                    Kind{"jpeg.mov", "mjpeg", AV_PIX_FMT_YUVJ422P, 0, k601, kPc},
+                    Kind{"raw.mjpeg", "mjpeg", AV_PIX_FMT_YUVJ444P, 0, k601, kPc}),
+    [](const auto& kind) {
+        std::string name = kind.param.file;
+        name[name.find('.')] = '_';
+        return name;
+    });
+
+TEST_F(DecodeTest, BeginsAtTheStartAlsoBetweenKeyFrames) {
+    TestStream stream = ChangingStream();
+    stream.bFrames = 2;
+    WriteMedia(Path("clip.mp4"), stream, kCount);
+    EXPECT_EQ(ExpectAsDecoded(Path("clip.mp4"), 14 * 0.04), kCount - 14);
+}
+
+TEST_F(DecodeTest, FitsPicturesOfAnotherSizeInMidStream) {
+    TestStream small = ChangingStream();
+    TestStream large = small;
+    large.width = 646;  // Cropped from a multiple of 16.
+    large.height = 362;
+    auto units = Encode(small, 5);
+    for (TestUnit& unit : Encode(large, 5)) {
+        unit.timeUs += 5 * kFrameTimeUs;
+        units.push_back(std::move(unit));
+    }
+    WriteMedia(Path("clip.h264"), small, units);
+    EXPECT_EQ(ExpectAsDecoded(Path("clip.h264")), 10);
+}
+
+// Frames are drawn at once and masks one call later; the player brings them together.
+TEST_F(DecodeTest, MeetsEachFrameWithItsMask) {
+    constexpr int kPictures = 7;
+    WriteMedia(Path("clip.mp4"), ChangingStream(), kPictures);
+    std::array<std::array<uint8_t, 4>, kPictures + 1> masks{};
+    for (size_t i = 0; i < masks.size(); i += 3) {
+        masks.at(i) = {1, 1, 1, static_cast<uint8_t>(100 + i)};  // The others key the picture out.
+    }
+    RendererSettings settings;
+    settings.javaVM = Machine();
+    settings.masked = true;
+    settings.maskSize = {1, 1};
+    size_t next = 0;
+    // From the fourth picture on, which is no key frame.
+    DecodePath player(VideoFile(Path("clip.mp4"), 3 * 0.04), Options(), settings,
+                      [&] { return masks.at(next++).data(); });
+    for (size_t i = 0; i < kPictures - 3; ++i) {
+        ASSERT_TRUE(player.DrawNext({}, false));
+        const uint8_t* pixel = player.Target().ReadBack().At(250, 200);
+        if (i % 3 == 0) {
+            EXPECT_NEAR(pixel[0], (30 + 37 * (static_cast<int>(i) + 3) % 190 - 16) * 255 / 219, 2);
+            EXPECT_EQ(pixel[3], 100 + i);
+        } else {
+            EXPECT_EQ(pixel[0], 169);
+            EXPECT_EQ(pixel[3], 0);
+        }
+    }
+    EXPECT_FALSE(player.DrawNext({}, false));
+}
+
+// Larger than the least that a decoder takes, but not than a picture of this size without
+// compression.
+TEST_F(DecodeTest, TakesUnitsOfTwoMegabytes) {
+    TestStream stream = ChangingStream();
+    stream.encoder = "mjpeg";
+    stream.layout = AV_PIX_FMT_YUVJ444P;
+    stream.range = AVCOL_RANGE_JPEG;
+    stream.width = 1280;
+    stream.height = 720;
+    auto units = Encode(stream, 3);
+    for (TestUnit& unit : units) {
+        unit.bytes.resize(2 << 20);  // A picture may be followed by zeros.
+    }
+    WriteMedia(Path("clip.avi"), stream, units);
+    EXPECT_EQ(ExpectAsDecoded(Path("clip.avi")), 3);
+}
+
+}  // namespace

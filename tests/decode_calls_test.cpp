@@ -1,0 +1,234 @@
+// The decode renderer's calls to Java and to the platform's decoder: their order, their arguments,
+// and what becomes of failures. The platform is a fake; GL is real.
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <thread>
+
+#include "support/FakePlatform.h"
+#include "support/LogCapture.h"
+#include "support/RendererHarness.h"
+
+namespace {
+
+using Journal = std::vector<std::string>;
+
+VERendererMode Mode(int modeType, int outputMode = VE_OUTPUT_PICTURE) {
+    return {outputMode, modeType, 64, 48, VE_MASK_RGBA, 4, 4};
+}
+
+void WaitUntil(const std::function<bool()>& condition) {
+    for (int i = 0; i < 5000 && !condition(); ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    EXPECT_TRUE(condition());
+}
+
+long LiveThreads() {
+    namespace fs = std::filesystem;
+    return std::distance(fs::directory_iterator("/proc/self/task"), fs::directory_iterator());
+}
+
+class DecodeCalls : public testing::Test {
+protected:
+    ~DecodeCalls() override {
+        platform.outputIndex = -1;
+        platform.unblockOutput();
+        WaitUntil([this] { return LiveThreads() <= threadsBefore; });
+    }
+
+    void* create(VERendererMode mode, JavaVM* machine) {
+        void* handle = nullptr;
+        EXPECT_EQ(0, VECreateRendererHandle(&handle, static_cast<int>(texture), &mode, machine));
+        EXPECT_NE(nullptr, handle);
+        return handle;
+    }
+
+    void* create(int modeType = VE_MODE_H264) { return create(Mode(modeType), platform.machine()); }
+
+    TestContext context;
+    FakePlatform& platform = FakePlatform::Get();
+    unsigned texture = NewTexture();
+    long threadsBefore = LiveThreads();
+};
+
+TEST_F(DecodeCalls, CreationAttachesBuildsTheSurfaceAndStartsTheDecoder) {
+    void* handle = create(VE_MODE_MJPEG);
+    EXPECT_EQ((Journal{"AttachCurrentThread",
+                       "FindClass android/graphics/SurfaceTexture",
+                       "GetMethodID <init>(I)V",
+                       "NewObject",
+                       "NewGlobalRef",
+                       "DeleteLocalRef",
+                       "GetMethodID updateTexImage()V",
+                       "GetMethodID setDefaultBufferSize(II)V",
+                       "DeleteLocalRef",
+                       "FindClass android/view/Surface",
+                       "GetMethodID <init>(Landroid/graphics/SurfaceTexture;)V",
+                       "NewObject",
+                       "NewGlobalRef",
+                       "DeleteLocalRef",
+                       "DeleteLocalRef",
+                       "ANativeWindow_fromSurface",
+                       "AMediaFormat_new",
+                       "AMediaFormat_setInt32 width 64",
+                       "AMediaFormat_setInt32 height 48",
+                       "AMediaFormat_setString mime video/mjpeg",
+                       "AMediaCodec_createDecoderByType video/mjpeg",
+                       "AMediaCodec_configure window none 0",
+                       "AMediaCodec_start"}),
+              platform.takeJournal());
+    const auto lines = LogCapture::Take();
+    ASSERT_EQ(3U, lines.size());
+    EXPECT_EQ("\n LocalInit! \n", lines[0].text);
+    EXPECT_EQ("\n AndroidCodec init success, width (64), height (48), type (video/mjpeg) \n",
+              lines[1].text);
+    EXPECT_EQ("VEAndroidCodec", lines[1].tag);
+    EXPECT_EQ("\n VEOESRenderer textureId(" + std::to_string(texture) +
+                  "), textureWidth (64), textureHieght(48), maskWidth(4), maskHeight(4)... "
+                  "###renderer\n",
+              lines[2].text);
+    EXPECT_EQ("VEOESRenderer", lines[2].tag);
+
+    VEDestroyRenderer(handle);
+    EXPECT_EQ((Journal{"ANativeWindow_release", "AMediaCodec_stop", "AMediaCodec_delete",
+                       "DeleteGlobalRef", "DeleteGlobalRef"}),
+              platform.takeJournal());
+    EXPECT_EQ((Journal{"VEOESRenderer::Destroy ..######renderer",
+                       "destroy android codec start..######renderer",
+                       "destroy android codec end..######renderer",
+                       "VEOESRenderer::Destroy success ..######renderer"}),
+              LogCapture::TakeTexts());
+}
+
+TEST_F(DecodeCalls, FailuresAreLoggedAndNoStepIsSkipped) {
+    const std::string bridge = "\n OESSurfaceTexture ";
+    const std::string renderer = "\n VEOESRenderer ";
+    const struct {
+        std::string step;
+        std::vector<std::string> messages;
+    } cases[] = {
+        {"FindClass android/graphics/SurfaceTexture",
+         {bridge + "FindClass( android/graphics/SurfaceTexture ) failed \n"}},
+        {"GetMethodID <init>(I)V", {bridge + "GetMethodID( <init> ) failed \n"}},
+        {"NewObject",
+         {bridge + "NewObject() failed \n", renderer + "NewObject() failed ...######renderer\n"}},
+        {"NewGlobalRef",
+         {bridge + "NewGlobalRef() failed \n",
+          renderer + "NewGlobalRef() failed ...######renderer\n"}},
+        {"GetMethodID updateTexImage()V", {bridge + "couldn't get updateTexImageMethodId \n"}},
+        {"GetMethodID setDefaultBufferSize(II)V",
+         {bridge + "couldn't get setDefaultBufferSize \n"}},
+        {"FindClass android/view/Surface",
+         {renderer + "FindClass( android/view/Surface ) failed ...######renderer\n"}},
+        {"GetMethodID <init>(Landroid/graphics/SurfaceTexture;)V",
+         {renderer + "GetMethodID( <init> ) failed ...######renderer\n"}},
+        {"ANativeWindow_fromSurface", {}},
+    };
+    for (const auto& [step, messages] : cases) {
+        SCOPED_TRACE(step);
+        platform.failing = {step};
+        void* handle = create();
+        EXPECT_EQ(23U, platform.takeJournal().size());
+        auto lines = LogCapture::TakeTexts();
+        ASSERT_EQ(3 + messages.size(), lines.size());
+        for (size_t i = 0; i < messages.size(); ++i) {
+            EXPECT_EQ(messages[i], lines[1 + i]);
+        }
+        VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
+        const bool latches = step != "GetMethodID updateTexImage()V" && step != "NewGlobalRef";
+        EXPECT_EQ(latches ? Journal{"CallVoidMethod"} : Journal{}, platform.takeJournal());
+        VEDestroyRenderer(handle);
+        platform.takeJournal();
+        LogCapture::Take();
+    }
+}
+
+TEST_F(DecodeCalls, WithoutAJavaMachineARendererIsInert) {
+    void* handle = create(Mode(VE_MODE_H264, VE_OUTPUT_MASKED), nullptr);
+    const Image before = Noise(64, 48, 4, 1);
+    Fill(texture, before);
+    char unit[4] = {};
+    EXPECT_EQ(0, VEUpdateRenderer(handle, unit, 4, true, unit));
+    EXPECT_EQ(0, VEUpdateCompressedData(handle, unit, 4));
+    EXPECT_EQ(0, VEUpdateUserPosition(handle, 1, 2, 3, 4));
+    EXPECT_EQ(before.bytes, ReadBack(texture, 64, 48).bytes);
+    VEDestroyRenderer(handle);
+    EXPECT_TRUE(platform.takeJournal().empty());
+    EXPECT_EQ((Journal{"\n JNI_OnLoad() not called yet ...######renderer\n",
+                       "VEOESRenderer::Destroy ..######renderer",
+                       "VEOESRenderer::Destroy success ..######renderer"}),
+              LogCapture::TakeTexts());
+}
+
+TEST_F(DecodeCalls, UnitsAreQueuedWholeOrDropped) {
+    void* handle = create();
+    platform.takeJournal();
+    char unit[] = "access unit";
+    EXPECT_EQ(0, VEUpdateCompressedData(handle, nullptr, 5));
+    EXPECT_EQ(0, VEUpdateCompressedData(handle, unit, 0));
+    EXPECT_EQ(0, VEUpdateCompressedData(handle, unit, -7));
+    EXPECT_TRUE(platform.takeJournal().empty());
+
+    EXPECT_EQ(0, VEUpdateCompressedData(handle, unit, sizeof(unit)));
+    EXPECT_EQ((Journal{"AMediaCodec_dequeueInputBuffer 2000", "AMediaCodec_getInputBuffer 3",
+                       "AMediaCodec_queueInputBuffer 3 0 12 0 0"}),
+              platform.takeJournal());
+    EXPECT_STREQ(unit, reinterpret_cast<char*>(platform.inputBuffer.data()));
+
+    platform.inputIndex = -1;
+    EXPECT_EQ(0, VEUpdateCompressedData(handle, unit, sizeof(unit)));
+    EXPECT_EQ((Journal{"AMediaCodec_dequeueInputBuffer 2000"}), platform.takeJournal());
+    VEDestroyRenderer(handle);
+}
+
+TEST_F(DecodeCalls, TheDecoderThreadRendersFramesWithDataOnly) {
+    void* handle = create();
+    WaitUntil([this] { return platform.polls > 2; });
+    EXPECT_EQ(1000, platform.outputTimeout);
+    EXPECT_EQ(0, platform.rendered + platform.returnedEmpty);
+    platform.outputIndex = 0;
+    WaitUntil([this] { return platform.returnedEmpty > 0; });
+    EXPECT_EQ(0, platform.rendered);
+    platform.outputSize = 8;
+    WaitUntil([this] { return platform.rendered > 0; });
+    VEDestroyRenderer(handle);
+}
+
+TEST_F(DecodeCalls, DestructionDoesNotWaitForABlockedDecoderThread) {
+    platform.blockOutput();
+    void* handle = create();
+    WaitUntil([this] { return platform.threadsInOutput() == 1; });
+    VEDestroyRenderer(handle);
+    EXPECT_EQ(1, platform.threadsInOutput());
+    const int polls = platform.polls;
+    platform.unblockOutput();
+    WaitUntil([this] { return platform.threadsInOutput() == 0; });
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_LE(platform.polls, polls + 1) << "the thread goes on";
+}
+
+TEST_F(DecodeCalls, AThousandLivesLeaveNoThreadAndTouchNothingFreed) {
+    platform.outputIndex = 0;
+    platform.outputSize = 1;
+    char unit[16] = {};
+    for (int life = 0; life < 1000; ++life) {
+        if (life % 10 == 0) {
+            platform.blockOutput();
+        }
+        void* handle = create();
+        VEUpdateCompressedData(handle, unit, sizeof(unit));
+        VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
+        VEDestroyRenderer(handle);
+        if (life % 10 == 9) {
+            platform.unblockOutput();
+            platform.takeJournal();
+            LogCapture::Take();
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <jni.h>
+
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <set>
+#include <string>
+#include <vector>
+
+/// A Java machine and an NDK of the test's own, in front of the real ones. The journal holds every
+/// call, but for the decoder thread's, in order.
+class FakePlatform {
+public:
+    /// The one and only; never destroyed, since decoder threads may be the last to use it.
+    static FakePlatform& Get();
+
+    FakePlatform(const FakePlatform&) = delete;
+    FakePlatform& operator=(const FakePlatform&) = delete;
+
+    JavaVM* machine() { return &machine_; }
+
+    void note(const std::string& call);
+    std::vector<std::string> takeJournal();
+    /// Whether \p step is to fail, as named in failing: by its call as the journal has it.
+    bool fails(const std::string& step) const { return failing.count(step) != 0; }
+
+    std::set<std::string> failing;
+
+    // What the decoder answers.
+    std::atomic<long> inputIndex{3};
+    std::atomic<long> outputIndex{-1};
+    std::atomic<int> outputSize{0};
+    std::vector<unsigned char> inputBuffer = std::vector<unsigned char>(64);
+
+    // What the decoder thread does.
+    std::atomic<long> outputTimeout{0};
+    std::atomic<int> polls{0};
+    std::atomic<int> rendered{0};
+    std::atomic<int> returnedEmpty{0};
+
+    /// Holds the decoder thread inside its wait for output, as a slow decoder would.
+    void blockOutput();
+    void unblockOutput();
+    void passOutput();
+    int threadsInOutput();
+
+private:
+    FakePlatform();
+
+    JNIEnv env_;
+    JavaVM machine_;
+    std::mutex mutex_;
+    std::condition_variable unblocked_;
+    std::vector<std::string> journal_;
+    bool blocked_ = false;
+    int waiting_ = 0;
+};

@@ -1,0 +1,141 @@
+#include "support/VideoFile.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "support/ToolError.h"
+
+namespace {
+
+/// Time stamps of some containers are rounded to milliseconds.
+constexpr double kTimeTolerance = 0.001;
+
+}  // namespace
+
+VideoFile::VideoFile(std::string path, double startSeconds)
+    : path_(std::move(path)), startSeconds_(startSeconds) {
+    Open();
+    if (startSeconds_ > 0.0) {
+        Seek();
+    }
+}
+
+void VideoFile::Open() {
+    AVDictionary* options = nullptr;
+    // Where a numbered sequence may begin.
+    av_dict_set(&options, "start_number_range", "100000", 0);
+    AVFormatContext* input = nullptr;
+    int result = avformat_open_input(&input, path_.c_str(), nullptr, &options);
+    av_dict_free(&options);
+    input_.reset(input);
+    if (result >= 0) {
+        result = avformat_find_stream_info(input, nullptr);
+    }
+    if (result < 0) {
+        throw ToolError(path_ + ": " + LibavMessage(result));
+    }
+    const int index = av_find_best_stream(input, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+    if (index < 0) {
+        throw ToolError(path_ + ": no video in it");
+    }
+    for (unsigned i = 0; i < input->nb_streams; ++i) {
+        input->streams[i]->discard = AVDISCARD_ALL;
+    }
+    stream_ = input->streams[index];
+    stream_->discard = AVDISCARD_DEFAULT;
+}
+
+/// Goes to the last key frame before the start. Where that fails, the file is read from its
+/// beginning, to the same effect.
+void VideoFile::Seek() {
+    const double ticks = startSeconds_ / av_q2d(stream_->time_base);
+    constexpr double kFarthest = 1e15;
+    av_seek_frame(input_.get(), stream_->index,
+                  FirstTick() + static_cast<int64_t>(std::min(ticks, kFarthest)),
+                  AVSEEK_FLAG_BACKWARD);
+}
+
+int64_t VideoFile::FirstTick() const {
+    return stream_->start_time == AV_NOPTS_VALUE ? 0 : stream_->start_time;
+}
+
+int64_t VideoFile::StartTime() const {
+    return FirstTick() + static_cast<int64_t>(startSeconds_ / av_q2d(stream_->time_base));
+}
+
+AVRational VideoFile::FrameRate() const {
+    constexpr AVRational kDefault = {25, 1};
+    const AVRational rate = av_guess_frame_rate(input_.get(), stream_, nullptr);
+    return rate.num > 0 && rate.den > 0 ? rate : kDefault;
+}
+
+int64_t VideoFile::ExpectedFrames() const {
+    const double rate = av_q2d(FrameRate());
+    auto frames = static_cast<double>(stream_->nb_frames);
+    if (stream_->nb_frames <= 0 && stream_->duration != AV_NOPTS_VALUE) {
+        frames = static_cast<double>(stream_->duration) * av_q2d(stream_->time_base) * rate;
+    } else if (stream_->nb_frames <= 0 && input_->duration != AV_NOPTS_VALUE) {
+        frames = static_cast<double>(input_->duration) / AV_TIME_BASE * rate;
+    }
+    return std::max<int64_t>(0, std::llround(frames - startSeconds_ * rate));
+}
+
+bool VideoFile::IsBeforeStart(int64_t time) const {
+    if (startSeconds_ <= 0.0 || time == AV_NOPTS_VALUE) {
+        return false;
+    }
+    const auto ticks = static_cast<double>(time - FirstTick());
+    return ticks * av_q2d(stream_->time_base) < startSeconds_ - kTimeTolerance;
+}
+
+AVPacket* VideoFile::Next() {
+    int result = 0;
+    do {
+        av_packet_unref(packet_.get());
+        result = av_read_frame(input_.get(), packet_.get());
+    } while (result >= 0 && packet_->stream_index != stream_->index);
+    if (result < 0) {
+        End(result);
+        return nullptr;
+    }
+    Note(*packet_);
+    return packet_.get();
+}
+
+void VideoFile::Note(const AVPacket& packet) {
+    ++packets_;
+    lastIsCorrupt_ = (packet.flags & AV_PKT_FLAG_CORRUPT) != 0;
+    const int64_t time = packet.pts != AV_NOPTS_VALUE ? packet.pts : packet.dts;
+    if (time != AV_NOPTS_VALUE) {
+        readTicks_ = std::max(readTicks_, time + packet.duration - FirstTick());
+    }
+}
+
+/// How many frames fit between the last packet and the end that the file promises.
+int64_t VideoFile::MissingTime() const {
+    if (stream_->duration == AV_NOPTS_VALUE ||
+        input_->duration_estimation_method == AVFMT_DURATION_FROM_BITRATE) {
+        return 0;
+    }
+    const auto ticks = static_cast<double>(stream_->duration - readTicks_);
+    const double frames = ticks * av_q2d(stream_->time_base) * av_q2d(FrameRate());
+    return std::max<int64_t>(0, std::llround(frames));
+}
+
+/// How many frames a file that is known to break off does not hold.
+int64_t VideoFile::MissingFrames() const {
+    const bool counted = startSeconds_ <= 0.0 && stream_->nb_frames > packets_;
+    return counted ? stream_->nb_frames - packets_ : MissingTime();
+}
+
+/// Counts what is missing if the file breaks off.
+void VideoFile::End(int readResult) {
+    // Packets may be left out where the picture stands still, also at the end, but hardly for long.
+    const bool endsEarly = static_cast<double>(MissingTime()) > av_q2d(FrameRate());
+    if (readResult != AVERROR_EOF) {
+        missing_ = std::max<int64_t>(1, MissingFrames());
+    } else if (lastIsCorrupt_ || endsEarly) {
+        missing_ = MissingFrames();
+    }
+}

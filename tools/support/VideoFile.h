@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "support/Libav.h"
+
+/// The packets of the video in a file, of a single picture or of a numbered sequence of pictures.
+class VideoFile {
+public:
+    /// \param startSeconds what is decoded from the packets before this time is to be left out;
+    ///        they begin with the last key frame before it
+    /// \throws ToolError
+    explicit VideoFile(std::string path, double startSeconds = 0.0);
+
+    /// The next packet, valid until the next call; null at the end, or where the file breaks off.
+    AVPacket* Next();
+
+    const std::string& Path() const { return path_; }
+    double StartSeconds() const { return startSeconds_; }
+    const AVInputFormat& Format() const { return *input_->iformat; }
+    const AVStream& Stream() const { return *stream_; }
+    const AVCodecParameters& Codec() const { return *stream_->codecpar; }
+    AVRational FrameRate() const;
+
+    /// How many frames there should be from the start on; 0 when the file does not tell.
+    int64_t ExpectedFrames() const;
+
+    /// Frames missing where the file breaks off; known after the last packet.
+    int64_t Missing() const { return missing_; }
+
+    /// Whether a time, in the stream's units, lies before the start. Not if it is unknown.
+    bool IsBeforeStart(int64_t time) const;
+    /// The start, in the stream's units.
+    int64_t StartTime() const;
+
+private:
+    struct CloseInput {
+        void operator()(AVFormatContext* input) const { avformat_close_input(&input); }
+    };
+
+    void Open();
+    void Seek();
+    void Note(const AVPacket& packet);
+    void End(int readResult);
+    int64_t MissingFrames() const;
+    int64_t MissingTime() const;
+    int64_t FirstTick() const;
+
+    std::string path_;
+    double startSeconds_;
+    std::unique_ptr<AVFormatContext, CloseInput> input_;
+    AVStream* stream_ = nullptr;
+    LibavPtr<AVPacket> packet_{av_packet_alloc()};
+    int64_t packets_ = 0;
+    int64_t readTicks_ = 0;       ///< How far the packets reach, in the stream's time.
+    bool lastIsCorrupt_ = false;  ///< The last packet is not whole.
+    int64_t missing_ = 0;
+};
