@@ -3,14 +3,16 @@
 #include <EGL/egl.h>
 #include <EGL/eglext.h>
 
-#include <cstdio>
+#include <iomanip>
+#include <sstream>
 
 namespace {
 
 [[noreturn]] void Fail(const char* step) {
-    char code[16];
-    std::snprintf(code, sizeof(code), "0x%04X", static_cast<unsigned>(eglGetError()));
-    throw OffscreenError(std::string("no EGL: ") + step + " failed (" + code + ")");
+    std::ostringstream message;
+    message << "no EGL: " << step << " failed (0x" << std::hex << std::uppercase
+            << std::setfill('0') << std::setw(4) << eglGetError() << ")";
+    throw OffscreenError(message.str());
 }
 
 EGLDisplay OpenDisplay() {

@@ -58,11 +58,11 @@ VEOESRenderer::VEOESRenderer(int textureId, int format, VERendererMode* mode, vo
     this->javaVM->AttachCurrentThread(EnvSlot{&env}, nullptr);
     LocalInit();
     startDecoding(*mode);
-    filter = new GPUTexture2TextureFilter(
-        static_cast<uint32_t>(textureId), TargetFormat(format), GL_RGB,
-        static_cast<uint32_t>(mode->textureWidth), static_cast<uint32_t>(mode->textureHeight),
-        MaskFormat(*mode), static_cast<uint32_t>(mode->maskWidth),
-        static_cast<uint32_t>(mode->maskHeight));
+    filter = new GPUTexture2TextureFilter(static_cast<uint32_t>(textureId), TargetFormat(format),
+                                          GL_RGB, static_cast<uint32_t>(mode->textureWidth),
+                                          static_cast<uint32_t>(mode->textureHeight),
+                                          MaskFormat(*mode), static_cast<uint32_t>(mode->maskWidth),
+                                          static_cast<uint32_t>(mode->maskHeight));
     LogWithFileTag(ANDROID_LOG_INFO, kSourceFile,
                    "\n VEOESRenderer textureId(%d), textureWidth (%d), textureHieght(%d), "
                    "maskWidth(%d), maskHeight(%d)... ###renderer\n",

@@ -33,9 +33,8 @@ OESSurfaceTexture::OESSurfaceTexture(JNIEnv* env) : env(env) {
                        "\n OESSurfaceTexture FindClass( %s ) failed \n", kClassName);
     }
     createJavaObject(javaClass);
-    updateTexImageMethod =
-        Checked(env->GetMethodID(javaClass, "updateTexImage", "()V"),
-                "\n OESSurfaceTexture couldn't get updateTexImageMethodId \n");
+    updateTexImageMethod = Checked(env->GetMethodID(javaClass, "updateTexImage", "()V"),
+                                   "\n OESSurfaceTexture couldn't get updateTexImageMethodId \n");
     setDefaultBufferSizeMethod =
         Checked(env->GetMethodID(javaClass, "setDefaultBufferSize", "(II)V"),
                 "\n OESSurfaceTexture couldn't get setDefaultBufferSize \n");
