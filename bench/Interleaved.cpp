@@ -72,8 +72,8 @@ double Interleaved::medianProcessorRatio(size_t work, size_t reference) const {
 
 double Interleaved::MedianRatio(const Times& times, size_t work, size_t reference) {
     std::vector<double> ratios(times[work].size());
-    std::transform(times[work].begin(), times[work].end(), times[reference].begin(),
-                   ratios.begin(), std::divides<>());
+    std::transform(times[work].begin(), times[work].end(), times[reference].begin(), ratios.begin(),
+                   std::divides<>());
     return Median(std::move(ratios));
 }
 

@@ -35,5 +35,5 @@ private:
     std::vector<size_t> order_;
     Times times_;
     Times processorTimes_;
-    std::vector<long> pageFaults_;            ///< Sums, by work.
+    std::vector<long> pageFaults_;  ///< Sums, by work.
 };

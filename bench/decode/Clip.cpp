@@ -47,7 +47,8 @@ const std::array<int, 256>& Wave() {
         constexpr double kHeight = 40;
         std::array<int, 256> steps{};
         for (size_t i = 0; i < steps.size(); ++i) {
-            steps.at(i) = static_cast<int>(std::lround(kHeight * std::sin(kStep * i)));
+            steps.at(i) =
+                static_cast<int>(std::lround(kHeight * std::sin(kStep * static_cast<double>(i))));
         }
         return steps;
     }();

@@ -2,8 +2,8 @@
 
 #include "Clip.h"
 
-/// Decodes a clip over and over with libavcodec, with as many threads, used alike, as the platform's
-/// decoder has.
+/// Decodes a clip over and over with libavcodec, with as many threads, used alike, as the
+/// platform's decoder has.
 class ClipDecoder {
 public:
     /// \param clip outlives this.
