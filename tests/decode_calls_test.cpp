@@ -35,8 +35,10 @@ long LiveThreads() {
 class DecodeCalls : public testing::Test {
 protected:
     ~DecodeCalls() override {
+        platform.failing.clear();
         platform.outputIndex = -1;
         platform.unblockOutput();
+        LogCapture::Take();
         WaitUntil([this] { return LiveThreads() <= threadsBefore; });
     }
 
@@ -145,6 +147,21 @@ TEST_F(DecodeCalls, FailuresAreLoggedAndNoStepIsSkipped) {
         platform.takeJournal();
         LogCapture::Take();
     }
+}
+
+TEST_F(DecodeCalls, WithoutADecoderUnitsAndFramesAreNotAskedFor) {
+    platform.failing = {"AMediaCodec_createDecoderByType video/avc"};
+    const int polls = platform.polls;
+    void* handle = create();
+    EXPECT_EQ(23U, platform.takeJournal().size()) << "configured and started all the same";
+    char unit[4] = {};
+    VEUpdateCompressedData(handle, unit, 4);
+    EXPECT_TRUE(platform.takeJournal().empty());
+    EXPECT_EQ(polls, platform.polls);
+    VEDestroyRenderer(handle);
+    EXPECT_EQ((Journal{"ANativeWindow_release", "AMediaCodec_stop", "AMediaCodec_delete",
+                       "DeleteGlobalRef", "DeleteGlobalRef"}),
+              platform.takeJournal());
 }
 
 TEST_F(DecodeCalls, WithoutAJavaMachineARendererIsInert) {

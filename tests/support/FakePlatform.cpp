@@ -161,8 +161,9 @@ void AMediaFormat_setString(AMediaFormat*, const char* key, const char* value) {
 }
 
 AMediaCodec* AMediaCodec_createDecoderByType(const char* type) {
-    Platform().note(std::string("AMediaCodec_createDecoderByType ") + type);
-    return Platform().fails("AMediaCodec_createDecoderByType") ? nullptr : &codec;
+    const std::string call = std::string("AMediaCodec_createDecoderByType ") + type;
+    Platform().note(call);
+    return Platform().fails(call) ? nullptr : &codec;
 }
 
 media_status_t AMediaCodec_configure(AMediaCodec*, const AMediaFormat*, ANativeWindow* surface,
