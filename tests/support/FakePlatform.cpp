@@ -87,6 +87,9 @@ FakePlatform& FakePlatform::Get() {
 }
 
 void FakePlatform::note(const std::string& call) {
+    if (listener) {
+        listener(call);
+    }
     const std::lock_guard<std::mutex> lock(mutex_);
     journal_.push_back(call);
 }
