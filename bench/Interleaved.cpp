@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <ctime>
 #include <numeric>
 #include <utility>
 
@@ -13,6 +14,10 @@ double SecondsOf(const Interleaved::Work& work) {
     const auto start = std::chrono::steady_clock::now();
     work();
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double ProcessorSeconds() {
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
 /// Of the whole process: a driver may touch new pages first in threads of its own.
@@ -34,6 +39,7 @@ Interleaved::Interleaved(std::vector<Work> works)
     : works_(std::move(works)),
       order_(works_.size()),
       times_(works_.size()),
+      processorTimes_(works_.size()),
       pageFaults_(works_.size()) {
     std::iota(order_.begin(), order_.end(), size_t{0});
 }
@@ -42,7 +48,9 @@ double Interleaved::runRound() {
     double total = 0;
     for (const size_t work : order_) {
         const long faultsBefore = PageFaults();
+        const double processorBefore = ProcessorSeconds();
         times_[work].push_back(SecondsOf(works_[work]));
+        processorTimes_[work].push_back(ProcessorSeconds() - processorBefore);
         pageFaults_[work] += PageFaults() - faultsBefore;
         total += times_[work].back();
     }
@@ -55,9 +63,17 @@ double Interleaved::medianMilliseconds(size_t work) const {
 }
 
 double Interleaved::medianRatio(size_t work, size_t reference) const {
-    std::vector<double> ratios(times_[work].size());
-    std::transform(times_[work].begin(), times_[work].end(), times_[reference].begin(),
-                   ratios.begin(), std::divides<>());
+    return MedianRatio(times_, work, reference);
+}
+
+double Interleaved::medianProcessorRatio(size_t work, size_t reference) const {
+    return MedianRatio(processorTimes_, work, reference);
+}
+
+double Interleaved::MedianRatio(const Times& times, size_t work, size_t reference) {
+    std::vector<double> ratios(times[work].size());
+    std::transform(times[work].begin(), times[work].end(), times[reference].begin(), ratios.begin(),
+                   std::divides<>());
     return Median(std::move(ratios));
 }
 

@@ -20,12 +20,20 @@ public:
     double medianMilliseconds(size_t work) const;
     /// Median over the rounds of the ratio within each.
     double medianRatio(size_t work, size_t reference) const;
+    /// Likewise of the processor time, of all the process's threads: what other load on the machine
+    /// leaves alone, and what running on several cores does not make less.
+    double medianProcessorRatio(size_t work, size_t reference) const;
     /// Pages that a run had to get from the system.
     double meanPageFaults(size_t work) const;
 
 private:
+    using Times = std::vector<std::vector<double>>;  ///< Seconds, by work and round.
+
+    static double MedianRatio(const Times& times, size_t work, size_t reference);
+
     std::vector<Work> works_;
     std::vector<size_t> order_;
-    std::vector<std::vector<double>> times_;  ///< Seconds, by work and round.
-    std::vector<long> pageFaults_;            ///< Sums, by work.
+    Times times_;
+    Times processorTimes_;
+    std::vector<long> pageFaults_;  ///< Sums, by work.
 };

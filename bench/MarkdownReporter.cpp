@@ -34,6 +34,10 @@ bool MarkdownReporter::ReportContext(const Context& /*context*/) {
 
 void MarkdownReporter::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {
+        if (run.error_occurred) {
+            GetErrorStream() << run.benchmark_name() << ": " << run.error_message << "\n";
+            continue;
+        }
         if (const std::string head = Head(run.counters); head != columns_) {
             GetOutputStream() << "\n" << head;
             columns_ = head;

@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "support/FakePlatform.h"
+#include "support/GlRecorder.h"
 #include "support/LogCapture.h"
 #include "support/RendererHarness.h"
 
@@ -35,8 +36,12 @@ long LiveThreads() {
 class DecodeCalls : public testing::Test {
 protected:
     ~DecodeCalls() override {
+        platform.failing.clear();
+        platform.listener = nullptr;
         platform.outputIndex = -1;
         platform.unblockOutput();
+        platform.takeJournal();
+        LogCapture::Take();
         WaitUntil([this] { return LiveThreads() <= threadsBefore; });
     }
 
@@ -104,6 +109,46 @@ TEST_F(DecodeCalls, CreationAttachesBuildsTheSurfaceAndStartsTheDecoder) {
               LogCapture::TakeTexts());
 }
 
+TEST_F(DecodeCalls, TheExternalTextureIsMadeBeforeItsJavaObjectAndGoesBeforeIt) {
+    const GlRecorder recorder;
+    Journal journal;
+    const auto takeGlCalls = [&journal] {
+        const Journal calls = GlRecorder::take();
+        journal.insert(journal.end(), calls.begin(), calls.end());
+    };
+    platform.listener = [&](const std::string& call) {
+        takeGlCalls();
+        journal.push_back(call);
+    };
+    void* handle = create();
+    const GLuint external = texture + 1;
+    const Journal made = {
+        "AttachCurrentThread",
+        Call("glGenTextures", 1, &external),
+        Call("glBindTexture", GL_TEXTURE_EXTERNAL_OES, external),
+        Call("glTexParameterf", GL_TEXTURE_EXTERNAL_OES, GL_TEXTURE_MIN_FILTER, 9729.0F),
+        Call("glTexParameterf", GL_TEXTURE_EXTERNAL_OES, GL_TEXTURE_MAG_FILTER, 9729.0F),
+        Call("glTexParameterf", GL_TEXTURE_EXTERNAL_OES, GL_TEXTURE_WRAP_S, 33071.0F),
+        Call("glTexParameterf", GL_TEXTURE_EXTERNAL_OES, GL_TEXTURE_WRAP_T, 33071.0F),
+        Call("glBindTexture", GL_TEXTURE_EXTERNAL_OES, 0),
+        "FindClass android/graphics/SurfaceTexture"};
+    ASSERT_LE(made.size(), journal.size());
+    EXPECT_EQ(made, Journal(journal.begin(), journal.begin() + static_cast<long>(made.size())));
+
+    GlRecorder::take();
+    journal.clear();
+    VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
+    EXPECT_EQ(Journal{"CallVoidMethod"}, journal) << "the newest picture first, then the draw";
+
+    GlRecorder::take();
+    journal.clear();
+    VEDestroyRenderer(handle);
+    EXPECT_EQ(
+        (Journal{"ANativeWindow_release", "AMediaCodec_stop", "AMediaCodec_delete",
+                 Call("glDeleteTextures", 1, &external), "DeleteGlobalRef", "DeleteGlobalRef"}),
+        journal);
+}
+
 TEST_F(DecodeCalls, FailuresAreLoggedAndNoStepIsSkipped) {
     const std::string bridge = "\n OESSurfaceTexture ";
     const std::string renderer = "\n VEOESRenderer ";
@@ -145,6 +190,21 @@ TEST_F(DecodeCalls, FailuresAreLoggedAndNoStepIsSkipped) {
         platform.takeJournal();
         LogCapture::Take();
     }
+}
+
+TEST_F(DecodeCalls, WithoutADecoderUnitsAndFramesAreNotAskedFor) {
+    platform.failing = {"AMediaCodec_createDecoderByType video/avc"};
+    const int polls = platform.polls;
+    void* handle = create();
+    EXPECT_EQ(23U, platform.takeJournal().size()) << "configured and started all the same";
+    char unit[4] = {};
+    VEUpdateCompressedData(handle, unit, 4);
+    EXPECT_TRUE(platform.takeJournal().empty());
+    EXPECT_EQ(polls, platform.polls);
+    VEDestroyRenderer(handle);
+    EXPECT_EQ((Journal{"ANativeWindow_release", "AMediaCodec_stop", "AMediaCodec_delete",
+                       "DeleteGlobalRef", "DeleteGlobalRef"}),
+              platform.takeJournal());
 }
 
 TEST_F(DecodeCalls, WithoutAJavaMachineARendererIsInert) {

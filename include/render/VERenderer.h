@@ -187,10 +187,10 @@
 ///                          GL_DEPTH_TEST, depth function and mask; GL_CULL_FACE;
 ///                          GL_ARRAY_BUFFER binding
 ///     reset to 0           vertex array, program, draw and read framebuffer,
-///                          GL_PIXEL_UNPACK_BUFFER (but see below; with compressed video in output
-///                          mode 0 it stays as it is),
-///                          GL_TEXTURE_2D on the unit active at the call, and on the unit left
-///                          active
+///                          GL_TEXTURE_2D on the unit left active;
+///                          but with compressed video in output mode 0 as they were:
+///                          GL_PIXEL_UNPACK_BUFFER (see also below), GL_TEXTURE_2D on the unit
+///                          active at the call
 ///     changed              active unit: GL_TEXTURE1, or GL_TEXTURE2 with a sticker texture
 ///                          unit 0: the renderer's source texture stays bound; with compressed
 ///                          video to GL_TEXTURE_EXTERNAL_OES

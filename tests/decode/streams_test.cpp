@@ -15,6 +15,7 @@ struct Kind {
     int bFrames;
     AVColorSpace colours;
     AVColorRange range;
+    const char* profile = "";
 };
 
 class Streams : public DecodeTest, public testing::WithParamInterface<Kind> {};
@@ -24,6 +25,7 @@ TEST_P(Streams, ComeOutFrameByFrameAsLibavcodecDecodesThem) {
     TestStream stream = ChangingStream();
     stream.encoder = kind.encoder;
     stream.layout = kind.layout;
+    stream.profile = kind.profile;
     stream.bFrames = kind.bFrames;
     stream.colours = kind.colours;
     stream.range = kind.range;
@@ -40,8 +42,8 @@ constexpr AVPixelFormat k420 = AV_PIX_FMT_YUV420P;
 
 INSTANTIATE_TEST_SUITE_P(
     , Streams,
-    testing::Values(Kind{"plain.mp4", "libx264", k420, 0, k601, kTv},
-                    Kind{"reordered.mp4", "libx264", k420, 3, k709, kTv},
+    testing::Values(Kind{"baseline.mp4", "libx264", k420, 0, k601, kTv, "baseline"},
+                    Kind{"high.mp4", "libx264", k420, 3, k709, kTv, "high"},
                     Kind{"full.mov", "libx264", k420, 2, k601, kPc},
                     Kind{"wide.mkv", "libx264", AV_PIX_FMT_YUV422P, 2, k601, kTv},
                     Kind{"raw.h264", "libx264", k420, 2, k601, kTv},

@@ -87,6 +87,9 @@ FakePlatform& FakePlatform::Get() {
 }
 
 void FakePlatform::note(const std::string& call) {
+    if (listener) {
+        listener(call);
+    }
     const std::lock_guard<std::mutex> lock(mutex_);
     journal_.push_back(call);
 }
@@ -161,8 +164,9 @@ void AMediaFormat_setString(AMediaFormat*, const char* key, const char* value) {
 }
 
 AMediaCodec* AMediaCodec_createDecoderByType(const char* type) {
-    Platform().note(std::string("AMediaCodec_createDecoderByType ") + type);
-    return Platform().fails("AMediaCodec_createDecoderByType") ? nullptr : &codec;
+    const std::string call = std::string("AMediaCodec_createDecoderByType ") + type;
+    Platform().note(call);
+    return Platform().fails(call) ? nullptr : &codec;
 }
 
 media_status_t AMediaCodec_configure(AMediaCodec*, const AMediaFormat*, ANativeWindow* surface,

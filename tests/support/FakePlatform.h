@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 #include <set>
 #include <string>
@@ -27,6 +28,8 @@ public:
     bool fails(const std::string& step) const { return failing.count(step) != 0; }
 
     std::set<std::string> failing;
+    /// Hears of each call in the journal before it is done.
+    std::function<void(const std::string& call)> listener;
 
     // What the decoder answers.
     std::atomic<long> inputIndex{3};

@@ -41,8 +41,9 @@ private:
         Picture picture;
         std::vector<uint8_t> planes;
     };
-    /// Pictures decoded ahead of the client.
-    static constexpr size_t kCount = 8;
+    /// Pictures decoded ahead of the client, or held by it: enough for the decoder never to wait
+    /// for the next one's turn, few enough for them to stay in the processor's cache.
+    static constexpr size_t kCount = 3;
 
     Slot* FindFree();
     bool HeldByClient(size_t index) const;

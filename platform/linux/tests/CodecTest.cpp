@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "CodecClient.h"
 
 namespace {
@@ -153,6 +155,28 @@ TEST(Codec, FlushForgetsEverythingButTheFormat) {
     // The stream ended; only a flush makes it go on.
     ASSERT_EQ(AMediaCodec_flush(client.Get()), AMEDIA_OK);
     ExpectRamp(Pictures(DecodeAll(client, units)));
+}
+
+// Memory: what a client does not take stays compressed.
+TEST(Codec, DecodesFewPicturesAhead) {
+    constexpr size_t kInputBuffers = 8;
+    constexpr size_t kOutputBuffers = 3;
+    const TestStream stream = GreyRamp("libx264", 0);
+    CodecClient client(SetupFor(stream));
+    size_t taken = 0;
+    for (const TestUnit& unit : Encode(stream, kCount)) {
+        const ssize_t index = AMediaCodec_dequeueInputBuffer(client.Get(), 200'000);
+        if (index < 0) {
+            break;
+        }
+        const auto slot = static_cast<size_t>(index);
+        std::copy(unit.bytes.begin(), unit.bytes.end(),
+                  AMediaCodec_getInputBuffer(client.Get(), slot, nullptr));
+        AMediaCodec_queueInputBuffer(client.Get(), slot, 0, unit.bytes.size(), unit.timeUs, 0);
+        ++taken;
+    }
+    // The decoder holds on to the buffer of a unit whose picture finds no room.
+    EXPECT_EQ(taken, kInputBuffers + kOutputBuffers);
 }
 
 }  // namespace

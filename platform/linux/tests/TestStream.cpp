@@ -38,7 +38,11 @@ av::CodecContext OpenEncoder(const TestStream& stream) {
     context->global_quality = FF_QP2LAMBDA;
     av_opt_set(context->priv_data, "qp", "2", 0);
     av_opt_set(context->priv_data, "preset", "veryfast", 0);
-    av_opt_set(context->priv_data, "x264-params", "b-adapt=0:scenecut=0", 0);
+    if (!stream.profile.empty()) {
+        av_opt_set(context->priv_data, "profile", stream.profile.c_str(), 0);
+    }
+    const std::string parameters = "b-adapt=0:scenecut=0:slices=" + std::to_string(stream.slices);
+    av_opt_set(context->priv_data, "x264-params", parameters.c_str(), 0);
     Check(avcodec_open2(context.get(), codec, nullptr), "open");
     return context;
 }

@@ -31,7 +31,9 @@ struct TestStream {
     AVPixelFormat layout = AV_PIX_FMT_YUV420P;
     AVColorSpace colours = AVCOL_SPC_BT470BG;
     AVColorRange range = AVCOL_RANGE_MPEG;
+    std::string profile;  ///< Of H.264; empty: what the layout needs.
     int bFrames = 0;
+    int slices = 1;
     int keyInterval = 10;
     bool parameterSetsApart = false;
     std::function<Quarters(int index)> picture;

@@ -1,6 +1,7 @@
 package android.graphics;
 
 import java.lang.ref.Cleaner;
+import java.util.concurrent.atomic.AtomicInteger;
 
 /**
  * Shows the newest picture posted to its surfaces in a GL texture of the target
@@ -24,12 +25,23 @@ public class SurfaceTexture {
 
     private static final int MATRIX_SIZE = 16;
 
+    /**
+     * Pictures are native memory, of which the collector knows nothing: unasked it would leave those
+     * of objects that applications dropped without release() for as long as the heap has room.
+     */
+    private static final int CREATIONS_PER_COLLECTION = 8;
+
+    private static final AtomicInteger creations = new AtomicInteger();
+
     /** The native part, which lives as long as this object. */
     private final long consumer;
     private volatile OnFrameAvailableListener listener;
 
     /** Needs no GL context yet. */
     public SurfaceTexture(int texName) {
+        if (creations.incrementAndGet() % CREATIONS_PER_COLLECTION == 0) {
+            System.gc();
+        }
         final long created = nativeCreate(texName);
         consumer = created;
         CLEANER.register(this, () -> nativeDestroy(created));

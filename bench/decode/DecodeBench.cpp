@@ -1,0 +1,143 @@
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+#include "Interleaved.h"
+#include "LeastPath.h"
+#include "LibraryPath.h"
+#include "offscreen/OffscreenContext.h"
+
+namespace {
+
+constexpr int kPicturesPerTurn = 25;
+constexpr size_t kUnits = 100;
+constexpr int kRounds = 24;  // Each order of the four contestants once.
+
+JavaVM* Machine() {
+    static JavaVM* const machine = [] {
+        std::array<char, 256> error{};
+        JavaVM* started = HostJava_start(nullptr, error.data(), error.size());
+        if (started == nullptr) {
+            throw std::runtime_error(error.data());
+        }
+        return started;
+    }();
+    return machine;
+}
+
+using Pixels = std::vector<unsigned char>;
+
+Pixels ReadTexture(GLuint texture, const Clip& clip) {
+    GLuint framebuffer = 0;
+    glGenFramebuffers(1, &framebuffer);
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
+    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
+    Pixels pixels(size_t{4} * static_cast<size_t>(clip.width) * static_cast<size_t>(clip.height));
+    glReadPixels(0, 0, clip.width, clip.height, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
+    glDeleteFramebuffers(1, &framebuffer);
+    return pixels;
+}
+
+double MeanDifference(const Pixels& one, const Pixels& other) {
+    double sum = 0;
+    for (size_t i = 0; i < one.size(); ++i) {
+        sum += std::abs(one[i] - other[i]);
+    }
+    return sum / static_cast<double>(one.size());
+}
+
+/// The library's whole path beside libavcodec alone and beside the least that shows the same.
+class DecodeContest {
+public:
+    explicit DecodeContest(const Clip& clip) : clip_(clip) {}
+
+    std::vector<Interleaved::Work> works() {
+        return {[this] { ours_.play(kPicturesPerTurn); }, [this] { bare_.play(kPicturesPerTurn); },
+                [this] { lean_.play(kPicturesPerTurn); }, [this] { decodeOnly(); }};
+    }
+
+    /// But for rounding, and for the blue that libyuv's own constants cut.
+    bool picturesAreAlike() const {
+        constexpr double kTolerance = 2;
+        const Pixels picture = ReadTexture(ours_.target(), clip_);
+        return MeanDifference(picture, ReadTexture(bare_.target(), clip_)) < kTolerance &&
+               MeanDifference(picture, ReadTexture(lean_.target(), clip_)) < kTolerance;
+    }
+
+private:
+    void decodeOnly() {
+        for (int i = 0; i < kPicturesPerTurn; ++i) {
+            decoder_.next();
+        }
+    }
+
+    OffscreenContext context_;
+    const Clip& clip_;
+    LibraryPath ours_{clip_, Machine()};
+    LeastPath bare_{clip_, ShaderKind::kEquivalent};
+    LeastPath lean_{clip_, ShaderKind::kLean};
+    ClipDecoder decoder_{clip_};
+};
+
+void Report(benchmark::State& state, const Interleaved& times) {
+    enum : size_t { kOurs, kBare, kLean, kDecoding };
+    const auto perPicture = [&](size_t work) {
+        return times.medianMilliseconds(work) / kPicturesPerTurn;
+    };
+    state.counters["ours ms"] = perPicture(kOurs);
+    state.counters["bare ms"] = perPicture(kBare);
+    state.counters["lean ms"] = perPicture(kLean);
+    state.counters["decoding ms"] = perPicture(kDecoding);
+    state.counters["ours/bare"] = times.medianRatio(kOurs, kBare);
+    state.counters["ours/lean"] = times.medianRatio(kOurs, kLean);
+    state.counters["ours/bare CPU"] = times.medianProcessorRatio(kOurs, kBare);
+}
+
+void Contend(benchmark::State& state, const Clip& clip) {
+    DecodeContest contest(clip);
+    Interleaved warmUp(contest.works());
+    warmUp.runRound();
+    Interleaved times(contest.works());
+    for ([[maybe_unused]] auto round : state) {
+        state.SetIterationTime(times.runRound());
+    }
+    Report(state, times);
+    if (!contest.picturesAreAlike()) {
+        throw std::runtime_error("the paths do not show the same picture");
+    }
+}
+
+void RealClip(benchmark::State& state) {
+    const std::string path = FOOTAGE "/box.mp4";
+    if (!std::filesystem::exists(path)) {
+        state.SkipWithError("scripts/footage fetches the clip");
+        return;
+    }
+    const Clip clip = LoadClip(path, kUnits);
+    state.SetLabel(std::to_string(clip.width) + "x" + std::to_string(clip.height) + ", real");
+    Contend(state, clip);
+}
+
+void GeneratedClip(benchmark::State& state) {
+    const Clip clip =
+        GenerateClip(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)), kUnits);
+    state.SetLabel(std::to_string(clip.width) + "x" + std::to_string(clip.height) + ", generated");
+    Contend(state, clip);
+}
+
+void Configure(benchmark::internal::Benchmark* decoding) {
+    decoding->Iterations(kRounds)->UseManualTime()->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(RealClip)->Apply(Configure);
+BENCHMARK(GeneratedClip)
+    ->ArgNames({"width", "height"})
+    ->Args({1280, 720})
+    ->Args({1920, 1080})
+    ->Apply(Configure);
+
+}  // namespace

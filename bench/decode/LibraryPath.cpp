@@ -1,0 +1,60 @@
+#include "LibraryPath.h"
+
+#include <stdexcept>
+
+#include "render/VERenderer.h"
+
+LibraryPath::LibraryPath(const Clip& clip, JavaVM* machine) : clip_(clip) {
+    VERendererMode mode = {};
+    mode.outputMode = VE_OUTPUT_PICTURE;
+    mode.modeType = VE_MODE_H264;
+    mode.textureWidth = clip.width;
+    mode.textureHeight = clip.height;
+    glGenTextures(1, &target_);
+    VECreateRendererHandle(&handle_, static_cast<int>(target_), &mode, machine);
+    decoder_ = HostDecoder_acquire();
+    HostDecoder_setLockStep(decoder_, 1);
+    HostDecoder_setReorderDepth(decoder_, clip.reorderDepth);
+    for (int i = 0; i < clip.reorderDepth; ++i) {
+        feed();
+    }
+}
+
+LibraryPath::~LibraryPath() {
+    HostDecoder_release(decoder_);
+    VEDestroyRenderer(handle_);
+}
+
+void LibraryPath::play(int count) {
+    int fed = 0;
+    for (int shown = 0; shown < count;) {
+        while (fed < count && HostDecoder_waitForInput(decoder_, 0) == HOST_READY) {
+            feed();
+            ++fed;
+        }
+        shown += showNext() ? 1 : 0;
+    }
+}
+
+void LibraryPath::feed() {
+    const AVPacket& unit = *clip_.units[unit_];
+    unit_ = (unit_ + 1) % clip_.units.size();
+    VEUpdateCompressedData(handle_, unit.data, unit.size);
+}
+
+/// Waits for no longer than it may take until there is room for another unit.
+bool LibraryPath::showNext() {
+    constexpr int64_t kPauseUs = 1000;
+    HostFrames frames;
+    const HostResult result = HostDecoder_waitForFrame(decoder_, seen_, kPauseUs, &frames);
+    if (result == HOST_TIMED_OUT) {
+        return false;
+    }
+    if (result != HOST_READY || frames.delivered != seen_ + 1) {
+        throw std::runtime_error("the platform's decoder lost a picture");
+    }
+    seen_ = frames.delivered;
+    VEUpdateRenderer(handle_, nullptr, 0, true, nullptr);
+    glFinish();
+    return true;
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <GLES3/gl3.h>
+#include <linux_platform/Host.h>
+
+#include <memory>
+
+#include "Clip.h"
+
+/// The library's whole path, from units to the drawn picture, in lock-step: every picture is shown.
+class LibraryPath {
+public:
+    /// \param clip outlives this.
+    LibraryPath(const Clip& clip, JavaVM* machine);
+    ~LibraryPath();
+    LibraryPath(const LibraryPath&) = delete;
+    LibraryPath& operator=(const LibraryPath&) = delete;
+
+    /// Shows the next \p count pictures, each followed by glFinish. Begins and ends with a decoder
+    /// that has nothing to do.
+    void play(int count);
+
+    GLuint target() const { return target_; }
+
+private:
+    void feed();
+    bool showNext();
+
+    const Clip& clip_;
+    size_t unit_ = 0;
+    void* handle_ = nullptr;
+    HostDecoder* decoder_ = nullptr;
+    int64_t seen_ = 0;  ///< Pictures.
+    GLuint target_ = 0;
+};

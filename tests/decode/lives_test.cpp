@@ -1,0 +1,87 @@
+// Renderers of compressed video that come and go, as applications change from clip to clip.
+
+#include <GLES3/gl3.h>
+
+#include <chrono>
+#include <fstream>
+#include <thread>
+
+#include "DecodeFixture.h"
+
+namespace {
+
+/// Threads with the name of this program, which are not the Java machine's or the driver's.
+long LiveThreads() {
+    const auto nameOf = [](const std::filesystem::path& thread) {
+        std::string name;
+        std::getline(std::ifstream(thread / "comm"), name);
+        return name;
+    };
+    const std::string own = nameOf("/proc/self");
+    long count = 0;
+    for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task")) {
+        count += nameOf(thread.path()) == own ? 1 : 0;
+    }
+    return count;
+}
+
+long MemoryInMegabytes() {
+    constexpr long kPagesPerMegabyte = 256;
+    long size = 0;
+    long resident = 0;
+    std::ifstream("/proc/self/statm") >> size >> resident;
+    return resident / kPagesPerMegabyte;
+}
+
+class Lives : public DecodeTest {
+protected:
+    Lives() { glGenTextures(1, &texture_); }
+
+    /// One of them, from the first unit to the first picture, or to the midst of its decoding.
+    void Live(bool toThePicture) {
+        VERendererMode mode = {VE_OUTPUT_PICTURE, VE_MODE_H264, 320, 240, 0, 0, 0};
+        void* handle = nullptr;
+        VECreateRendererHandle(&handle, static_cast<int>(texture_), &mode, Machine());
+        HostDecoder* decoder = HostDecoder_acquire();
+        for (TestUnit& unit : units_) {
+            VEUpdateCompressedData(handle, unit.bytes.data(), static_cast<int>(unit.bytes.size()));
+        }
+        if (toThePicture) {
+            EXPECT_EQ(HostDecoder_waitForFrame(decoder, 0, 10'000'000, nullptr), HOST_READY);
+        }
+        VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
+        HostDecoder_release(decoder);
+        VEDestroyRenderer(handle);
+    }
+
+    unsigned texture_ = 0;
+    std::vector<TestUnit> units_ = [] {
+        TestStream stream = ChangingStream();
+        stream.width = 1280;
+        stream.height = 720;
+        return Encode(stream, 4);
+    }();
+};
+
+TEST_F(Lives, LeaveNeitherThreadsNorMemory) {
+    constexpr int kLives = 200;
+    // Less than one picture in RGBA, of which each life has several; more than a context keeps of
+    // each renderer.
+    constexpr long kMegabytesPerLife = 2;
+    const long threads = LiveThreads();
+    for (int life = 0; life < kLives / 2; ++life) {
+        Live(life % 3 == 0);
+    }
+    const long memory = MemoryInMegabytes();
+    for (int life = 0; life < kLives; ++life) {
+        Live(life % 3 == 0);
+    }
+    EXPECT_LE(MemoryInMegabytes() - memory, kLives * kMegabytesPerLife);
+    for (int i = 0; i < 5000 && LiveThreads() > threads; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    EXPECT_LE(LiveThreads(), threads);
+    EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
+}
+
+}  // namespace
