@@ -31,23 +31,3 @@ void WithJavaExceptions(JNIEnv* env, Action action) {
         Throw(env, "java/lang/OutOfMemoryError", "no memory for the renderer");
     }
 }
-
-/// Sets a pending exception aside, for the JNI calls of a clean-up, and throws it again at its end.
-class PendingException {
-public:
-    explicit PendingException(JNIEnv* env) : env_(env), exception_(env->ExceptionOccurred()) {
-        env_->ExceptionClear();
-    }
-    ~PendingException() {
-        if (exception_ != nullptr) {
-            env_->ExceptionClear();
-            env_->Throw(exception_);
-        }
-    }
-    PendingException(const PendingException&) = delete;
-    PendingException& operator=(const PendingException&) = delete;
-
-private:
-    JNIEnv* env_;
-    jthrowable exception_;
-};

@@ -64,15 +64,14 @@ bool CheckGl(JNIEnv* env, const VERendererMode& mode) {
     return true;
 }
 
-/// A renderer that Java's exceptions cut short is taken back.
+/// A renderer that one of Java's exceptions cut short is taken back. That makes no JNI calls but
+/// those that delete references, which may be made while the exception is pending.
 jlong CreatePeer(JNIEnv* env, jint texture, jint format, VERendererMode& mode) {
     JavaVM* machine = nullptr;
     env->GetJavaVM(&machine);
     auto peer = std::make_unique<Peer>();
     VECreateRendererHandleWithFormat(&peer->handle, texture, format, &mode, machine);
     if (env->ExceptionCheck() != JNI_FALSE) {
-        const PendingException pending(env);
-        peer.reset();
         return 0;
     }
     return AsLong(peer.release());
