@@ -23,6 +23,7 @@ android {
                     "-DVORN_BUILD_TOOLS=OFF",
                     "-DVORN_BUILD_TESTS=OFF",
                     "-DVORN_BUILD_BENCH=OFF",
+                    "-DVORN_WARNINGS_AS_ERRORS=OFF",
                 )
                 targets += listOf("vornrenderer", "vornrenderer_jni")
             }
