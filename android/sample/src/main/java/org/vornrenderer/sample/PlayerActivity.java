@@ -1,0 +1,63 @@
+package org.vornrenderer.sample;
+
+import android.app.Activity;
+import android.content.Intent;
+import android.opengl.GLSurfaceView;
+import android.os.Bundle;
+import android.widget.Switch;
+import android.widget.Toast;
+
+/** Plays a file of the user's: drag moves it, pinch zooms, tap puts a sticker. */
+public final class PlayerActivity extends Activity {
+    private static final int PICK_VIDEO = 1;
+
+    private GLSurfaceView picture;
+    private Player player;
+
+    @Override
+    protected void onCreate(Bundle state) {
+        super.onCreate(state);
+        setContentView(R.layout.player);
+        player = new Player(this, () -> runOnUiThread(this::tellUnplayable));
+        picture = findViewById(R.id.picture);
+        picture.setEGLContextClientVersion(3);
+        picture.setRenderer(player);
+        picture.setOnTouchListener(new Gestures(picture, player));
+        findViewById(R.id.open).setOnClickListener(button -> pickVideo());
+        Switch mirror = findViewById(R.id.mirror);
+        mirror.setOnCheckedChangeListener(
+                (button, on) -> picture.queueEvent(() -> player.setMirrored(on)));
+    }
+
+    @Override
+    protected void onResume() {
+        super.onResume();
+        picture.onResume();
+    }
+
+    /** The event is done before the GL thread pauses, with its context still current. */
+    @Override
+    protected void onPause() {
+        picture.queueEvent(player::close);
+        picture.onPause();
+        super.onPause();
+    }
+
+    private void pickVideo() {
+        Intent intent = new Intent(Intent.ACTION_OPEN_DOCUMENT);
+        intent.addCategory(Intent.CATEGORY_OPENABLE);
+        intent.setType("video/*");
+        startActivityForResult(intent, PICK_VIDEO);
+    }
+
+    @Override
+    protected void onActivityResult(int request, int result, Intent data) {
+        if (request == PICK_VIDEO && result == RESULT_OK && data != null) {
+            picture.queueEvent(() -> player.play(data.getData()));
+        }
+    }
+
+    private void tellUnplayable() {
+        Toast.makeText(this, R.string.cannot_play, Toast.LENGTH_LONG).show();
+    }
+}

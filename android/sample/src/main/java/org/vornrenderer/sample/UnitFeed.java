@@ -1,0 +1,124 @@
+package org.vornrenderer.sample;
+
+import android.content.Context;
+import android.media.MediaExtractor;
+import android.media.MediaFormat;
+import android.net.Uri;
+import java.io.IOException;
+import java.nio.Buffer;
+import java.nio.ByteBuffer;
+import org.vornrenderer.VideoRenderer;
+
+/** Hands the H.264 units of a file to a renderer at the file's pace, over and over. */
+final class UnitFeed {
+    private static final int DEFAULT_FRAME_RATE = 30;
+    private static final long SECOND_NS = 1_000_000_000L;
+
+    private final MediaExtractor extractor = new MediaExtractor();
+    private final MediaFormat format;
+    private final ByteBuffer unit;
+    private final long intervalNs;
+    private boolean first = true;
+    private long dueNs = System.nanoTime();
+
+    /**
+     * Opens a file, at the key picture before a time.
+     *
+     * @throws IOException where it cannot be read
+     * @throws IllegalArgumentException where there is no H.264 in it
+     */
+    UnitFeed(Context context, Uri file, long fromUs) throws IOException {
+        try {
+            extractor.setDataSource(context, file, null);
+            format = selectVideo();
+        } catch (IOException | RuntimeException e) {
+            extractor.release();
+            throw e;
+        }
+        unit = ByteBuffer.allocateDirect(capacity());
+        intervalNs = SECOND_NS / Math.max(1, number(MediaFormat.KEY_FRAME_RATE, DEFAULT_FRAME_RATE));
+        extractor.seekTo(fromUs, MediaExtractor.SEEK_TO_PREVIOUS_SYNC);
+    }
+
+    int width() {
+        return format.getInteger(MediaFormat.KEY_WIDTH);
+    }
+
+    int height() {
+        return format.getInteger(MediaFormat.KEY_HEIGHT);
+    }
+
+    long positionUs() {
+        return Math.max(0, extractor.getSampleTime());
+    }
+
+    /** Hands over the unit that is due, if one is. After a pause the missed time is not made up. */
+    void feed(VideoRenderer renderer) {
+        long now = System.nanoTime();
+        if (now < dueNs) {
+            return;
+        }
+        dueNs = Math.max(dueNs + intervalNs, now - intervalNs);
+        if (readUnit()) {
+            renderer.queueUnit(unit);
+            extractor.advance();
+        } else {
+            extractor.seekTo(0, MediaExtractor.SEEK_TO_PREVIOUS_SYNC);
+        }
+    }
+
+    void close() {
+        extractor.release();
+    }
+
+    private MediaFormat selectVideo() {
+        for (int track = 0; track < extractor.getTrackCount(); ++track) {
+            MediaFormat candidate = extractor.getTrackFormat(track);
+            if (MediaFormat.MIMETYPE_VIDEO_AVC.equals(candidate.getString(MediaFormat.KEY_MIME))) {
+                extractor.selectTrack(track);
+                return candidate;
+            }
+        }
+        throw new IllegalArgumentException("no H.264");
+    }
+
+    private int number(String key, int otherwise) {
+        return format.containsKey(key) ? format.getInteger(key) : otherwise;
+    }
+
+    /** For the largest unit, and the parameter sets before the first. */
+    private int capacity() {
+        int bytes = number(MediaFormat.KEY_MAX_INPUT_SIZE, width() * height() * 3 / 2);
+        for (String key : new String[] {"csd-0", "csd-1"}) {
+            ByteBuffer parameterSet = format.getByteBuffer(key);
+            bytes += parameterSet != null ? parameterSet.remaining() : 0;
+        }
+        return bytes;
+    }
+
+    /** The very first unit has the parameter sets in front. */
+    private boolean readUnit() {
+        Buffer bounds = unit; // Its methods are the same on all versions of Android.
+        bounds.clear();
+        if (first) {
+            putParameterSet("csd-0");
+            putParameterSet("csd-1");
+        }
+        int begin = unit.position();
+        int size = extractor.readSampleData(unit, begin);
+        if (size < 0) {
+            return false;
+        }
+        first = false;
+        bounds.limit(begin + size);
+        bounds.position(0);
+        return true;
+    }
+
+    private void putParameterSet(String key) {
+        ByteBuffer parameterSet = format.getByteBuffer(key);
+        if (parameterSet != null) {
+            unit.put(parameterSet.duplicate());
+        }
+    }
+}

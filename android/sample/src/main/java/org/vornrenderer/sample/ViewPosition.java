@@ -1,0 +1,59 @@
+package org.vornrenderer.sample;
+
+/**
+ * Where the camera stands, and where a point of the output lies in the picture.
+ *
+ * <p>The picture is the square from -1 to 1, and is seen at the size {@link #scale} against the
+ * output. Parts of the output run from 0 to 1, from its first column and row.
+ */
+final class ViewPosition {
+    private static final float FIT = 1.4003148F;
+    private static final float SCALE_AT_1 = 2.2998426F;
+    private static final float NEAREST = 0.5F;
+    private static final float FARTHEST = 3;
+
+    /** From its anchor to a sticker's middle, in the square's units. */
+    private static final float STICKER_OFFSET = 0.3F;
+
+    private float x;
+    private float distance = 3 - FIT / 2;
+
+    float x() {
+        return x;
+    }
+
+    float zoom() {
+        return 2 * (3 - distance);
+    }
+
+    /** Moves the picture to the right by a part of the output's width. */
+    void drag(float part) {
+        x = clamp(x - 2 * part / scale(), -1, 1);
+    }
+
+    void zoomBy(float factor) {
+        distance = clamp(distance / factor, NEAREST, FARTHEST);
+    }
+
+    /** Anchor of a sticker whose middle is seen at a part of the output's width. */
+    int anchorX(float part, int width) {
+        return Math.round((x + seen(part) + 1) / 2 * width);
+    }
+
+    /** Likewise of the height. */
+    int anchorY(float part, int height) {
+        return Math.round((seen(part) + STICKER_OFFSET + 1) / 2 * height);
+    }
+
+    private float scale() {
+        return SCALE_AT_1 / distance;
+    }
+
+    private float seen(float part) {
+        return (2 * part - 1) / scale();
+    }
+
+    private static float clamp(float value, float least, float most) {
+        return Math.max(least, Math.min(most, value));
+    }
+}

@@ -1,0 +1,50 @@
+plugins {
+    id("com.android.library")
+}
+
+val repository = rootDir.parentFile
+
+android {
+    namespace = "org.vornrenderer"
+    compileSdk = 34
+
+    defaultConfig {
+        minSdk = 24
+        consumerProguardFiles("consumer-rules.pro")
+        ndk {
+            abiFilters += listOf("armeabi-v7a", "arm64-v8a")
+        }
+        externalNativeBuild {
+            cmake {
+                // One C++ runtime for both shared objects: C++ exceptions and a vector pass between them.
+                arguments += listOf(
+                    "-DANDROID_STL=c++_shared",
+                    "-DVORN_BUILD_JAVA=ON",
+                    "-DVORN_BUILD_TOOLS=OFF",
+                    "-DVORN_BUILD_TESTS=OFF",
+                    "-DVORN_BUILD_BENCH=OFF",
+                    "-DVORN_WARNINGS_AS_ERRORS=OFF",
+                )
+                targets += listOf("vornrenderer", "vornrenderer_jni")
+            }
+        }
+    }
+
+    externalNativeBuild {
+        cmake {
+            path = repository.resolve("CMakeLists.txt")
+            version = "3.31.6" // Any from 3.25 that the SDK manager has installed.
+        }
+    }
+
+    sourceSets {
+        getByName("main") {
+            java.setSrcDirs(listOf(repository.resolve("bindings/java/src")))
+        }
+    }
+
+    compileOptions {
+        sourceCompatibility = JavaVersion.VERSION_11
+        targetCompatibility = JavaVersion.VERSION_11
+    }
+}

@@ -1,0 +1,104 @@
+package org.vornrenderer.offscreen;
+
+import java.nio.ByteBuffer;
+
+/**
+ * An OpenGL ES 3 context without a window, for tests and tools on the desktop: current on the
+ * thread that made it until it is closed, on that same thread.
+ *
+ * <p>Pixels are RGBA in direct buffers, first row first.
+ */
+public final class OffscreenContext implements AutoCloseable {
+    private static final int BYTES_PER_PIXEL = 4;
+
+    static {
+        System.loadLibrary("vornrenderer_offscreen");
+    }
+
+    private long context = nativeOpen();
+
+    /**
+     * Makes a context and makes it current.
+     *
+     * @throws IllegalStateException where there is no GL
+     */
+    public OffscreenContext() {}
+
+    /** Ends the context. A second call does nothing. */
+    @Override
+    public void close() {
+        long closing = context;
+        context = 0;
+        if (closing != 0) {
+            nativeClose(closing);
+        }
+    }
+
+    /**
+     * Makes a texture.
+     *
+     * @return its GL name
+     */
+    public native int newTexture();
+
+    /**
+     * Fills a texture, which is then sampled without smoothing.
+     *
+     * @param texture GL name
+     * @param width in pixels
+     * @param height in pixels
+     * @param pixels as many as the texture has, from the buffer's start
+     */
+    public void fill(int texture, int width, int height, ByteBuffer pixels) {
+        if (!pixels.isDirect() || pixels.capacity() < width * height * BYTES_PER_PIXEL) {
+            throw new IllegalArgumentException("no pixels for " + width + " x " + height);
+        }
+        nativeFill(texture, width, height, pixels);
+    }
+
+    /**
+     * Reads a texture.
+     *
+     * @param texture GL name
+     * @param width in pixels
+     * @param height in pixels
+     * @return its pixels, in a new buffer
+     */
+    public ByteBuffer read(int texture, int width, int height) {
+        ByteBuffer pixels = ByteBuffer.allocateDirect(width * height * BYTES_PER_PIXEL);
+        nativeRead(texture, width, height, pixels);
+        return pixels;
+    }
+
+    /**
+     * Sets the colour that pictures are drawn on.
+     *
+     * @param red 0 to 1
+     * @param green 0 to 1
+     * @param blue 0 to 1
+     * @param alpha 0 to 1
+     */
+    public native void setClearColor(float red, float green, float blue, float alpha);
+
+    /**
+     * Sets GL_UNPACK_ALIGNMENT.
+     *
+     * @param bytes 1, 2, 4 or 8
+     */
+    public native void setUnpackAlignment(int bytes);
+
+    /**
+     * Tells GL_UNPACK_ALIGNMENT.
+     *
+     * @return bytes
+     */
+    public native int getUnpackAlignment();
+
+    private static native long nativeOpen();
+
+    private static native void nativeClose(long context);
+
+    private native void nativeFill(int texture, int width, int height, ByteBuffer pixels);
+
+    private native void nativeRead(int texture, int width, int height, ByteBuffer pixels);
+}

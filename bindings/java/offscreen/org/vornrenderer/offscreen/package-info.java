@@ -1,0 +1,2 @@
+/** OpenGL ES without a window, for tests and tools on the desktop. */
+package org.vornrenderer.offscreen;

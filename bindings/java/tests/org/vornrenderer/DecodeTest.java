@@ -1,0 +1,129 @@
+package org.vornrenderer;
+
+import static org.junit.Assert.assertArrayEquals;
+import static org.junit.Assert.assertThrows;
+import static org.junit.Assert.assertTrue;
+import static org.junit.Assert.fail;
+
+import java.awt.Color;
+import java.awt.Graphics;
+import java.awt.image.BufferedImage;
+import java.io.ByteArrayOutputStream;
+import java.io.DataInputStream;
+import java.io.FileInputStream;
+import java.io.IOException;
+import java.nio.ByteBuffer;
+import java.util.function.IntPredicate;
+import javax.imageio.ImageIO;
+import org.junit.Test;
+import org.vornrenderer.offscreen.OffscreenContext;
+
+/** Compressed units to pixels, through the platform's decoder. */
+public class DecodeTest extends GlTest {
+    private static final int WIDTH = 320;
+    private static final int HEIGHT = 240;
+    private static final int TOLERANCE = 4;
+    private static final long PATIENCE_NS = 20_000_000_000L;
+
+    private static ByteBuffer direct(byte[] bytes) {
+        ByteBuffer buffer = ByteBuffer.allocateDirect(bytes.length + 3);
+        buffer.position(3);
+        buffer.put(bytes);
+        buffer.position(3);
+        return buffer;
+    }
+
+    private static ByteBuffer jpeg(Color left, Color right) throws IOException {
+        BufferedImage image = new BufferedImage(WIDTH, HEIGHT, BufferedImage.TYPE_INT_RGB);
+        Graphics graphics = image.getGraphics();
+        graphics.setColor(left);
+        graphics.fillRect(0, 0, WIDTH / 2, HEIGHT);
+        graphics.setColor(right);
+        graphics.fillRect(WIDTH / 2, 0, WIDTH / 2, HEIGHT);
+        ByteArrayOutputStream bytes = new ByteArrayOutputStream();
+        assertTrue(ImageIO.write(image, "jpeg", bytes));
+        return direct(bytes.toByteArray());
+    }
+
+    /** Draws until the red of a pixel in the left half is as wanted. */
+    private Picture drawUntil(VideoRenderer renderer, IntPredicate red) {
+        long end = System.nanoTime() + PATIENCE_NS;
+        while (System.nanoTime() < end) {
+            renderer.draw();
+            Picture picture = drawn(WIDTH, HEIGHT);
+            if (red.test(picture.at(WIDTH / 4, HEIGHT / 2)[0])) {
+                return picture;
+            }
+        }
+        fail("no such picture came out");
+        return null;
+    }
+
+    private static void assertAbout(Color expected, int[] pixel) {
+        int[] wanted = {expected.getRed(), expected.getGreen(), expected.getBlue(), 255};
+        for (int c = 0; c < wanted.length; ++c) {
+            if (Math.abs(wanted[c] - pixel[c]) > TOLERANCE) {
+                assertArrayEquals(wanted, pixel);
+            }
+        }
+    }
+
+    @Test
+    public void motionJpegThatIsMirrored() throws IOException {
+        Color left = new Color(200, 80, 40);
+        Color right = new Color(30, 60, 190);
+        try (VideoRenderer renderer = builder(VideoSource.MJPEG, WIDTH, HEIGHT).build()) {
+            renderer.queueUnit(ByteBuffer.allocateDirect(0));
+            renderer.queueUnit(jpeg(left, right));
+            Picture picture = drawUntil(renderer, red -> red > 150);
+            assertAbout(left, picture.at(WIDTH / 4, 10));
+            assertAbout(right, picture.at(3 * WIDTH / 4, HEIGHT - 10));
+
+            renderer.setMirrored(true);
+            renderer.draw();
+            assertAbout(right, drawn(WIDTH, HEIGHT).at(WIDTH / 4, HEIGHT / 2));
+        }
+    }
+
+    /** The file that write_units makes: picture n has the grey level 60 + 20 n. */
+    @Test
+    public void h264UnitByUnit() throws IOException {
+        String file = System.getProperty("vorn.units");
+        try (DataInputStream units = new DataInputStream(new FileInputStream(file));
+                VideoRenderer renderer = builder(VideoSource.H264, WIDTH, HEIGHT).build()) {
+            for (int n = 0; n < 8; ++n) {
+                byte[] unit = new byte[units.readInt()];
+                units.readFully(unit);
+                renderer.queueUnit(direct(unit));
+                int grey = (60 + 20 * n - 16) * 255 / 219;
+                drawUntil(renderer, red -> Math.abs(red - grey) <= TOLERANCE);
+            }
+        }
+    }
+
+    @Test
+    public void framesAndUnitsThatAreRefused() {
+        try (VideoRenderer renderer = builder(VideoSource.H264, WIDTH, HEIGHT).build()) {
+            ByteBuffer bytes = ByteBuffer.allocateDirect(4);
+            assertThrows(IllegalArgumentException.class, () -> renderer.draw(bytes));
+            assertThrows(
+                    IllegalArgumentException.class,
+                    () -> renderer.queueUnit(ByteBuffer.allocate(4)));
+            assertThrows(NullPointerException.class, () -> renderer.queueUnit(null));
+        }
+    }
+
+    @Test
+    public void exceptionsOfThePlatformComeThrough() {
+        try (VideoRenderer renderer = builder(VideoSource.MJPEG, WIDTH, HEIGHT).build()) {
+            renderer.draw();
+            try (OffscreenContext other = new OffscreenContext()) {
+                other.setClearColor(0, 0, 0, 0);
+                assertTrue(
+                        assertThrows(IllegalStateException.class, renderer::draw)
+                                .getMessage()
+                                .contains("another GL context"));
+            }
+        }
+    }
+}

@@ -1,0 +1,132 @@
+package org.vornrenderer;
+
+import static org.junit.Assert.assertEquals;
+import static org.junit.Assert.assertThrows;
+import static org.junit.Assert.assertTrue;
+
+import java.nio.ByteBuffer;
+import org.junit.Test;
+
+/** What is refused is told in an exception, and the renderer goes on. */
+public class RefusalTest extends GlTest {
+    private static void refused(String message, Class<? extends Throwable> type, Runnable call) {
+        assertEquals(message, assertThrows(type, call::run).getMessage());
+    }
+
+    private static void badArgument(String message, Runnable call) {
+        refused(message, IllegalArgumentException.class, call);
+    }
+
+    private static void badState(String message, Runnable call) {
+        refused(message, IllegalStateException.class, call);
+    }
+
+    @Test
+    public void descriptions() {
+        badArgument("no picture is 0 x 1", () -> builder(VideoSource.RGB, 0, 1));
+        badArgument("no picture is 1 x -1", () -> builder(VideoSource.H264, 1, -1));
+        badArgument(
+                "32768 x 16384 RGBA does not fit a buffer",
+                () -> builder(VideoSource.RGBA, 32768, 16384));
+        badArgument(
+                "2147483647 x 2147483647 RGB does not fit a buffer",
+                () -> builder(VideoSource.RGBA, 1, 1)
+                        .mask(PixelLayout.RGB, Integer.MAX_VALUE, Integer.MAX_VALUE));
+        badArgument("0 is not a texture", () -> builder(VideoSource.RGB, 1, 1).destination(0));
+        badState(
+                "the renderer has no destination",
+                () -> new VideoRenderer.Builder(VideoSource.RGB, 1, 1).build());
+        assertTrue(
+                assertThrows(
+                                IllegalArgumentException.class,
+                                () -> builder(VideoSource.RGB, 1 << 20, 1).build())
+                        .getMessage()
+                        .startsWith("this GL's textures end at "));
+    }
+
+    @Test
+    public void buffersThatAreNotThePicture() {
+        ByteBuffer right = ByteBuffer.allocateDirect(4 * 4 * 4);
+        ByteBuffer late = right.duplicate();
+        late.position(1);
+        ByteBuffer early = right.duplicate();
+        early.limit(right.capacity() - 1);
+        try (VideoRenderer renderer = builder(VideoSource.RGBA, 4, 4).build()) {
+            badArgument("the frame has 63 bytes, not 64", () -> renderer.draw(late));
+            badArgument("the frame has 63 bytes, not 64", () -> renderer.draw(early));
+            badArgument(
+                    "the frame has 65 bytes, not 64",
+                    () -> renderer.draw(ByteBuffer.allocateDirect(65)));
+            badArgument(
+                    "the frame is not in a direct buffer",
+                    () -> renderer.draw(ByteBuffer.allocate(64)));
+            badArgument("the renderer takes no mask", () -> renderer.draw(right, right));
+            badState("a renderer of RGBA frames takes no units", () -> renderer.queueUnit(right));
+            renderer.draw(right.asReadOnlyBuffer());
+        }
+        VideoRenderer.Builder masked = builder(VideoSource.RGBA, 4, 4).mask(PixelLayout.RGB, 4, 4);
+        try (VideoRenderer renderer = masked.build()) {
+            badArgument("the mask has 64 bytes, not 48", () -> renderer.draw(right, right));
+        }
+    }
+
+    @Test
+    public void stickersAndViews() {
+        VideoRenderer.Builder masked = builder(VideoSource.RGB, 4, 4).mask(PixelLayout.RGB, 1, 1);
+        try (VideoRenderer renderer = masked.build()) {
+            badArgument("3 numbers are no pairs", () -> renderer.setStickers(1, 1, 2, 3));
+            badArgument("-1 is not a texture", () -> renderer.setStickers(-1, 1, 2));
+            assertThrows(NullPointerException.class, () -> renderer.setStickers(1, (int[]) null));
+            badArgument("no view is at NaN, zoom 2.0", () -> renderer.setView(Float.NaN, 2));
+            badArgument(
+                    "no view is at 0.0, zoom Infinity",
+                    () -> renderer.setView(0, Float.POSITIVE_INFINITY));
+        }
+    }
+
+    @Test
+    public void everyCallAfterClose() {
+        VideoRenderer renderer = builder(VideoSource.RGB, 4, 4).build();
+        renderer.close();
+        renderer.close();
+        String closed = "the renderer is closed";
+        badState(closed, renderer::draw);
+        badState(closed, () -> renderer.queueUnit(ByteBuffer.allocateDirect(1)));
+        badState(closed, () -> renderer.setMirrored(true));
+        badState(closed, () -> renderer.setStickers(1, 2, 3));
+        badState(closed, renderer::clearStickers);
+        badState(closed, () -> renderer.setView(0, 2));
+    }
+
+    @Test
+    public void everyCallFromAnotherThread() throws InterruptedException {
+        VideoRenderer renderer = builder(VideoSource.RGB, 4, 4).build();
+        Throwable[] failure = new Throwable[1];
+        Thread other = new Thread(() -> callAll(renderer), "other");
+        other.setUncaughtExceptionHandler((thread, error) -> failure[0] = error);
+        other.start();
+        other.join();
+        assertEquals(null, failure[0]);
+        renderer.draw();
+        renderer.close();
+    }
+
+    private static void callAll(VideoRenderer renderer) {
+        String elsewhere = "the renderer belongs to main, not to other";
+        badState(elsewhere, renderer::draw);
+        badState(elsewhere, () -> renderer.queueUnit(ByteBuffer.allocateDirect(1)));
+        badState(elsewhere, () -> renderer.setMirrored(true));
+        badState(elsewhere, () -> renderer.setStickers(1, 2, 3));
+        badState(elsewhere, renderer::clearStickers);
+        badState(elsewhere, () -> renderer.setView(0, 2));
+        badState(elsewhere, renderer::close);
+    }
+
+    @Test
+    public void buildingWithoutContext() {
+        gl.close();
+        badState(
+                "no GL context is current on this thread",
+                () -> builder(VideoSource.RGB, 4, 4).build());
+    }
+}
