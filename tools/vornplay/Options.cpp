@@ -16,7 +16,7 @@ constexpr char kNotes[] =
     "them, from number 1 on; x.mp4 an H.264 video of them over the backdrop.\n"
     "\n"
     "Path: by default, H.264 and Motion-JPEG video is handed over compressed and decoded by the\n"
-    "platform, which a Java machine belongs to ($JAVA_HOME, or the one of the build); anything\n"
+    "platform, which a Java machine belongs to ($JAVA_HOME, or the system's); anything\n"
     "else, and frames of another --size, as pixels. Other sizes with --path decode are scaled\n"
     "simply.\n"
     "\n"
@@ -96,7 +96,7 @@ void AddPathOptions(CLI::App& app, Options& options) {
     app.add_flag("--realtime", options.realtime,
                  "Keep the clip's pace, and tell how many frames were shown and dropped");
     app.add_option("--platform", options.platform,
-                   "Where libandroid.so and java/android.jar are (default: the build's)")
+                   "Where libandroid.so and android.jar are (default: those linked to)")
         ->type_name("DIR");
     for (const char* name : {"--path", "--realtime", "--platform"}) {
         app.get_option(name)->group("Path");

@@ -46,7 +46,7 @@ std::string Objection(const VideoFile& file, const Options& options) {
 
 /// \return null where there is no Java machine, and why in \p objection.
 JavaVM* StartJava(const std::string& platform, std::string& objection) {
-    const std::string jar = platform + "/java/android.jar";
+    const std::string jar = platform + "/android.jar";
     HostJavaOptions options = {};
     if (!platform.empty()) {
         options.classPath = jar.c_str();

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -13,19 +14,38 @@ namespace {
 
 using CreateMachine = jint (*)(JavaVM** machine, void** env, void* arguments);
 
-std::string Or(const char* given, const char* fallback) {
+constexpr const char* kMachineLibrary = "/lib/server/libjvm.so";
+
+std::string Or(const char* given, const std::string& fallback) {
     return given != nullptr ? given : fallback;
 }
 
 /// libjvm stays loaded: a machine cannot be taken down again.
 CreateMachine LoadLibrary(const std::string& javaHome) {
-    const std::string path = javaHome + "/lib/server/libjvm.so";
+    const std::string path = javaHome + kMachineLibrary;
     void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     void* function = library != nullptr ? dlsym(library, "JNI_CreateJavaVM") : nullptr;
     if (function == nullptr) {
         throw std::runtime_error("no Java machine in " + javaHome);
     }
     return reinterpret_cast<CreateMachine>(function);
+}
+
+bool HasMachine(const std::string& javaHome) {
+    return access((javaHome + kMachineLibrary).c_str(), R_OK) == 0;
+}
+
+/// The one the platform was built with where it is still there, or else the system's.
+std::string DefaultJavaHome() {
+    constexpr const char* kSystemJavaHome = "/usr/lib/jvm/default-java";
+    return HasMachine(JAVA_HOME) ? JAVA_HOME : kSystemJavaHome;
+}
+
+/// Where the library that contains this code was loaded from: the rest of the platform lies beside.
+std::string PlatformDirectory() {
+    Dl_info info = {};
+    dladdr(reinterpret_cast<const void*>(&PlatformDirectory), &info);
+    return std::filesystem::canonical(info.dli_fname).parent_path();
 }
 
 /// The machine itself says nothing of what its class path lacks.
@@ -41,13 +61,14 @@ void CheckReadable(const std::string& classPath) {
 }
 
 JavaVM* Start(const HostJavaOptions& options) {
-    const std::string javaHome = Or(options.javaHome, Or(getenv("JAVA_HOME"), JAVA_HOME).c_str());
-    const std::string jar = Or(options.classPath, ANDROID_JAR);
+    const std::string javaHome = Or(options.javaHome, Or(getenv("JAVA_HOME"), DefaultJavaHome()));
+    const std::string platform = PlatformDirectory();
+    const std::string jar = Or(options.classPath, platform + "/android.jar");
     CheckReadable(jar);
     const CreateMachine create = LoadLibrary(javaHome);
 
     std::string classPath = "-Djava.class.path=" + jar;
-    std::string libraryPath = "-Djava.library.path=" + Or(options.libraryPath, ANDROID_LIBRARIES);
+    std::string libraryPath = "-Djava.library.path=" + Or(options.libraryPath, platform);
     std::string signals = "-Xrs";  // The program's, not the machine's, where that can do without.
     std::string collector = "-XX:+UseSerialGC";  // The one without threads of its own.
     std::string check = "-Xcheck:jni";

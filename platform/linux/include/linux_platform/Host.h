@@ -29,9 +29,9 @@ extern "C" {
 
 /// Where the Java machine and the platform are; null members stand for the defaults.
 typedef struct HostJavaOptions {
-    const char* javaHome;     ///< Of a JDK or JRE. Default: $JAVA_HOME, or else the build's.
-    const char* classPath;    ///< Default: the build's android.jar.
-    const char* libraryPath;  ///< Of libandroid.so's directory. Default: the build's.
+    const char* javaHome;     ///< Of a JDK or JRE. Default: $JAVA_HOME, or else the system's.
+    const char* classPath;    ///< Default: android.jar beside libmediandk.so.
+    const char* libraryPath;  ///< Of libandroid.so's directory. Default: libmediandk.so's.
     int checkJni;             ///< Not 0: wrong JNI calls end the process, doubtful ones are told.
 } HostJavaOptions;
 

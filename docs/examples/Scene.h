@@ -1,0 +1,29 @@
+#pragma once
+
+/// \file
+/// What the programs on the documentation's pages are given.
+
+#include <jni.h>
+
+#include <cstdint>
+#include <vector>
+
+/// A picture: rows of R, G, B, A bytes, first row first, without padding.
+struct Pixels {
+    int width = 0;
+    int height = 0;
+    uint8_t* rgba = nullptr;
+};
+
+/// An OpenGL ES 3 context is current.
+struct Scene {
+    int texture = 0;  ///< The destination: a fresh name from glGenTextures.
+    Pixels frame;     ///< A frame of a video.
+    Pixels sticker;   ///< A small picture.
+
+    JavaVM* javaVM = nullptr;                ///< For compressed video only.
+    std::vector<std::vector<uint8_t>> clip;  ///< Likewise: H.264 units that show the frame.
+};
+
+/// What each page defines.
+void Draw(const Scene& scene);

@@ -1,0 +1,118 @@
+// Runs the program of a documentation page, and writes the picture that it draws or compares it
+// with the one on the page.
+
+#include <linux_platform/Host.h>
+
+#include <array>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+#include "Scene.h"
+#include "offscreen/OffscreenContext.h"
+#include "support/Backdrop.h"
+#include "support/CommandLine.h"
+#include "support/PngFile.h"
+#include "support/ToolError.h"
+#include "vornplay/TargetTexture.h"
+#include "vornplay/UnitReader.h"
+
+namespace {
+
+struct Arguments {
+    std::string frame;
+    std::string sticker;
+    std::string clip;
+    std::string out;
+    std::string expected;
+};
+
+bool Parse(int argc, char** argv, Arguments& arguments) {
+    CLI::App app("Runs the program of a documentation page.");
+    app.add_option("--frame", arguments.frame, "The frame")->required();
+    app.add_option("--sticker", arguments.sticker, "The sticker")->required();
+    app.add_option("--clip", arguments.clip, "Compressed video; starts a Java machine");
+    app.add_option("--out", arguments.out, "Write the picture here");
+    app.add_option("--expect", arguments.expected, "Compare the picture with this one");
+    return ParseCommandLine(app, argc, argv);
+}
+
+JavaVM* StartJava() {
+    std::array<char, 256> error{};
+    JavaVM* machine = HostJava_start(nullptr, error.data(), error.size());
+    if (machine == nullptr) {
+        throw ToolError(error.data());
+    }
+    return machine;
+}
+
+std::vector<std::vector<uint8_t>> ReadUnits(const std::string& path) {
+    VideoFile file(path);
+    UnitReader reader(file);
+    std::vector<std::vector<uint8_t>> units;
+    while (const AVPacket* unit = reader.Next()) {
+        units.emplace_back(unit->data, unit->data + unit->size);
+    }
+    return units;
+}
+
+Pixels View(Image& image) {
+    return {image.size.width, image.size.height, image.pixels.data()};
+}
+
+/// What the page's program drew, over a checkerboard where it is transparent.
+Image Picture(const Arguments& arguments) {
+    Image frame = ReadPng(arguments.frame);
+    Image sticker = ReadPng(arguments.sticker);
+    const OffscreenContext context;
+    const Texture texture;
+    Scene scene{static_cast<int>(texture.Name()), View(frame), View(sticker), nullptr, {}};
+    if (!arguments.clip.empty()) {
+        scene.javaVM = StartJava();
+        scene.clip = ReadUnits(arguments.clip);
+    }
+    Draw(scene);
+
+    Image drawn(frame.size);
+    TextureReader().Read(texture, drawn);
+    std::vector<uint8_t> rgb(drawn.pixels.size() / 4 * 3);
+    Backdrop().Flatten(drawn, rgb.data());
+    for (size_t i = 0; i < drawn.pixels.size(); ++i) {
+        drawn.pixels[i] = i % 4 == 3 ? uint8_t{255} : rgb[i / 4 * 3 + i % 4];
+    }
+    return drawn;
+}
+
+/// Rounding differs from one GL to another, and so do single pixels at edges.
+void Compare(const Image& drawn, const Image& expected) {
+    constexpr int kSameToTheEye = 12;
+    if (drawn.pixels.size() != expected.pixels.size()) {
+        throw ToolError("the page's picture has another size");
+    }
+    size_t different = 0;
+    for (size_t i = 0; i < drawn.pixels.size(); ++i) {
+        different += std::abs(drawn.pixels[i] - expected.pixels[i]) > kSameToTheEye ? 1 : 0;
+    }
+    if (different * 500 > drawn.pixels.size()) {
+        throw ToolError("not the page's picture: " + std::to_string(different) + " of " +
+                        std::to_string(drawn.pixels.size()) + " values differ");
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return RunTool("example", [&] {
+        Arguments arguments;
+        if (Parse(argc, argv, arguments)) {
+            const Image picture = Picture(arguments);
+            if (!arguments.out.empty()) {
+                WritePng(arguments.out, picture);
+            }
+            if (!arguments.expected.empty()) {
+                Compare(picture, ReadPng(arguments.expected));
+            }
+        }
+        return int{kExitDone};
+    });
+}
