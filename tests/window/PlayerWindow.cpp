@@ -1,6 +1,7 @@
 #include "PlayerWindow.h"
 
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -8,6 +9,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <thread>
 
 #include "support/BitmapFont.h"
@@ -107,6 +109,7 @@ void PlayerWindow::Open(const std::string& arguments) {
         "cd " + Path(".") + " && exec " VORNPLAY " " + arguments + " 2>" + Path("log");
     player_ = fork();
     if (player_ == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
         setenv("DISPLAY", screen_->Name().c_str(), 1);
         unsetenv("WAYLAND_DISPLAY");
         execl("/bin/sh", "sh", "-c", command.c_str(), static_cast<char*>(nullptr));
@@ -175,9 +178,8 @@ PlayerWindow::Saved PlayerWindow::Save() {
         end = begin == std::string::npos ? begin : log.find('\n', begin);
         return end != std::string::npos;
     });
-    EXPECT_TRUE(saved) << Log();
     if (!saved) {
-        return {};
+        throw std::runtime_error("nothing saved; the player said: " + Log());
     }
     begin += sizeof(kSaved) - 1;
     logRead_ = end;

@@ -4,6 +4,7 @@
 #include <X11/Xutil.h>
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,6 +22,7 @@ struct FreeX {
 
 /// Becomes the server, which writes its number to \p channel.
 [[noreturn]] void BecomeServer(int channel) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
     const std::string descriptor = std::to_string(channel);
     const int nowhere = open("/dev/null", O_RDWR);
     dup2(nowhere, STDOUT_FILENO);
