@@ -56,9 +56,25 @@ TEST_F(PlayerTest, AnEarlierOutputOutlivesAFailedRun) {
 
 TEST_F(PlayerTest, WithoutAGlContextItSaysSo) {
     WriteImage("in.png", Pattern({9, 7}));
-    const RunResult result = Run("__EGL_VENDOR_LIBRARY_FILENAMES=/dev/null " VORNPLAY, "in.png");
+    const RunResult result =
+        Run("__EGL_VENDOR_LIBRARY_FILENAMES=/dev/null " VORNPLAY, "in.png --no-window");
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.errors.rfind("vornplay: no EGL", 0), 0U) << result.errors;
+}
+
+TEST_F(PlayerTest, WithoutADisplayItSaysWhatToDo) {
+    WriteImage("in.png", Pattern({9, 7}));
+    const std::string player = "env -u DISPLAY -u WAYLAND_DISPLAY " VORNPLAY " ";
+    const RunResult result = Run(player, "in.png");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(
+        result.errors,
+        "vornplay: no display to open a window on: name a file with --out, or let it be drawn "
+        "and timed with --no-window\n");
+    for (const std::string arguments : {"--no-window", "--frames 1", "--view-to 0,0,4,0"}) {
+        EXPECT_EQ(Run(player, "in.png " + arguments).status, 0) << arguments;
+    }
+    EXPECT_NE(Run(player, "none.png").errors.find("none.png: "), std::string::npos);
 }
 
 namespace {
@@ -91,7 +107,7 @@ TEST_F(PlayerTest, CountsPicturesThatTheDecoderDropsInSilence) {
     WriteClip("clip", 12, {64, 48});
     PlayWell("clip/%04d.png --out clip.mp4");
     DisguisePicture(Path("clip.mp4"), 8);
-    const RunResult result = Play("clip.mp4");
+    const RunResult result = Play("clip.mp4 --no-window");
     EXPECT_EQ(result.status, 1);
     EXPECT_NE(result.errors.find("clip.mp4 is broken: 1 frames lost"), std::string::npos)
         << result.errors;

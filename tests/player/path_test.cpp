@@ -50,25 +50,26 @@ TEST_F(PathTest, WithoutAJavaMachineOnlyPixelsGoOver) {
     RunResult result = Run(player, "--path decode --out out.png");
     EXPECT_EQ(result.status, 2);
     EXPECT_EQ(result.errors, "vornplay: clip.mp4: no Java machine in /nowhere\n");
-    EXPECT_EQ(Play("clip.mp4 --path decode --platform /nowhere").status, 2);
+    EXPECT_EQ(Play("clip.mp4 --no-window --path decode --platform /nowhere").status, 2);
     EXPECT_FALSE(std::filesystem::exists(Path("out.png")));
 
     result = Run(player, "--quiet --out out.png");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
-    result = Run(player, "--verbose");
+    result = Run(player, "--no-window --verbose");
     EXPECT_NE(result.errors.find("not decoded by the platform: no Java machine"),
               std::string::npos);
 }
 
 TEST_F(PathTest, OnlyVideoOfItsOwnSizeGoesOverCompressedUnasked) {
     for (const std::string arguments : {"in/0001.png", "clip.mp4 --size 32x24", "clip.mp4 --rgb"}) {
-        EXPECT_NE(Play(arguments + " --verbose").errors.find("not decoded by the platform"),
-                  std::string::npos)
+        EXPECT_NE(
+            Play(arguments + " --no-window --verbose").errors.find("not decoded by the platform"),
+            std::string::npos)
             << arguments;
     }
-    EXPECT_EQ(Play("in/0001.png --path decode").status, 2);
-    EXPECT_EQ(Play("clip.mp4 --rgb --path decode").status, 2);
+    EXPECT_EQ(Play("in/0001.png --no-window --path decode").status, 2);
+    EXPECT_EQ(Play("clip.mp4 --no-window --rgb --path decode").status, 2);
     EXPECT_EQ(Play("clip.mp4 --realtime --path cpu").status, 2);
     PlayWell("clip.mp4 --size 32x24 --path decode --out small.png");
     EXPECT_EQ(Read("small.png").size.width, 32);

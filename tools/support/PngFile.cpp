@@ -17,6 +17,15 @@ struct PngRecord {
     png_image record{};
 };
 
+Image FinishReading(png_image& record, const std::string& name) {
+    record.format = PNG_FORMAT_RGBA;
+    Image image({static_cast<int>(record.width), static_cast<int>(record.height)});
+    if (png_image_finish_read(&record, nullptr, image.pixels.data(), 0, nullptr) == 0) {
+        throw ToolError(name + ": " + record.message);
+    }
+    return image;
+}
+
 void Write(const std::string& path, Size size, png_uint_32 format, const uint8_t* pixels) {
     PendingFile file(path);
     PngRecord png;
@@ -37,12 +46,15 @@ Image ReadPng(const std::string& path) {
     if (png_image_begin_read_from_file(&png.record, path.c_str()) == 0) {
         throw ToolError(path + ": " + png.record.message);
     }
-    png.record.format = PNG_FORMAT_RGBA;
-    Image image({static_cast<int>(png.record.width), static_cast<int>(png.record.height)});
-    if (png_image_finish_read(&png.record, nullptr, image.pixels.data(), 0, nullptr) == 0) {
-        throw ToolError(path + ": " + png.record.message);
+    return FinishReading(png.record, path);
+}
+
+Image DecodePng(const uint8_t* data, size_t size) {
+    PngRecord png;
+    if (png_image_begin_read_from_memory(&png.record, data, size) == 0) {
+        throw ToolError(png.record.message);
     }
-    return image;
+    return FinishReading(png.record, "PNG");
 }
 
 void WritePng(const std::string& path, const Image& image) {

@@ -8,6 +8,9 @@
 /// \throws ToolError
 Image ReadPng(const std::string& path);
 
+/// Reads a PNG file that lies in memory. \throws ToolError
+Image DecodePng(const uint8_t* data, size_t size);
+
 /// Writes a picture with its alpha. A file that fails leaves nothing behind. \throws ToolError
 void WritePng(const std::string& path, const Image& image);
 

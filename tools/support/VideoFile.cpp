@@ -60,6 +60,10 @@ int64_t VideoFile::FirstTick() const {
     return stream_->start_time == AV_NOPTS_VALUE ? 0 : stream_->start_time;
 }
 
+double VideoFile::SecondsOf(int64_t time) const {
+    return static_cast<double>(time - FirstTick()) * av_q2d(stream_->time_base);
+}
+
 int64_t VideoFile::StartTime() const {
     return FirstTick() + static_cast<int64_t>(startSeconds_ / av_q2d(stream_->time_base));
 }
@@ -85,8 +89,7 @@ bool VideoFile::IsBeforeStart(int64_t time) const {
     if (startSeconds_ <= 0.0 || time == AV_NOPTS_VALUE) {
         return false;
     }
-    const auto ticks = static_cast<double>(time - FirstTick());
-    return ticks * av_q2d(stream_->time_base) < startSeconds_ - kTimeTolerance;
+    return SecondsOf(time) < startSeconds_ - kTimeTolerance;
 }
 
 AVPacket* VideoFile::Next() {

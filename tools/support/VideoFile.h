@@ -32,6 +32,8 @@ public:
 
     /// Whether a time, in the stream's units, lies before the start. Not if it is unknown.
     bool IsBeforeStart(int64_t time) const;
+    /// A time in the stream's units, in seconds from the beginning of the file.
+    double SecondsOf(int64_t time) const;
     /// The start, in the stream's units.
     int64_t StartTime() const;
 

@@ -5,14 +5,9 @@
 
 #include "support/ToolError.h"
 
-namespace {
-
-/// What the file says, and only where it says nothing what the decoder guesses.
 int64_t TimeOf(const AVFrame& frame) {
     return frame.pts != AV_NOPTS_VALUE ? frame.pts : frame.best_effort_timestamp;
 }
-
-}  // namespace
 
 VideoReader::VideoReader(VideoFile file) : file_(std::move(file)) {
     OpenDecoder();

@@ -6,6 +6,10 @@
 #include "support/OwedFrames.h"
 #include "support/VideoFile.h"
 
+/// When a frame is shown, in its stream's units, or AV_NOPTS_VALUE: what the file says, and only
+/// where it says nothing what the decoder guesses.
+int64_t TimeOf(const AVFrame& frame);
+
 /// Decodes the pictures of a video, of a single picture or of a numbered sequence of pictures, in
 /// the order in which they are shown.
 class VideoReader {

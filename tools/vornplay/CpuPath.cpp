@@ -2,22 +2,19 @@
 
 #include <utility>
 
-namespace {
-
-RendererSettings For(RendererSettings settings, const Options& options, const AVFrame& first) {
+RendererSettings ForPixels(RendererSettings settings, const Options& options,
+                           const AVFrame& first) {
     settings.source = options.rgb ? VE_MODE_RGB : VE_MODE_RGBA;
     settings.size = SizeOr(options.size, first);
     return settings;
 }
-
-}  // namespace
 
 CpuPath::CpuPath(VideoFile file, const Options& options, RendererSettings settings,
                  MaskSource nextMask)
     : reader_(std::move(file)),
       first_(reader_.First()),
       converter_(SizeOr(options.size, first_), options.rgb ? AV_PIX_FMT_RGB24 : AV_PIX_FMT_RGBA),
-      renderer_(For(std::move(settings), options, first_)),
+      renderer_(ForPixels(std::move(settings), options, first_)),
       nextMask_(std::move(nextMask)) {}
 
 /// Draws the frame handed over before, by handing over the one after it.

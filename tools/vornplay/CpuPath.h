@@ -5,6 +5,9 @@
 #include "support/FrameConverter.h"
 #include "support/VideoReader.h"
 
+/// \p settings with the source and the size of frames that are handed over as pixels.
+RendererSettings ForPixels(RendererSettings settings, const Options& options, const AVFrame& first);
+
 /// Frames decoded here, and handed over as pixels.
 class CpuPath : public FramePath {
 public:

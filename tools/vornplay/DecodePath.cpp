@@ -2,21 +2,18 @@
 
 #include <utility>
 
-namespace {
-
-RendererSettings For(RendererSettings settings, const Options& options, const VideoFile& file) {
+RendererSettings ForUnits(RendererSettings settings, const Options& options,
+                          const VideoFile& file) {
     const AVCodecParameters& codec = file.Codec();
     settings.source = codec.codec_id == AV_CODEC_ID_H264 ? VE_MODE_H264 : VE_MODE_MJPEG;
     settings.size = options.size.width > 0 ? options.size : Size{codec.width, codec.height};
     return settings;
 }
 
-}  // namespace
-
 PlatformPath::PlatformPath(VideoFile file, const Options& options, RendererSettings settings,
                            MaskSource nextMask)
     : file_(std::move(file)),
-      renderer_(For(std::move(settings), options, file_)),
+      renderer_(ForUnits(std::move(settings), options, file_)),
       feed_(file_, renderer_),
       nextMask_(std::move(nextMask)),
       mask_(nextMask_()) {
@@ -37,7 +34,7 @@ DecodePath::DecodePath(VideoFile file, const Options& options, RendererSettings 
 
 bool DecodePath::DrawNext(const View& view, bool /*last*/) {
     HostFrames frames;
-    while (AwaitFrame(frames)) {
+    while (Feed().AwaitFrame(seen_, frames)) {
         seen_ = frames.delivered;
         if (Feed().Show(frames.unit)) {
             DrawNew(view);
@@ -46,17 +43,4 @@ bool DecodePath::DrawNext(const View& view, bool /*last*/) {
         DrawInPassing();  // Makes room for the next.
     }
     return false;
-}
-
-/// Keeps the decoder busy meanwhile. \return false after the last frame
-bool DecodePath::AwaitFrame(HostFrames& frames) {
-    constexpr int64_t kPauseUs = 1000;
-    HostResult result = HOST_TIMED_OUT;
-    while (result == HOST_TIMED_OUT) {
-        while (!Feed().AtEnd() && Feed().HasRoom(0)) {
-            Feed().FeedNext(0);
-        }
-        result = Feed().WaitForFrame(seen_, kPauseUs, frames);
-    }
-    return result == HOST_READY;
 }

@@ -4,6 +4,9 @@
 #include "FramePath.h"
 #include "Options.h"
 
+/// \p settings with the source and the size of a file that is handed over compressed.
+RendererSettings ForUnits(RendererSettings settings, const Options& options, const VideoFile& file);
+
 /// Frames handed over compressed, and decoded by the platform.
 class PlatformPath : public FramePath {
 public:
@@ -42,7 +45,5 @@ public:
     bool DrawNext(const View& view, bool last) override;
 
 private:
-    bool AwaitFrame(HostFrames& frames);
-
     int64_t seen_ = 0;
 };

@@ -23,7 +23,7 @@ void DecoderFeed::Read() {
         const int64_t time = next_->pts != AV_NOPTS_VALUE ? next_->pts : next_->dts;
         // Packets that the container cuts off are there for others to build on.
         const bool hidden = (next_->flags & AV_PKT_FLAG_DISCARD) != 0;
-        units_.push_back({hidden, !hidden && !file_.IsBeforeStart(time), false});
+        units_.push_back({time, hidden, !hidden && !file_.IsBeforeStart(time), false});
     }
 }
 
@@ -64,8 +64,20 @@ HostResult DecoderFeed::WaitForFrame(int64_t seen, int64_t timeoutUs, HostFrames
     return result;
 }
 
+bool DecoderFeed::AwaitFrame(int64_t seen, HostFrames& frames) {
+    constexpr int64_t kPauseUs = 1000;
+    HostResult result = HOST_TIMED_OUT;
+    while (result == HOST_TIMED_OUT) {
+        while (!AtEnd() && HasRoom(0)) {
+            FeedNext(0);
+        }
+        result = WaitForFrame(seen, kPauseUs, frames);
+    }
+    return result == HOST_READY;
+}
+
 bool DecoderFeed::Show(int64_t number) {
-    const size_t index = queued_.at(static_cast<size_t>(number));
+    const size_t index = IndexOf(number);
     Unit& unit = units_.at(index);
     unit.out = true;
     newest_ = std::max(newest_, index);

@@ -17,6 +17,10 @@ public:
 
     void SetLockStep(bool on) { HostDecoder_setLockStep(decoder_.get(), on ? 1 : 0); }
 
+    /// Each frame stays until Step().
+    void SetStepping(bool on) { HostDecoder_setStepping(decoder_.get(), on ? 1 : 0); }
+    void Step() { HostDecoder_step(decoder_.get()); }
+
     /// All units were handed over, and the decoder told so.
     bool AtEnd() const { return atEnd_; }
     /// When the next unit is due, in seconds from the start on.
@@ -29,6 +33,11 @@ public:
 
     /// Waits until the decoder delivered more than \p seen frames. \throws ToolError
     HostResult WaitForFrame(int64_t seen, int64_t timeoutUs, HostFrames& frames);
+    /// Waits as long as it takes, and keeps the decoder busy meanwhile. \return false after the
+    /// last frame. \throws ToolError
+    bool AwaitFrame(int64_t seen, HostFrames& frames);
+    /// When the frame of the unit of this number is shown, in the file's units, or AV_NOPTS_VALUE.
+    int64_t TimeOf(int64_t number) const { return UnitOf(number).time; }
     /// Notes that the frame of the unit of this number came out. \return whether it is to be shown
     bool Show(int64_t number);
 
@@ -42,12 +51,15 @@ private:
         void operator()(HostDecoder* decoder) const { HostDecoder_release(decoder); }
     };
     struct Unit {
+        int64_t time;
         bool hidden;  ///< Never to be shown.
         bool wanted;  ///< To be shown, and not from before the start.
         bool out;     ///< Its frame came out.
     };
 
     void Read();
+    size_t IndexOf(int64_t number) const { return queued_.at(static_cast<size_t>(number)); }
+    const Unit& UnitOf(int64_t number) const { return units_.at(IndexOf(number)); }
     bool IsOverdue(size_t index) const;
 
     VideoFile& file_;

@@ -1,6 +1,7 @@
 #include "Mask.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "support/Image.h"
 
@@ -51,10 +52,21 @@ void DropAlpha(uint8_t* pixels, size_t count) {
     }
 }
 
+/// At the last frame where there are not as many; at the first where nobody knows.
+VideoReader OpenAt(const std::string& path, int64_t frame) {
+    VideoFile file(path);
+    const int64_t last = file.ExpectedFrames() - 1;
+    const double rate = av_q2d(file.FrameRate());
+    if (frame <= 0 || last <= 0) {
+        return VideoReader(std::move(file));
+    }
+    return VideoReader(path, static_cast<double>(std::min(frame, last)) / rate);
+}
+
 }  // namespace
 
-Mask::Mask(const std::string& path, Size size, bool rgb)
-    : reader_(path),
+Mask::Mask(const std::string& path, Size size, bool rgb, int64_t first)
+    : reader_(OpenAt(path, first)),
       first_(reader_.First()),
       size_(SizeOr(size, first_)),
       converter_(size_, AV_PIX_FMT_RGBA),

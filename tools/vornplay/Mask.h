@@ -13,8 +13,10 @@
 /// frame is held.
 class Mask {
 public:
-    /// \param size zero for the file's own \throws ToolError
-    Mask(const std::string& path, Size size, bool rgb);
+    /// \param size  zero for the file's own
+    /// \param first the number of the frame to begin with
+    /// \throws ToolError
+    Mask(const std::string& path, Size size, bool rgb, int64_t first = 0);
 
     /// The mask for the next frame, valid until the next call.
     uint8_t* Next();

@@ -165,9 +165,11 @@ void AddOutputOptions(CLI::App& app, Options& options) {
         ->type_name("FILE");
     AddParsed(app, "--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
               "Behind transparent parts in an mp4 (default: checker)");
+    app.add_flag("--no-window", options.noWindow,
+                 "Without --out: draw all frames and tell how long that took");
     app.add_flag("--quiet,-q", options.quiet, "No progress and no summary");
     app.add_flag("-v,--verbose", options.verbose, "Show the log of the renderer and the decoders");
-    for (const char* name : {"--out", "--backdrop", "--quiet", "--verbose"}) {
+    for (const char* name : {"--out", "--backdrop", "--no-window", "--quiet", "--verbose"}) {
         app.get_option(name)->group("Output");
     }
 }
@@ -176,7 +178,7 @@ void AddOutputOptions(CLI::App& app, Options& options) {
 
 std::optional<Options> ParseOptions(int argc, char** argv) {
     Options options;
-    CLI::App app("Plays a video through the renderer, without a window.", "vornplay");
+    CLI::App app("Plays a video through the renderer, into a window or a file.", "vornplay");
     app.formatter(std::make_shared<PlainHelp>());
     app.footer(kNotes);
     AddInputOptions(app, options);

@@ -36,8 +36,14 @@ struct Options {
     Rgba clear = {0, 0, 0, 255};
     Backdrop backdrop;
 
+    bool noWindow = false;
     bool quiet = false;
     bool verbose = false;
+
+    /// What is written, measured or ends by itself needs none.
+    bool WantsWindow() const {
+        return out.empty() && !noWindow && !realtime && frames == 0 && !viewTo.has_value();
+    }
 
     /// The view acts on masked pictures only.
     bool NeedsMask() const { return !mask.empty() || view.has_value() || viewTo.has_value(); }

@@ -78,18 +78,26 @@ void Refuse(const Options& options, const std::string& objection) {
 
 }  // namespace
 
-std::unique_ptr<FramePath> OpenPath(const Options& options, RendererSettings settings,
-                                    const MaskSource& nextMask) {
-    VideoFile file(options.input, options.startSeconds);
+JavaVM* MachineFor(const VideoFile& file, const Options& options) {
+    JavaVM* machine = nullptr;
     if (options.path != PathOption::kCpu) {
         std::string objection = Objection(file, options);
         if (objection.empty()) {
-            settings.javaVM = StartJava(options.platform, objection);
+            machine = StartJava(options.platform, objection);
         }
-        if (settings.javaVM != nullptr) {
-            return OpenPlatformPath(std::move(file), options, std::move(settings), nextMask);
+        if (machine == nullptr) {
+            Refuse(options, objection);
         }
-        Refuse(options, objection);
+    }
+    return machine;
+}
+
+std::unique_ptr<FramePath> OpenPath(const Options& options, RendererSettings settings,
+                                    const MaskSource& nextMask) {
+    VideoFile file(options.input, options.startSeconds);
+    settings.javaVM = MachineFor(file, options);
+    if (settings.javaVM != nullptr) {
+        return OpenPlatformPath(std::move(file), options, std::move(settings), nextMask);
     }
     return std::make_unique<CpuPath>(std::move(file), options, std::move(settings), nextMask);
 }

@@ -5,6 +5,7 @@
 
 #include "PathChoice.h"
 #include "Progress.h"
+#include "Report.h"
 #include "support/CommandLine.h"
 #include "support/PngFile.h"
 #include "support/ToolError.h"
@@ -12,16 +13,6 @@
 namespace {
 
 constexpr Size kOpaqueMaskSize = {1, 1};
-
-/// Says what is broken in a file. \return whether something is
-bool ReportBroken(const std::string& path, int64_t lost, int64_t damaged) {
-    if (lost == 0 && damaged == 0) {
-        return false;
-    }
-    std::cerr << "vornplay: " << path << " is broken: " << lost << " frames lost, " << damaged
-              << " damaged\n";
-    return true;
-}
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "OptionValues.h"
 #include "TargetTexture.h"
@@ -36,16 +37,27 @@ public:
     /// Sets the view for the frame that the next call draws.
     void SetView(const View& view);
 
+    /// Changes what the next draws show.
+    void SetMirror(bool mirror) { settings_.mirror = mirror; }
+    void SetPositions(VEStickerList positions) { settings_.positions = std::move(positions); }
+
     /// Hands over compressed data: one access unit.
     void Feed(AVPacket& unit) { VEUpdateCompressedData(handle_.get(), unit.data, unit.size); }
 
     /// Draws, and takes the next raw frame and mask. \p mask is not read unless masked.
     void Draw(uint8_t* frame, uint8_t* mask);
 
+    /// Takes a raw frame and a mask, null for none, without drawing: for Draw(nullptr, nullptr) to
+    /// show at once, as often as wanted.
+    void HandOver(uint8_t* frame, uint8_t* mask);
+
     Size FrameSize() const { return settings_.size; }
 
     /// What was drawn last; valid until the next call. \throws ToolError
     const Image& ReadBack();
+
+    /// Where the result is.
+    GLuint TargetName() const { return target_.Name(); }
 
     /// Time that a draw took on average, the GL's included.
     double MillisecondsPerDraw() const;

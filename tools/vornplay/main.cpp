@@ -4,6 +4,7 @@
 #include "Options.h"
 #include "Player.h"
 #include "support/CommandLine.h"
+#include "window/WindowPlayer.h"
 
 extern "C" {
 #include <libavutil/log.h>
@@ -29,7 +30,7 @@ int Run(int argc, char** argv) {
     if (options->verbose) {
         av_log_set_level(AV_LOG_WARNING);
     }
-    return Player(*options).Play();
+    return options->WantsWindow() ? WindowPlayer(*options).Play() : Player(*options).Play();
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ void FrameFlow::Close() {
 
 bool FrameFlow::TakeTurn(int64_t timeoutUs) {
     std::unique_lock<std::mutex> lock(mutex_);
-    const auto free = [this] { return !open_ || !lockStep_ || !turnTaken_; };
+    const auto free = [this] { return !open_ || pace_ == Pace::kFree || !turnTaken_; };
     if (!WaitFor(changed_, lock, timeoutUs, free)) {
         return false;
     }
@@ -48,14 +48,26 @@ void FrameFlow::End() {
 void FrameFlow::Latch() {
     const std::lock_guard<std::mutex> lock(mutex_);
     ++frames_.latched;
-    turnTaken_ = false;
+    turnTaken_ = turnTaken_ && pace_ == Pace::kStepping;
     changed_.notify_all();
 }
 
 void FrameFlow::SetLockStep(bool on) {
+    SetPace(on ? Pace::kLockStep : Pace::kFree);
+}
+
+void FrameFlow::SetStepping(bool on) {
+    SetPace(on ? Pace::kStepping : Pace::kFree);
+}
+
+void FrameFlow::SetPace(Pace pace) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    lockStep_ = on;
+    pace_ = pace;
     changed_.notify_all();
+}
+
+void FrameFlow::Step() {
+    EndTurn();
 }
 
 HostResult FrameFlow::Wait(int64_t seen, int64_t timeoutUs, HostFrames* frames) {

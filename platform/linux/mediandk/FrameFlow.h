@@ -35,17 +35,25 @@ public:
     /// \name The host's side
     /// \{
     void SetLockStep(bool on);
+    void SetStepping(bool on);
+    /// Lets the next picture pass, while stepping.
+    void Step();
     void SetReorderDepth(int pictures) { reorderDepth_ = pictures; }
     HostResult Wait(int64_t seen, int64_t timeoutUs, HostFrames* frames);
     /// \}
 
 private:
+    /// What lets the next picture pass: nothing need be done, the one before is latched, or Step().
+    enum class Pace { kFree, kLockStep, kStepping };
+
+    void SetPace(Pace pace);
+
     std::atomic<int> reorderDepth_{0};
     std::mutex mutex_;
     std::condition_variable changed_;
     HostFrames frames_ = {0, 0, -1};
     bool open_ = false;
     bool ended_ = false;
-    bool lockStep_ = false;
+    Pace pace_ = Pace::kFree;
     bool turnTaken_ = false;
 };

@@ -39,6 +39,14 @@ void HostDecoder_setLockStep(HostDecoder* decoder, int on) {
     decoder->codec->Flow().SetLockStep(on != 0);
 }
 
+void HostDecoder_setStepping(HostDecoder* decoder, int on) {
+    decoder->codec->Flow().SetStepping(on != 0);
+}
+
+void HostDecoder_step(HostDecoder* decoder) {
+    decoder->codec->Flow().Step();
+}
+
 void HostDecoder_setReorderDepth(HostDecoder* decoder, int pictures) {
     decoder->codec->Flow().SetReorderDepth(pictures);
 }

@@ -121,6 +121,32 @@ TEST_F(HostOfDecoder, SeesEveryPictureOnceInLockStep) {
     }
 }
 
+TEST_F(HostOfDecoder, SteppingHoldsAPictureThatWasShown) {
+    constexpr int kCount = 8;
+    const TestStream stream = BrighteningStream(0);
+    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}});
+    const Host host(HostDecoder_acquire());
+    HostDecoder_setStepping(host.get(), 1);
+    client.Feed(Encode(stream, kCount));
+    HostDecoder_endStream(host.get(), -1);
+    const Drainer drainer(client.Get());
+    HostFrames frames;
+    for (int i = 0; i < kCount; ++i) {
+        ASSERT_EQ(HostDecoder_waitForFrame(host.get(), i, -1, &frames), HOST_READY);
+        const bool shown = i % 3 != 1;
+        if (shown) {
+            auto frame = window.queue->Acquire();
+            EXPECT_NEAR(frame->pixels[0], (30 + 4 * i - 16) * 255 / 219, 2) << i;
+            window.queue->Recycle(std::move(frame));
+        }
+        EXPECT_EQ(HostDecoder_waitForFrame(host.get(), i + 1, kShortUs, &frames), HOST_TIMED_OUT);
+        EXPECT_EQ(frames.delivered, i + 1);
+        HostDecoder_step(host.get());
+    }
+    EXPECT_EQ(HostDecoder_waitForFrame(host.get(), kCount, -1, &frames), HOST_ENDED);
+    EXPECT_EQ(frames.latched, 5);
+}
+
 TEST_F(HostOfDecoder, KeepsTimeOutsWhileAPictureWaitsToBeShown) {
     const TestStream stream = BrighteningStream(0);
     CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}});

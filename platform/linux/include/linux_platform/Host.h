@@ -75,6 +75,14 @@ void HostDecoder_release(HostDecoder* decoder);
 /// and times out, as if there were none.
 void HostDecoder_setLockStep(HostDecoder* decoder, int on);
 
+/// Switches stepping on or off: lock-step for programs that show a picture more than once. The next
+/// picture comes after HostDecoder_step, however often updateTexImage() was called, and gives way to
+/// it if it was not shown at all. The first one comes by itself. Ends lock-step, and is ended by it.
+void HostDecoder_setStepping(HostDecoder* decoder, int on);
+
+/// Lets the next picture come. To be called after HostDecoder_waitForFrame told of the one before.
+void HostDecoder_step(HostDecoder* decoder);
+
 /// Tells how many pictures may come later than ones that are shown after them, as containers know.
 /// Where a stream does not say, its decoder has to find out, and loses pictures that came too late
 /// for their place. To be called before the first unit is queued.

@@ -1,0 +1,196 @@
+#include "PlayerWindow.h"
+
+#include <signal.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <thread>
+
+#include "support/BitmapFont.h"
+
+namespace {
+
+constexpr std::chrono::seconds kPatience(30);
+constexpr std::chrono::milliseconds kPause(20);
+
+/// Asks again and again.
+bool Await(const std::function<bool()>& holds) {
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (!holds()) {
+        if (std::chrono::steady_clock::now() > end) {
+            return false;
+        }
+        std::this_thread::sleep_for(kPause);
+    }
+    return true;
+}
+
+bool IsWhite(const uint8_t* pixel) {
+    return pixel[0] == 255 && pixel[1] == 255 && pixel[2] == 255;
+}
+
+bool MatchesAt(const Image& image, const Image& text, int left, int top) {
+    for (int y = 0; y < text.size.height; ++y) {
+        for (int x = 0; x < text.size.width; ++x) {
+            if (IsWhite(image.At(left + x, top + y)) != IsWhite(text.At(x, y))) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+bool Contains(const Image& image, const Image& text) {
+    for (int top = 0; top + text.size.height <= image.size.height; ++top) {
+        for (int left = 0; left + text.size.width <= image.size.width; ++left) {
+            if (MatchesAt(image, text, left, top)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+int CountDifferent(const Image& one, const Image& other, int tolerance) {
+    if (one.pixels.size() != other.pixels.size()) {
+        return -1;
+    }
+    int count = 0;
+    for (size_t i = 0; i < one.pixels.size(); i += Image::kChannels) {
+        bool differs = false;
+        for (size_t channel = 0; channel < Image::kChannels; ++channel) {
+            differs = differs ||
+                      std::abs(one.pixels[i + channel] - other.pixels[i + channel]) > tolerance;
+        }
+        count += differs ? 1 : 0;
+    }
+    return count;
+}
+
+bool ShowsText(const Image& image, const std::string& text) {
+    for (const int scale : {1, 2}) {
+        Image letters({TextWidth(text, scale), TextHeight(scale)});
+        DrawText(letters, 0, 0, text, scale, {255, 255, 255});
+        if (Contains(image, letters)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void PlayerWindow::SetUp() {
+    // NOLINTNEXTLINE(cert-env33-c): the shell knows whether there is such a tool.
+    if (std::system("command -v Xvfb xdotool >/dev/null") != 0) {
+        GTEST_SKIP() << "needs Xvfb and xdotool";
+    }
+    screen_ = VirtualScreen::Start();
+    if (screen_ == nullptr) {
+        GTEST_SKIP() << "Xvfb does not start";
+    }
+}
+
+PlayerWindow::~PlayerWindow() {
+    if (player_ != 0) {
+        kill(player_, SIGKILL);
+        waitpid(player_, nullptr, 0);
+    }
+}
+
+void PlayerWindow::Open(const std::string& arguments) {
+    const std::string command =
+        "cd " + Path(".") + " && exec " VORNPLAY " " + arguments + " 2>" + Path("log");
+    player_ = fork();
+    if (player_ == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        setenv("DISPLAY", screen_->Name().c_str(), 1);
+        unsetenv("WAYLAND_DISPLAY");
+        execl("/bin/sh", "sh", "-c", command.c_str(), static_cast<char*>(nullptr));
+        _exit(127);
+    }
+    WaitForWindow();
+}
+
+void PlayerWindow::WaitForWindow() {
+    ASSERT_TRUE(Await([this] {
+        window_ = screen_->FindWindow("vornplay");
+        return window_ != 0 || waitpid(player_, nullptr, WNOHANG) != 0;
+    }));
+    ASSERT_NE(window_, 0U) << Log();
+    screen_->Do("windowmove --sync " + std::to_string(window_) + " 10 10 windowfocus --sync " +
+                std::to_string(window_));
+}
+
+int PlayerWindow::Quit() {
+    Key("q");
+    int status = -1;
+    EXPECT_EQ(waitpid(player_, &status, 0), player_);
+    player_ = 0;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+std::string PlayerWindow::Log() const {
+    std::ifstream file(Path("log"));
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void PlayerWindow::MoveTo(int x, int y) const {
+    screen_->Do("mousemove --window " + std::to_string(window_) + " " + std::to_string(x) + " " +
+                std::to_string(y));
+}
+
+void PlayerWindow::Click(int x, int y, int button) const {
+    MoveTo(x, y);
+    screen_->Do("click " + std::to_string(button));
+}
+
+void PlayerWindow::Drag(int fromX, int fromY, int toX, int toY) const {
+    MoveTo(fromX, fromY);
+    screen_->Do("mousedown 1");
+    MoveTo(toX, toY);
+    screen_->Do("mouseup 1");
+}
+
+void PlayerWindow::Resize(Size size) const {
+    screen_->Do("windowsize " + std::to_string(window_) + " " + std::to_string(size.width) + " " +
+                std::to_string(size.height));
+    EXPECT_TRUE(Await([this, size] {
+        const Size now = screen_->SizeOf(window_);
+        return now.width == size.width && now.height == size.height;
+    }));
+}
+
+PlayerWindow::Saved PlayerWindow::Save() {
+    constexpr char kSaved[] = "saved ";
+    Key("s");
+    size_t begin = 0;
+    size_t end = 0;
+    const bool saved = Await([&] {
+        const std::string log = Log();
+        begin = log.find(kSaved, logRead_);
+        end = begin == std::string::npos ? begin : log.find('\n', begin);
+        return end != std::string::npos;
+    });
+    if (!saved) {
+        throw std::runtime_error("nothing saved; the player said: " + Log());
+    }
+    begin += sizeof(kSaved) - 1;
+    logRead_ = end;
+    const std::string name = Log().substr(begin, end - begin);
+    return {std::strtod(name.c_str() + name.find('-') + 1, nullptr), Read(name)};
+}
+
+bool PlayerWindow::Sees(const std::function<bool(const Image&)>& holds) const {
+    return Await([this, &holds] { return holds(Capture()); });
+}
+
+bool PlayerWindow::SeesText(const std::string& text) const {
+    return Sees([&text](const Image& image) { return ShowsText(image, text); });
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "PlayerFixture.h"
+#include "VirtualScreen.h"
+
+/// Opens the player's window, and does and sees what a user does and sees.
+class PlayerWindow : public PlayerTest {
+protected:
+    void SetUp() override;
+    ~PlayerWindow() override;
+
+    /// Starts the player and waits for its window.
+    void Open(const std::string& arguments);
+    /// Presses Q. \return the player's exit status
+    int Quit();
+    /// What the player has written to stderr so far.
+    std::string Log() const;
+
+    void Key(const std::string& key) const { screen_->Do("key " + key); }
+    /// Pointer commands take places in the window.
+    void MoveTo(int x, int y) const;
+    void Click(int x, int y, int button = 1) const;
+    void Wheel(bool nearer) const { screen_->Do(nearer ? "click 4" : "click 5"); }
+    void Drag(int fromX, int fromY, int toX, int toY) const;
+    void Resize(Size size) const;
+
+    struct Saved {
+        double seconds = 0.0;
+        Image image;
+    };
+    /// Saves the shown frame by its key, after all that was asked for before.
+    Saved Save();
+
+    Image Capture() const { return screen_->Capture(window_); }
+    /// Captures until \p holds, or for so long that it will not any more.
+    bool Sees(const std::function<bool(const Image&)>& holds) const;
+    bool SeesText(const std::string& text) const;
+
+private:
+    void WaitForWindow();
+
+    std::unique_ptr<VirtualScreen> screen_;
+    pid_t player_ = 0;
+    unsigned long window_ = 0;
+    size_t logRead_ = 0;
+};
+
+/// How many pixels of two pictures differ by more than this in a channel.
+int CountDifferent(const Image& one, const Image& other, int tolerance);
+/// Whether \p text is written somewhere in white.
+bool ShowsText(const Image& image, const std::string& text);

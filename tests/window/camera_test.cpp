@@ -1,0 +1,105 @@
+// Where the pointer is, where the picture's places are seen, and where stickers land.
+
+#include "window/Camera.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+/// The size of the picture against the frame; negative from behind.
+double Scale(const View& view) {
+    return 2.2998426 / (3.0 - static_cast<double>(view.zoom) / 2.0);
+}
+
+/// Where the centre of a sticker at this position is seen in the output.
+Point SeenSticker(const View& view, const std::pair<int, int>& at, Size output) {
+    const int halfWidth = output.width / 2;
+    const int halfHeight = output.height / 2;
+    const double px = static_cast<double>(at.first - halfWidth) / halfWidth;
+    const double py = static_cast<double>(at.second - halfHeight) / halfHeight - 0.3;
+    const double scale = Scale(view);
+    return {output.width / 2.0 * (1.0 + scale * (px - static_cast<double>(view.x))),
+            output.height / 2.0 * (1.0 + std::abs(scale) * py)};
+}
+
+View At(float x, float zoom) {
+    View view;
+    view.x = x;
+    view.zoom = zoom;
+    return view;
+}
+
+const View kViews[] = {View(), FitView(), At(0.3F, 4.0F), At(-0.7F, 0.0F), At(0.2F, 8.0F)};
+
+}  // namespace
+
+TEST(Camera, StickersLandUnderThePointerInEveryView) {
+    for (const Size output : {Size{640, 480}, Size{641, 33}, Size{64, 1080}}) {
+        for (const View& view : kViews) {
+            for (const Point& place : {Point{0.5, 0.5}, Point{20.5, 30.5}, Point{63.5, 9.5}}) {
+                const Point seen = SeenSticker(view, StickerAt(view, place, output), output);
+                // Half of a position's unit, and what odd sizes lose in halving.
+                const double unit = std::abs(Scale(view));
+                EXPECT_NEAR(seen.x, place.x, 0.51 * unit * output.width / (output.width - 1));
+                EXPECT_NEAR(seen.y, place.y, 0.51 * unit * output.height / (output.height - 1));
+            }
+        }
+    }
+}
+
+TEST(Camera, NoPlaceGivesThePositionThatHidesASticker) {
+    const Size output = {40, 40};
+    const View view = FitView();
+    for (int y = -30; y < 40; ++y) {
+        const Point place = {-1.0, static_cast<double>(y)};
+        EXPECT_NE(StickerAt(view, place, output), std::make_pair(-1, -1));
+    }
+}
+
+TEST(Camera, WhatIsDraggedOrZoomedStaysUnderThePointer) {
+    const Size output = {320, 200};
+    for (const View& view : kViews) {
+        const Point held = PointSeenAt(view, {100.0, 50.0}, output);
+        const View dragged = Dragged(view, 37.0, output);
+        EXPECT_NEAR(PointSeenAt(dragged, {137.0, 50.0}, output).x, held.x, 1e-5);
+        EXPECT_EQ(dragged.zoom, view.zoom);
+        const View nearer = Zoomed(view, 3.0, 100.0, output);
+        EXPECT_NEAR(PointSeenAt(nearer, {100.0, 50.0}, output).x, held.x, 1e-5);
+        EXPECT_NEAR(Scale(nearer) / Scale(view), 1.331, 1e-4);
+    }
+}
+
+TEST(Camera, ZoomStopsBeforeThePicture) {
+    const Size output = {320, 200};
+    EXPECT_LT(Zoomed(View(), 1000.0, 160.0, output).zoom, 6.0F);
+    EXPECT_GT(Zoomed(At(0.0F, 8.0F), 1000.0, 160.0, output).zoom, 6.0F);
+    EXPECT_TRUE(std::isfinite(Zoomed(At(0.0F, 6.0F), -1.0, 10.0, output).x));
+    EXPECT_GT(Zoomed(View(), -1000.0, 160.0, output).zoom, -100.0F);
+}
+
+TEST(Layout, PutsThePictureInTheMiddleAsLargeAsFits) {
+    const Area wide = Layout{{500, 240}, {500, 240}, {320, 240}}.PictureArea();
+    EXPECT_EQ(wide.left, 90);
+    EXPECT_EQ(wide.top, 0);
+    EXPECT_EQ(wide.width, 320);
+    const Area high = Layout{{160, 300}, {160, 300}, {320, 240}}.PictureArea();
+    EXPECT_EQ(high.left, 0);
+    EXPECT_EQ(high.top, 90);
+    EXPECT_EQ(high.height, 120);
+}
+
+TEST(Layout, KnowsWhatIsPointedAtOnDenseScreens) {
+    const Layout dense = {{500, 240}, {1000, 480}, {320, 240}};
+    EXPECT_EQ(dense.PictureArea().left, 180);
+    const auto place = dense.PictureAt(90, 0);
+    ASSERT_TRUE(place.has_value());
+    EXPECT_DOUBLE_EQ(place->x, 0.5);
+    EXPECT_DOUBLE_EQ(place->y, 0.5);
+    EXPECT_FALSE(dense.PictureAt(89, 100).has_value());
+    EXPECT_TRUE(dense.PictureAt(409, 239).has_value());
+    EXPECT_FALSE(dense.PictureAt(410, 239).has_value());
+    EXPECT_DOUBLE_EQ(dense.PictureDistance(10), 10);
+    EXPECT_DOUBLE_EQ(dense.Density(), 2);
+}

@@ -1,0 +1,101 @@
+// Stickers land where the pointer is.
+
+#include <cmath>
+
+#include "PlayerWindow.h"
+
+namespace {
+
+constexpr Size kSize = {320, 240};
+constexpr Pixel kGray = {90, 90, 90, 255};
+constexpr Pixel kMagenta = {255, 0, 255, 255};
+
+struct Spot {
+    double x = 0.0;
+    double y = 0.0;
+    int count = 0;
+};
+
+/// The middle of what is magenta.
+Spot FindSticker(const Image& image) {
+    Spot spot;
+    for (int y = 0; y < image.size.height; ++y) {
+        for (int x = 0; x < image.size.width; ++x) {
+            if (At(image, x, y) == kMagenta) {
+                spot = {spot.x + x + 0.5, spot.y + y + 0.5, spot.count + 1};
+            }
+        }
+    }
+    return {spot.x / spot.count, spot.y / spot.count, spot.count};
+}
+
+class Mouse : public PlayerWindow {
+protected:
+    void SetUp() override {
+        PlayerWindow::SetUp();
+        WriteImage("in.png", Solid(kSize, kGray));
+        WriteImage("sticker.png", Solid({4, 4}, kMagenta));
+    }
+
+    /// Clicks, and expects a sticker around that place of the picture, and there only.
+    void ExpectStickerAt(int windowX, int windowY, double x, double y) {
+        Click(windowX, windowY);
+        const Spot spot = FindSticker(Save().image);
+        EXPECT_GT(spot.count, 0) << windowX << "," << windowY;
+        EXPECT_NEAR(spot.x, x, 1.5) << windowX << "," << windowY;
+        EXPECT_NEAR(spot.y, y, 1.5) << windowX << "," << windowY;
+        Click(windowX, windowY, 3);
+    }
+};
+
+}  // namespace
+
+TEST_F(Mouse, DropsStickersUnderThePointerInWindowsOfAllSizes) {
+    Open("in.png --sticker sticker.png");
+    ExpectStickerAt(100, 60, 100, 60);
+    Resize({640, 480});
+    ExpectStickerAt(200, 120, 100, 60);
+    Resize({600, 240});  // Bars of 140 on both sides.
+    ExpectStickerAt(240, 60, 100, 60);
+    Resize({160, 300});  // Bars of 90 above and below.
+    ExpectStickerAt(50, 130, 100, 80);
+    Click(50, 20);
+    EXPECT_EQ(FindSticker(Save().image).count, 0) << "on the bar";
+}
+
+TEST_F(Mouse, DropsStickersUnderThePointerInAllViews) {
+    Open("in.png --sticker sticker.png --view 0.2,0,4,0");
+    ExpectStickerAt(100, 100, 100, 100);
+    Drag(100, 100, 150, 100);
+    ExpectStickerAt(200, 140, 200, 140);
+    MoveTo(60, 60);
+    for (int i = 0; i < 12; ++i) {
+        Wheel(false);
+    }
+    ExpectStickerAt(160, 120, 160, 120);
+    Key("m");
+    ExpectStickerAt(170, 100, 170, 100);
+    Key("k");  // The view that there is without a mask.
+    ExpectStickerAt(100, 60, 100, 60);
+}
+
+TEST_F(Mouse, RightClicksTakeTheLastStickerAway) {
+    Open("in.png --sticker sticker.png");
+    Click(60, 100);
+    const Spot first = FindSticker(Save().image);
+    Click(260, 100);
+    EXPECT_EQ(FindSticker(Save().image).count, 2 * first.count);
+    Click(10, 10, 3);
+    EXPECT_NEAR(FindSticker(Save().image).x, first.x, 0.01);
+    Click(10, 10, 3);
+    EXPECT_EQ(FindSticker(Save().image).count, 0);
+    Click(10, 10, 3);
+    EXPECT_TRUE(SeesText("NO STICKER LEFT"));
+}
+
+TEST_F(Mouse, HasAStickerOfItsOwn) {
+    Open("in.png");
+    const Image before = Save().image;
+    Click(160, 120);
+    EXPECT_GT(CountDifferent(Save().image, before, 8), 200);
+}

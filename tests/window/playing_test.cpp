@@ -1,0 +1,90 @@
+// Pause, single frames, seeking, pace: on both ways from the file to the picture.
+
+#include <cmath>
+
+#include "PlayerWindow.h"
+
+namespace {
+
+constexpr int kRate = 25;
+constexpr int kFrames = 300;
+constexpr Size kSize = {64, 48};
+
+class Playing : public PlayerWindow, public ::testing::WithParamInterface<std::string> {
+protected:
+    void MakeClip(int frames) const {
+        WriteClip("in", frames, kSize);
+        PlayWell("in/%04d.png --out clip.mp4");
+    }
+
+    /// Saves, and expects the frame of the time that the file's name tells. \return that time
+    double ExpectFrame() {
+        const Saved saved = Save();
+        const Pixel colour = FrameColour(static_cast<int>(std::lround(saved.seconds * kRate)) + 1);
+        const Pixel found = At(saved.image, kSize.width / 2, kSize.height / 2);
+        for (size_t i = 0; i < colour.size(); ++i) {
+            EXPECT_NEAR(found.at(i), colour.at(i), 5) << "at " << saved.seconds;
+        }
+        return saved.seconds;
+    }
+
+    std::string Clip() const { return "clip.mp4 --path " + GetParam(); }
+};
+
+}  // namespace
+
+TEST_P(Playing, SeeksAndStepsToTheVeryFrame) {
+    MakeClip(kFrames);
+    Open(Clip());
+    Key("space");
+    const double start = ExpectFrame();
+    EXPECT_NEAR(ExpectFrame(), start, 1e-6) << "it is paused";
+    Key("period");
+    EXPECT_NEAR(ExpectFrame(), start + 1.0 / kRate, 0.0011);
+    Key("Right");
+    const double later = ExpectFrame();
+    EXPECT_NEAR(later, std::min(start + 5.04, (kFrames - 1.0) / kRate), 0.0011);
+    Key("m");
+    EXPECT_NEAR(ExpectFrame(), later, 1e-6) << "drawn again, not the next one";
+    Key("k");
+    EXPECT_NEAR(ExpectFrame(), later, 1e-6) << "opened again at the same frame";
+    Key("Left");
+    EXPECT_NEAR(ExpectFrame(), later - 5.0, 0.0011);
+    Key("Left Left Left");
+    EXPECT_EQ(ExpectFrame(), 0.0);
+    Key("Right Right Right period");
+    EXPECT_NEAR(ExpectFrame(), (kFrames - 1.0) / kRate, 0.0011) << "the last one stays";
+    EXPECT_EQ(Quit(), 0) << Log();
+}
+
+TEST_P(Playing, ShowsOrCountsEveryFrameAndBeginsAgain) {
+    constexpr int kFew = 12;
+    MakeClip(kFew);
+    Open(Clip());
+    while (ExpectFrame() < (kFew - 1.0) / kRate - 0.001 && !HasFailure()) {
+    }
+    Resize({320, 240});  // Large enough for the text.
+    Key("period");
+    EXPECT_TRUE(SeesText("THE END. SPACE: ONCE MORE"));
+    Key("space space Left");
+    EXPECT_EQ(ExpectFrame(), 0.0);
+    EXPECT_EQ(Quit(), 0);
+}
+
+TEST_P(Playing, MasksGoAlongWithTheirFrames) {
+    MakeClip(200);
+    WriteClip("mask", 200, {2, 2});
+    for (const int number : {1, 126}) {
+        WriteImage("mask/" + std::string(number == 1 ? "0001" : "0126") + ".png",
+                   Solid({2, 2}, {0, 0, 0, 0}));
+    }
+    Open(Clip() + " --mask mask/%04d.png");
+    Key("space Left Left");
+    EXPECT_EQ(At(Save().image, 32, 24), kKeyedOut);
+    Key("period");
+    EXPECT_NE(At(Save().image, 32, 24), kKeyedOut);
+    Key("Left Right");
+    EXPECT_EQ(At(Save().image, 32, 24), kKeyedOut);
+}
+
+INSTANTIATE_TEST_SUITE_P(BothWays, Playing, ::testing::Values("cpu", "decode"));

@@ -1,0 +1,140 @@
+// What is seen in the window, and what is saved, is what comes out without a window.
+
+#include "PlayerWindow.h"
+#include "support/Backdrop.h"
+
+namespace {
+
+constexpr Size kSize = {640, 480};
+/// Above the line of text at the bottom.
+constexpr int kClearRows = 440;
+
+/// A mask whose alpha rises from left to right, with a hole.
+Image SlopingMask() {
+    Image mask({64, 48});
+    for (int y = 0; y < mask.size.height; ++y) {
+        for (int x = 0; x < mask.size.width; ++x) {
+            const bool hole = x > 20 && x < 40 && y > 10 && y < 30;
+            const Pixel pixel = {255, 255, 255, static_cast<uint8_t>(hole ? 0 : 4 * x + 3)};
+            std::copy(pixel.begin(), pixel.end(), mask.At(x, y));
+        }
+    }
+    return mask;
+}
+
+Image OnCheckerboard(const Image& image) {
+    std::vector<uint8_t> rgb(image.pixels.size() / 4 * 3);
+    Backdrop().Flatten(image, rgb.data());
+    Image flat(image.size);
+    for (size_t i = 0; i < rgb.size() / 3; ++i) {
+        std::copy_n(&rgb[3 * i], 3, &flat.pixels[4 * i]);
+        flat.pixels[4 * i + 3] = 255;
+    }
+    return flat;
+}
+
+Image TopOf(const Image& image, int rows) {
+    Image top({image.size.width, rows});
+    std::copy_n(image.pixels.begin(), top.pixels.size(), top.pixels.begin());
+    return top;
+}
+
+class Showing : public PlayerWindow {
+protected:
+    void SetUp() override {
+        PlayerWindow::SetUp();
+        WriteImage("in.png", Pattern(kSize));
+        WriteImage("mask.png", SlopingMask());
+    }
+
+    Image Drawn(const std::string& options) const {
+        PlayWell("in.png --out drawn.png " + options);
+        return Read("drawn.png");
+    }
+};
+
+}  // namespace
+
+TEST_F(Showing, TheWindowLaysThePictureOverACheckerboard) {
+    Open("in.png --mask mask.png");
+    const Image saved = Save().image;
+    EXPECT_EQ(CountDifferent(saved, Drawn("--mask mask.png"), 0), 0);
+    const Image expected = TopOf(OnCheckerboard(saved), kClearRows);
+    EXPECT_TRUE(Sees([&expected](const Image& seen) {
+        return seen.size.height == kSize.height &&
+               CountDifferent(TopOf(seen, kClearRows), expected, 1) == 0;
+    }));
+    EXPECT_EQ(Quit(), 0) << Log();
+}
+
+TEST_F(Showing, ALargerWindowHasBarsBesideThePicture) {
+    WriteImage("in.png", Solid({64, 48}, {200, 30, 60, 255}));
+    Open("in.png --quiet");
+    Resize({400, 240});
+    // The picture is 320 wide.
+    EXPECT_TRUE(Sees([](const Image& seen) {
+        const Pixel bar = {24, 24, 24, 255};
+        const Pixel picture = {200, 30, 60, 255};
+        return seen.size.width == 400 && At(seen, 39, 100) == bar && At(seen, 40, 100) == picture &&
+               At(seen, 359, 100) == picture && At(seen, 360, 100) == bar &&
+               At(seen, 200, 0) == picture;
+    }));
+}
+
+TEST_F(Showing, KeysMirrorAndSwitchTheMask) {
+    Open("in.png --mask mask.png");
+    Key("m");
+    EXPECT_EQ(CountDifferent(Save().image, Drawn("--mask mask.png --mirror"), 0), 0);
+    Key("m");
+    Key("k");
+    EXPECT_EQ(CountDifferent(Save().image, Drawn("--view 0,0,2,0"), 0), 0);
+    Key("k");
+    EXPECT_EQ(CountDifferent(Save().image, Drawn(""), 0), 0);
+    Key("k");
+    EXPECT_EQ(CountDifferent(Save().image, Drawn("--mask mask.png"), 0), 0);
+}
+
+TEST_F(Showing, TheViewFollowsDragAndWheel) {
+    Open("in.png --mask mask.png --clear 1,2,3,4");
+    Drag(300, 200, 420, 200);
+    // The picture's 1.15 times the frame: 120 pixels are that much less of its half width.
+    EXPECT_LT(CountDifferent(Save().image,
+                             Drawn("--mask mask.png --clear 1,2,3,4 --view=-0.326109,0,2,0"), 0),
+              kSize.width * 10);
+    Drag(420, 200, 300, 200);
+    MoveTo(320, 100);
+    for (int i = 0; i < 4; ++i) {
+        Wheel(false);
+    }
+    // The distance of 2 grows by 1.1 with each; the pointer is half a pixel beside the middle.
+    EXPECT_LT(
+        CountDifferent(Save().image,
+                       Drawn("--mask mask.png --clear 1,2,3,4 --view=-0.00063,0,0.1436,0"), 0),
+        kSize.width * 10);
+}
+
+TEST_F(Showing, WithoutAMaskItSaysThatTheViewStandsStill) {
+    Open("in.png");
+    Key("k");
+    const Image before = Save().image;
+    Drag(300, 200, 420, 200);
+    EXPECT_TRUE(SeesText("NO MASK (OUTPUT MODE 0): THE VIEW STANDS STILL"));
+    EXPECT_EQ(CountDifferent(Save().image, before, 0), 0);
+    Key("h");
+    EXPECT_TRUE(SeesText("NO DRAG, NO WHEEL"));
+    Key("k");
+    EXPECT_TRUE(SeesText("DRAG AND WHEEL MOVE THE VIEW"));
+    Drag(300, 200, 310, 300);
+    EXPECT_TRUE(SeesText("THE VIEW MOVES SIDEWAYS ONLY"));
+}
+
+TEST_F(Showing, FiguresAndKeysComeAndGo) {
+    Open("in.png");
+    Key("i");
+    EXPECT_TRUE(SeesText("640X480 FROM PIXELS"));
+    EXPECT_TRUE(SeesText("DROPPED 0"));
+    Key("i");
+    EXPECT_TRUE(Sees([](const Image& seen) { return !ShowsText(seen, "DROPPED 0"); }));
+    Key("h");
+    EXPECT_TRUE(SeesText("SAVE THE FRAME AS PNG"));
+}

@@ -1,0 +1,154 @@
+#include "window/Controls.h"
+
+#include <cstdlib>
+#include <iostream>
+
+#include "support/ToolError.h"
+#include "window/Camera.h"
+#include "window/Snapshot.h"
+#include "window/Texts.h"
+
+namespace {
+
+constexpr double kSeekSeconds = 5.0;
+/// How far a pointer may go in a click, and up or down in a drag.
+constexpr int kClickDistance = 4;
+constexpr int kStraightDistance = 24;
+
+}  // namespace
+
+void Controls::Handle(const SDL_Event& event) {
+    switch (event.type) {
+        case SDL_QUIT: quits_ = true; break;
+        case SDL_KEYDOWN: HandleKey(event.key); break;
+        case SDL_MOUSEBUTTONDOWN:
+        case SDL_MOUSEBUTTONUP: HandleButton(event.button); break;
+        case SDL_MOUSEMOTION: HandleMotion(event.motion); break;
+        case SDL_MOUSEWHEEL: HandleWheel(event.wheel); break;
+        default: break;
+    }
+}
+
+/// Keys that are held down go on moving through the clip, and do nothing else again.
+void Controls::HandleKey(const SDL_KeyboardEvent& key) {
+    switch (key.keysym.sym) {
+        case SDLK_LEFT: SeekBy(-kSeekSeconds); break;
+        case SDLK_RIGHT: SeekBy(kSeekSeconds); break;
+        case SDLK_PERIOD: Step(); break;
+        default:
+            if (key.repeat == 0) {
+                HandleCommand(key.keysym.sym);
+            }
+    }
+}
+
+void Controls::HandleCommand(SDL_Keycode key) {
+    switch (key) {
+        case SDLK_SPACE: playback_.Toggle(); break;
+        case SDLK_m: stage_.Mirrored() = !stage_.Mirrored(); break;
+        case SDLK_k: SwitchMask(); break;
+        case SDLK_s: Save(); break;
+        case SDLK_i: hud_.ToggleFigures(); break;
+        case SDLK_h: hud_.ToggleKeys(); break;
+        case SDLK_q: quits_ = true; break;
+        default: break;
+    }
+}
+
+void Controls::SeekBy(double seconds) {
+    playback_.SeekBy(seconds);
+    hud_.Say(PlaceText(stage_.Seconds()));
+}
+
+void Controls::Step() {
+    playback_.Step();
+    hud_.Say(playback_.AtEnd() ? kAtEnd : PlaceText(stage_.Seconds()));
+}
+
+void Controls::SwitchMask() {
+    stage_.SwitchMask();
+    playback_.Restart();
+    hud_.Say(MaskText(stage_.Masking()));
+}
+
+void Controls::Save() {
+    try {
+        const std::string path = SaveFrame(stage_);
+        hud_.Say("Saved " + path);
+        if (!stage_.Asked().quiet) {
+            std::cerr << "vornplay: saved " << path << '\n';
+        }
+    } catch (const ToolError& error) {
+        hud_.Say("Not saved");
+        std::cerr << "vornplay: " << error.what() << '\n';
+    }
+}
+
+void Controls::HandleButton(const SDL_MouseButtonEvent& button) {
+    const bool down = button.type == SDL_MOUSEBUTTONDOWN;
+    if (button.button == SDL_BUTTON_RIGHT && down) {
+        TakeSticker();
+    }
+    if (button.button != SDL_BUTTON_LEFT) {
+        return;
+    }
+    const bool clicked = press_.down && !press_.drags && !down;
+    press_ = {down, false, false, button.x, button.y};
+    if (clicked) {
+        DropSticker(button.x, button.y);
+    }
+}
+
+void Controls::HandleMotion(const SDL_MouseMotionEvent& motion) {
+    if (!press_.down) {
+        return;
+    }
+    const int across = motion.x - press_.x;
+    const int down = std::abs(motion.y - press_.y);
+    if (!press_.drags && std::abs(across) <= kClickDistance && down <= kClickDistance) {
+        return;
+    }
+    press_.drags = true;
+    if (!stage_.ViewMoves()) {
+        hud_.Say(kViewStands);
+        return;
+    }
+    if (down > kStraightDistance && !press_.saidSideways) {
+        press_.saidSideways = true;
+        hud_.Say(kOnlySideways);
+    }
+    press_.x = motion.x;
+    View& view = stage_.Looking();
+    view = Dragged(view, CurrentLayout().PictureDistance(across), stage_.FrameSize());
+}
+
+void Controls::HandleWheel(const SDL_MouseWheelEvent& wheel) {
+    if (!stage_.ViewMoves()) {
+        hud_.Say(kViewStands);
+        return;
+    }
+    const Size size = stage_.FrameSize();
+    int x = 0;
+    int y = 0;
+    SDL_GetMouseState(&x, &y);
+    const Point middle = {size.width / 2.0, size.height / 2.0};
+    const Point place = CurrentLayout().PictureAt(x, y).value_or(middle);
+    stage_.Looking() = Zoomed(stage_.Looking(), static_cast<double>(wheel.preciseY), place.x, size);
+}
+
+void Controls::DropSticker(int x, int y) {
+    const std::optional<Point> place = CurrentLayout().PictureAt(x, y);
+    if (!place.has_value()) {
+        hud_.Say(kBesidePicture);
+        return;
+    }
+    stage_.Stickers().push_back(StickerAt(stage_.Seen(), *place, stage_.FrameSize()));
+}
+
+void Controls::TakeSticker() {
+    if (stage_.Stickers().empty()) {
+        hud_.Say(kNoStickerLeft);
+        return;
+    }
+    stage_.Stickers().pop_back();
+}

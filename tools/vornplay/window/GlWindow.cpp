@@ -1,0 +1,70 @@
+#include "window/GlWindow.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "support/ToolError.h"
+
+namespace {
+
+[[noreturn]] void Fail(const std::string& what) {
+    throw ToolError(what + ": " + SDL_GetError());
+}
+
+/// As large as the picture, or as the screen allows.
+Size StartSize(Size picture) {
+    constexpr double kOfScreen = 0.9;
+    SDL_Rect screen{};
+    if (SDL_GetDisplayUsableBounds(0, &screen) != 0) {
+        return picture;
+    }
+    const double scale = std::min(
+        {1.0, kOfScreen * screen.w / picture.width, kOfScreen * screen.h / picture.height});
+    return {std::max(1, static_cast<int>(picture.width * scale)),
+            std::max(1, static_cast<int>(picture.height * scale))};
+}
+
+}  // namespace
+
+GlWindow::Video::Video() {
+    // Wayland tells how dense the screen is. Where there is none, its library need not complain.
+    const bool wayland = std::getenv("WAYLAND_DISPLAY") != nullptr;
+    SDL_SetHint(SDL_HINT_VIDEODRIVER, wayland ? "wayland,x11" : "x11");
+    // GLX, which X11 would get otherwise, has no images to share with the decoder.
+    SDL_SetHint(SDL_HINT_VIDEO_X11_FORCE_EGL, "1");
+    SDL_SetHint(SDL_HINT_OPENGL_ES_DRIVER, "1");
+    // Else the first click is lost, even where the window has long been in front.
+    SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+        throw ToolError(
+            "no display to open a window on: name a file with --out, or let it be drawn and timed "
+            "with --no-window");
+    }
+}
+
+GlWindow::GlWindow(const std::string& title, Size picture) {
+    SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_ES);
+    SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 3);
+    SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, 0);
+    const Size size = StartSize(picture);
+    window_.reset(SDL_CreateWindow(
+        title.c_str(), SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, size.width, size.height,
+        SDL_WINDOW_OPENGL | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI));
+    if (window_ == nullptr) {
+        Fail("no window");
+    }
+    context_.reset(SDL_GL_CreateContext(window_.get()));
+    if (context_ == nullptr) {
+        Fail("no OpenGL ES 3 in the window");
+    }
+    SDL_GL_SetSwapInterval(1);
+}
+
+Layout GlWindow::LayoutOf(Size picture) const {
+    Layout layout;
+    SDL_GetWindowSize(window_.get(), &layout.window.width, &layout.window.height);
+    SDL_GL_GetDrawableSize(window_.get(), &layout.drawable.width, &layout.drawable.height);
+    layout.picture = picture;
+    return layout;
+}

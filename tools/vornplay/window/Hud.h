@@ -1,0 +1,34 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+#include "window/TextPanel.h"
+
+/// What is written over the window: figures, the keys, and now and then a line at the bottom.
+class Hud {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    void ToggleFigures() { showsFigures_ = !showsFigures_; }
+    void ToggleKeys() { showsKeys_ = !showsKeys_; }
+
+    /// Writes a line for some seconds.
+    void Say(const std::string& line);
+    /// Until when; none if there is no line.
+    std::optional<Clock::time_point> SaysUntil() const { return until_; }
+
+    /// Draws into the default framebuffer what is to be seen of it.
+    void Draw(const TextLines& figures, const TextLines& keys, const Layout& layout);
+
+private:
+    TextProgram program_;
+    TextPanel figuresPanel_;
+    TextPanel keysPanel_;
+    TextPanel linePanel_;
+    bool showsFigures_ = false;
+    bool showsKeys_ = false;
+    std::string line_;
+    std::optional<Clock::time_point> until_;
+};

@@ -1,0 +1,32 @@
+#include "window/Snapshot.h"
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+
+#include "support/PngFile.h"
+
+namespace {
+
+std::string NameOf(const Stage& stage) {
+    std::string stem = std::filesystem::path(stage.Asked().input).stem().string();
+    if (stem.empty() || stem.find('%') != std::string::npos) {
+        stem = "frame";  // A numbered sequence.
+    }
+    std::array<char, 32> time{};
+    std::snprintf(time.data(), time.size(), "-%.3fs", stage.Seconds());
+    return stem + time.data();
+}
+
+}  // namespace
+
+std::string SaveFrame(Stage& stage) {
+    const std::string name = NameOf(stage);
+    std::string path = name + ".png";
+    for (int number = 2; std::filesystem::exists(path); ++number) {
+        path = name + "-" + std::to_string(number) + ".png";
+    }
+    stage.Draw();  // What was asked for since it was drawn last is seen, too.
+    WritePng(path, stage.Path().Target().ReadBack());
+    return path;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "window/Figures.h"
+#include "window/Playback.h"
+#include "window/TextPanel.h"
+
+// What the window says. The letters are capitals, whatever is written here.
+
+/// All keys, and what works in the present way of masking.
+TextLines KeyTexts(MaskUse masking);
+TextLines FigureTexts(const Figures& figures, const Playback& playback, const Stage& stage);
+/// What the present way of masking gives.
+std::string MaskText(MaskUse masking);
+std::string PlaceText(double seconds);
+
+constexpr char kViewStands[] = "No mask (output mode 0): the view stands still. K: mask";
+constexpr char kOnlySideways[] = "The view moves sideways only";
+constexpr char kNoStickerLeft[] = "No sticker left";
+constexpr char kBesidePicture[] = "Beside the picture";
+constexpr char kAtEnd[] = "The end. Space: once more";
