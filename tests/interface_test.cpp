@@ -64,6 +64,7 @@ TEST(Interface, TextureNameZeroIsAName) {
 
 TEST(Interface, LifeIsLoggedOnceEachUnderTheRenderersTag) {
     TestContext context;
+    LogCapture::Take();
     VERendererMode mode = {0, VE_MODE_RGBA, 640, 480, 0, 32, 24};
     void* handle = nullptr;
     VECreateRendererHandle(&handle, 7, &mode, nullptr);
