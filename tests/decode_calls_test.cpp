@@ -45,14 +45,16 @@ protected:
         WaitUntil([this] { return LiveThreads() <= threadsBefore; });
     }
 
-    void* create(VERendererMode mode, JavaVM* machine) {
+    void* create(VERendererMode mode, JavaVM* machine) const {
         void* handle = nullptr;
         EXPECT_EQ(0, VECreateRendererHandle(&handle, static_cast<int>(texture), &mode, machine));
         EXPECT_NE(nullptr, handle);
         return handle;
     }
 
-    void* create(int modeType = VE_MODE_H264) { return create(Mode(modeType), platform.machine()); }
+    void* create(int modeType = VE_MODE_H264) const {
+        return create(Mode(modeType), platform.machine());
+    }
 
     TestContext context;
     FakePlatform& platform = FakePlatform::Get();
