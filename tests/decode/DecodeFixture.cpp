@@ -13,8 +13,7 @@ namespace {
 
 JavaVM* machine = nullptr;
 
-/// Decibels. In the bytes of libyuv's vector code for ARM the largest factor of BT.709 does not
-/// fit.
+/// Decibels. On ARM, libyuv cuts the blue of BT.709.
 #if defined(__arm__) || defined(__aarch64__)
 constexpr double kGood = 36.0;
 #else
