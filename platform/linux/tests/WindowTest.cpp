@@ -37,8 +37,8 @@ Yuv ToYuv(const Rgb& rgb, AVColorSpace colours, AVColorRange range) {
             round(128 + v * (full ? 1 : 224.0 / 255))};
 }
 
-/// Of 8-bit YUV and of compression; and, on ARM, of libyuv's vector code, in whose bytes the
-/// largest factor of BT.709 does not fit.
+/// Of 8-bit YUV and of compression; and, on ARM, of the blue that libyuv cuts: only its constants
+/// for x86 are mended.
 #if defined(__arm__) || defined(__aarch64__)
 constexpr int kTolerance = 6;
 #else
