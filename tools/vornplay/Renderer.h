@@ -36,6 +36,10 @@ public:
     /// Sets the view for the frame that the next call draws.
     void SetView(const View& view);
 
+    /// Sets what else the next call draws the frame with.
+    void SetMirror(bool mirror) { settings_.mirror = mirror; }
+    void SetStickers(const VEStickerList& positions) { settings_.positions = positions; }
+
     /// Hands over compressed data: one access unit.
     void Feed(AVPacket& unit) { VEUpdateCompressedData(handle_.get(), unit.data, unit.size); }
 

@@ -1,8 +1,13 @@
 #include <malloc.h>
 
+#include <csignal>
+#include <iostream>
+
+#include "Interrupt.h"
 #include "LogSink.h"
 #include "Options.h"
 #include "Player.h"
+#include "RunSummary.h"
 #include "support/CommandLine.h"
 
 extern "C" {
@@ -20,6 +25,17 @@ void KeepLargeBlocks() {
     mallopt(M_TRIM_THRESHOLD, kKept);
 }
 
+int Play(const Options& options) {
+    try {
+        return Player(options).Play();
+    } catch (const std::exception& error) {
+        if (options.json) {
+            std::cout << FailureToJson(options.input, options.out, error.what()) << std::endl;
+        }
+        throw;
+    }
+}
+
 int Run(int argc, char** argv) {
     const std::optional<Options> options = ParseOptions(argc, argv);
     if (!options.has_value()) {
@@ -29,12 +45,14 @@ int Run(int argc, char** argv) {
     if (options->verbose) {
         av_log_set_level(AV_LOG_WARNING);
     }
-    return Player(*options).Play();
+    return Play(*options);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     KeepLargeBlocks();
+    CatchInterrupts();
+    std::signal(SIGXFSZ, SIG_IGN);  // A file that grows too large is an error like any other.
     return RunTool("vornplay", [argc, argv] { return Run(argc, argv); });
 }
