@@ -21,7 +21,7 @@ public:
 
 private:
     struct CloseFile {
-        void operator()(std::FILE* file) const { std::fclose(file); }
+        void operator()(std::FILE* file) const { (void)std::fclose(file); }
     };
 
     void Check(bool good) const;
