@@ -19,7 +19,6 @@ constexpr char kEraseLine[] = "\r\033[K";
 size_t TerminalWidth() {
     constexpr size_t kUsual = 80;
     winsize window{};
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg)
     const bool known = ioctl(STDERR_FILENO, TIOCGWINSZ, &window) == 0 && window.ws_col > 0;
     return (known ? window.ws_col : kUsual) - 1;
 }

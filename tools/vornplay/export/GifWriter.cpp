@@ -21,12 +21,13 @@ VideoCoding Coding() {
     return {AV_CODEC_ID_GIF, nullptr, AV_PIX_FMT_PAL8, {}};
 }
 
-AVRational CheckRate(const std::string& path, AVRational frameRate) {
+/// \return the path
+const std::string& CheckRate(const std::string& path, AVRational frameRate) {
     constexpr double kClock = 100.0;
     if (av_q2d(frameRate) > kClock) {
         throw ToolError(path + ": a gif shows at most 100 frames a second");
     }
-    return frameRate;
+    return path;
 }
 
 }  // namespace
@@ -36,7 +37,7 @@ void GifWriter::FreeGraph::operator()(AVFilterGraph* graph) const {
 }
 
 GifWriter::GifWriter(const std::string& path, Size size, AVRational frameRate)
-    : muxer_((CheckRate(path, frameRate), path), "gif"),
+    : muxer_(CheckRate(path, frameRate), "gif"),
       video_(muxer_, Coding(), size, frameRate, ColourTags()),
       graph_(avfilter_graph_alloc()) {
     OpenPalettes(size, frameRate);

@@ -44,7 +44,12 @@ AVStream& Muxer::AddCopied(const AVStream& source) {
     stream.codecpar->codec_tag = 0;  // Each container has its own.
     stream.time_base = source.time_base;
     stream.disposition = source.disposition;
-    Check(av_dict_copy(&stream.metadata, source.metadata, 0));
+    // Of the tags only what stays true of a part.
+    for (const char* name : {"language", "title"}) {
+        if (const auto* tag = av_dict_get(source.metadata, name, nullptr, 0)) {
+            Check(av_dict_set(&stream.metadata, name, tag->value, 0));
+        }
+    }
     return stream;
 }
 

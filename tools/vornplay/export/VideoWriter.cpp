@@ -26,13 +26,14 @@ VideoCoding Vp9() {
              {"auto-alt-ref", "0"}}};
 }
 
-Size CheckSize(const VideoFormat& format, const std::string& path, Size size) {
+/// \return the path
+const std::string& CheckSize(const VideoFormat& format, const std::string& path, Size size) {
     if (format.even && (size.width % 2 != 0 || size.height % 2 != 0)) {
         throw ToolError(path + ": " + format.extension + " needs an even width and height, not " +
                         std::to_string(size.width) + "x" + std::to_string(size.height) +
                         "; give an even --size");
     }
-    return size;
+    return path;
 }
 
 }  // namespace
@@ -54,7 +55,7 @@ VideoWriter::VideoWriter(const VideoFormat& format, const Options& options, Size
                          const VideoFile& input)
     : format_(format),
       backdrop_(options.backdrop),
-      muxer_((CheckSize(format, options.out, size), options.out), format.container),
+      muxer_(CheckSize(format, options.out, size), format.container),
       video_(muxer_, format.coding, size, input.FrameRate(), TagsOf(input.Codec(), size)),
       audio_(muxer_, input),
       converter_(video_.Encoder(), format.alpha ? AV_PIX_FMT_RGBA : AV_PIX_FMT_RGB24) {
