@@ -2,6 +2,10 @@
 
 #include <sys/wait.h>
 
+extern "C" {
+#include <libavutil/log.h>
+}
+
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
@@ -38,6 +42,7 @@ Pixel FrameColour(int frame) {
 }
 
 PlayerTest::PlayerTest() {
+    av_log_set_level(AV_LOG_ERROR);
     std::string name = (std::filesystem::temp_directory_path() / "player.XXXXXX").string();
     directory_ = mkdtemp(name.data());
 }

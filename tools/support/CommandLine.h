@@ -9,7 +9,7 @@
 #include "support/Image.h"
 
 /// Exit statuses of the tools.
-enum ExitStatus { kExitDone = 0, kExitBroken = 1, kExitBadInput = 2 };
+enum ExitStatus { kExitDone = 0, kExitBroken = 1, kExitBadInput = 2, kExitInterrupted = 130 };
 
 /// Runs a tool: an error that \p body throws becomes the one line "<name>: …" on stderr and the
 /// status kExitBadInput. libav keeps quiet.

@@ -1,26 +1,14 @@
 #include "support/FrameConverter.h"
 
 #include <array>
-#include <string_view>
 #include <tuple>
 
 #include "support/ToolError.h"
-
-extern "C" {
-#include <libavutil/pixdesc.h>
-}
 
 namespace {
 
 /// Rows are written in vector registers, the last one somewhat beyond its end.
 constexpr size_t kOverrun = 64;
-
-/// The "yuvj" formats mean full range by their name alone.
-bool HasFullRange(const AVFrame& frame) {
-    const char* name = av_get_pix_fmt_name(static_cast<AVPixelFormat>(frame.format));
-    return frame.color_range == AVCOL_RANGE_JPEG ||
-           (name != nullptr && std::string_view(name).substr(0, 4) == "yuvj");
-}
 
 }  // namespace
 
@@ -50,7 +38,7 @@ FrameConverter::Source FrameConverter::Describe(const AVFrame& frame) {
         frame.colorspace == AVCOL_SPC_UNSPECIFIED || frame.colorspace == AVCOL_SPC_RGB;
     return {frame.width, frame.height, frame.format,
             untagged ? UsualColorSpace(frame.width, frame.height) : frame.colorspace,
-            HasFullRange(frame)};
+            HasFullRange(frame.format, frame.color_range)};
 }
 
 void FrameConverter::Prepare(const Source& source) {

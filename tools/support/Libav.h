@@ -24,3 +24,6 @@ std::string LibavMessage(int code);
 
 /// The colour matrix of video that does not name its own: BT.709 from HD sizes on, else BT.601.
 AVColorSpace UsualColorSpace(int width, int height);
+
+/// Whether pictures of this format and tag use all values; some formats say so by their name alone.
+bool HasFullRange(int format, AVColorRange range);

@@ -2,7 +2,9 @@
 
 #include <png.h>
 
-#include "support/PendingFile.h"
+#include <vector>
+
+#include "support/OutputFile.h"
 #include "support/ToolError.h"
 
 namespace {
@@ -27,15 +29,18 @@ Image FinishReading(png_image& record, const std::string& name) {
 }
 
 void Write(const std::string& path, Size size, png_uint_32 format, const uint8_t* pixels) {
-    PendingFile file(path);
+    OutputFile file(path);
     PngRecord png;
     png.record.width = static_cast<png_uint_32>(size.width);
     png.record.height = static_cast<png_uint_32>(size.height);
     png.record.format = format;
     png.record.flags = PNG_IMAGE_FLAG_FAST;
-    if (png_image_write_to_file(&png.record, file.Path().c_str(), 0, pixels, 0, nullptr) == 0) {
+    png_alloc_size_t count = PNG_IMAGE_PNG_SIZE_MAX(png.record);
+    std::vector<uint8_t> bytes(count);
+    if (png_image_write_to_memory(&png.record, bytes.data(), &count, 0, pixels, 0, nullptr) == 0) {
         throw ToolError(path + ": cannot be written: " + png.record.message);
     }
+    file.Write(bytes.data(), count);
     file.Commit();
 }
 

@@ -17,6 +17,7 @@ public:
     bool DrawNext(const View& view, bool last) override;
     int64_t Lost() const override { return reader_.Lost(); }
     int64_t Damaged() const override { return reader_.Damaged(); }
+    const char* Name() const override { return "cpu"; }
     const VideoFile& File() const override { return reader_.File(); }
     Renderer& Target() override { return renderer_; }
     const Renderer& Target() const override { return renderer_; }

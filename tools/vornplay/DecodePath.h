@@ -16,6 +16,7 @@ public:
                  MaskSource nextMask);
 
     int64_t Lost() const override { return feed_.Lost(); }
+    const char* Name() const override { return "decode"; }
     const VideoFile& File() const override { return file_; }
     Renderer& Target() override { return renderer_; }
     const Renderer& Target() const override { return renderer_; }

@@ -27,9 +27,14 @@ public:
     /// Frames drawn with flaws, as far as that is known.
     virtual int64_t Damaged() const { return 0; }
 
+    /// Frames of the input that the drawn ones showed, and those that came too late to be.
+    virtual int64_t Shown(int64_t drawn) const { return drawn; }
+    virtual int64_t Dropped() const { return 0; }
+
     /// What happened to \p drawn frames, for the user.
     virtual std::string Summary(int64_t drawn) const;
 
+    virtual const char* Name() const = 0;
     virtual const VideoFile& File() const = 0;
     virtual Renderer& Target() = 0;
     virtual const Renderer& Target() const = 0;

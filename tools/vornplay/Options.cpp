@@ -13,7 +13,9 @@ constexpr int64_t kMostFrames = 1'000'000'000;
 
 constexpr char kNotes[] =
     "Output: x.png holds the first drawn frame of the run, with its alpha; dir/%04d.png all of\n"
-    "them, from number 1 on; x.mp4 an H.264 video of them over the backdrop.\n"
+    "them, from number 1 on; x.mp4 and x.mkv an H.264 video of them over the backdrop; x.webm a\n"
+    "VP9 video with alpha; x.webp an animation with alpha; x.gif one with 256 colours a frame.\n"
+    "Videos keep the input's audio, where their kind takes it. Alpha is not premultiplied.\n"
     "\n"
     "Path: by default, H.264 and Motion-JPEG video is handed over compressed and decoded by the\n"
     "platform, which a Java machine belongs to ($JAVA_HOME, or the system's); anything\n"
@@ -35,9 +37,12 @@ constexpr char kNotes[] =
     "  vornplay clip.mp4 --mask 'mask/%04d.png' --out keyed.mp4 --backdrop '#204060'\n"
     "  vornplay photo.png --sticker hat.png --at 320,200 --at 90,240 --out photo-hat.png\n"
     "  vornplay clip.mp4 --view 0,0,1.4,0 --view-to 0.5,0,4,0 --out zoom.mp4\n"
+    "  vornplay clip.mp4 --script move.json --out clip.webm\n"
+    "\n"
+    "Ctrl-C finishes the output with the frames so far.\n"
     "\n"
     "Exit status: 0 done, 1 the input is broken and was drawn as far as it decodes,\n"
-    "2 nothing could be done.";
+    "2 nothing could be done, 130 stopped by Ctrl-C.";
 
 /// \p parse, with the option's name in front of what it reports.
 template <typename Parse>
@@ -159,17 +164,36 @@ void AddViewOptions(CLI::App& app, Options& options) {
     }
 }
 
+void AddScriptOption(CLI::App& app, std::string& path) {
+    auto* script = app.add_option("--script", path, "Change view, mirroring and stickers over time")
+                       ->type_name("JSON")
+                       ->group("View");
+    for (const char* name : {"--mirror", "--view", "--view-to", "--fit", "--at"}) {
+        script->excludes(app.get_option(name));
+    }
+}
+
+void ReadScriptInto(Options& options, const std::string& path) {
+    options.script = ReadScript(path, !options.sticker.empty());
+    if (options.sticker.empty()) {
+        options.sticker = options.script->sticker;
+    }
+}
+
 void AddOutputOptions(CLI::App& app, Options& options) {
     app.add_option("--out", options.out,
-                   "Write to x.png, dir/%04d.png or x.mp4 (default: only time it)")
+                   "Write to x.png, dir/%04d.png, x.mp4, .mkv, .webm, .webp or .gif (default: only "
+                   "time it)")
         ->type_name("FILE");
     AddParsed(app, "--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
-              "Behind transparent parts in an mp4 (default: checker)");
+              "Behind transparent parts in mp4 and mkv (default: checker)");
+    app.add_flag("--json", options.json, "Print what became of it as a line of JSON");
     app.add_flag("--no-window", options.noWindow,
                  "Without --out: draw all frames and tell how long that took");
     app.add_flag("--quiet,-q", options.quiet, "No progress and no summary");
     app.add_flag("-v,--verbose", options.verbose, "Show the log of the renderer and the decoders");
-    for (const char* name : {"--out", "--backdrop", "--no-window", "--quiet", "--verbose"}) {
+    for (const char* name :
+         {"--out", "--backdrop", "--no-window", "--json", "--quiet", "--verbose"}) {
         app.get_option(name)->group("Output");
     }
 }
@@ -187,12 +211,17 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
     AddStickerOptions(app, options);
     AddViewOptions(app, options);
     AddOutputOptions(app, options);
+    std::string script;
+    AddScriptOption(app, script);
     app.get_option("--realtime")->excludes(app.get_option("--out"));
     if (!ParseCommandLine(app, argc, argv)) {
         return std::nullopt;
     }
     if (options.realtime && options.path == PathOption::kCpu) {
         throw ToolError("--realtime is for compressed frames, not for --path cpu");
+    }
+    if (!script.empty()) {
+        ReadScriptInto(options, script);
     }
     return options;
 }

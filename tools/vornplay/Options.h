@@ -5,6 +5,7 @@
 #include <string>
 
 #include "OptionValues.h"
+#include "Script.h"
 #include "render/VEStickerList.h"
 #include "support/Image.h"
 
@@ -33,20 +34,26 @@ struct Options {
     bool mirror = false;
     std::optional<View> view;
     std::optional<View> viewTo;
+    std::optional<Script> script;
     Rgba clear = {0, 0, 0, 255};
     Backdrop backdrop;
 
     bool noWindow = false;
+    bool json = false;
     bool quiet = false;
     bool verbose = false;
 
     /// What is written, measured or ends by itself needs none.
     bool WantsWindow() const {
-        return out.empty() && !noWindow && !realtime && frames == 0 && !viewTo.has_value();
+        return out.empty() && !noWindow && !json && !realtime && frames == 0 &&
+               !viewTo.has_value() && !script.has_value();
     }
 
     /// The view acts on masked pictures only.
-    bool NeedsMask() const { return !mask.empty() || view.has_value() || viewTo.has_value(); }
+    bool NeedsMask() const {
+        return !mask.empty() || view.has_value() || viewTo.has_value() ||
+               (script.has_value() && script->NamesView());
+    }
 };
 
 /// Reads the command line; nothing when the user only asked for help. \throws ToolError

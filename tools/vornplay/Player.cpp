@@ -1,8 +1,10 @@
 #include "Player.h"
 
 #include <algorithm>
+#include <iomanip>
 #include <iostream>
 
+#include "Interrupt.h"
 #include "PathChoice.h"
 #include "Progress.h"
 #include "Report.h"
@@ -21,7 +23,7 @@ Player::Player(const Options& options) : options_(options) {
         mask_.emplace(options.mask, options.maskSize, options.rgbMask);
     }
     path_ = OpenPath(options, Settings(), [this] { return NextMask(); });
-    sink_ = MakeFrameSink(options, path_->Target().FrameSize(), path_->File().FrameRate());
+    sink_ = MakeFrameSink(options, path_->Target().FrameSize(), path_->File());
     limit_ = sink_ != nullptr && sink_->Limit() > 0 ? sink_->Limit() : options.frames;
     expected_ = ExpectedFrames();
     if (options.viewTo.has_value() && expected_ == 0) {
@@ -65,41 +67,116 @@ View Player::ViewOf(int64_t frame) const {
     return Between(from, *options_.viewTo, std::min(progress, 1.0));
 }
 
-int Player::Play() {
-    {
-        Progress progress(options_.quiet, expected_);
-        while (out_ != limit_ || limit_ == 0) {
-            if (!path_->DrawNext(ViewOf(out_), out_ + 1 == limit_)) {
-                break;
-            }
-            WriteDrawn();
-            progress.Show(out_);
-        }
+/// Sets what the frame is drawn with.
+void Player::Direct(int64_t frame) {
+    if (!options_.script.has_value()) {
+        view_ = ViewOf(frame);
+        return;
     }
-    if (out_ == 0) {
+    const double seconds = static_cast<double>(frame) / av_q2d(path_->File().FrameRate());
+    const Shot shot = ShotAt(options_.script->keyframes, seconds);
+    view_ = shot.view;
+    path_->Target().SetMirror(shot.mirror);
+    path_->Target().SetPositions(shot.stickers);
+}
+
+int Player::Play() {
+    ReportAudio();
+    DrawAll();
+    if (out_ == 0 && !stopped_) {
         throw ToolError(options_.input + (options_.startSeconds > 0.0
                                               ? ": no picture from the start time on"
                                               : ": no picture in it can be decoded"));
     }
-    if (sink_ != nullptr) {
-        sink_->Finish();
+    if (sink_ != nullptr && out_ > 0) {
+        sink_->Finish(stopped_ || out_ == limit_);
     }
     return Report();
 }
 
-void Player::WriteDrawn() {
+void Player::DrawAll() {
+    Progress progress(options_.quiet, expected_);
+    while ((out_ != limit_ || limit_ == 0) && DrawNext()) {
+        progress.Show(out_);
+    }
+}
+
+bool Player::DrawNext() {
+    stopped_ = Interrupted();
+    if (stopped_) {
+        return false;
+    }
+    Direct(out_);
+    if (!path_->DrawNext(view_, out_ + 1 == limit_)) {
+        return false;
+    }
     if (sink_ != nullptr) {
         sink_->Write(path_->Target().ReadBack());
     }
     ++out_;
+    return true;
+}
+
+void Player::ReportAudio() const {
+    if (sink_ == nullptr || options_.quiet) {
+        return;
+    }
+    for (const std::string& codec : sink_->Audio().leftOut) {
+        std::cerr << "vornplay: " << options_.out << " does not take " << codec
+                  << "; this audio is left out\n";
+    }
+}
+
+void Player::ReportStop() const {
+    std::cerr << "vornplay: stopped after " << out_;
+    if (expected_ > 0) {
+        std::cerr << " of " << expected_;
+    }
+    const double seconds = static_cast<double>(out_) / av_q2d(path_->File().FrameRate());
+    std::cerr << " frames, at " << std::fixed << std::setprecision(2) << seconds << " s";
+    if (sink_ != nullptr) {
+        std::cerr << "; " << options_.out << (out_ > 0 ? " holds them" : " was not written");
+    }
+    std::cerr << '\n';
 }
 
 int Player::Report() const {
     const bool brokenInput = ReportBroken(options_.input, path_->Lost(), path_->Damaged());
     const bool brokenMask = mask_.has_value() && ReportBroken(options_.mask, mask_->Reader().Lost(),
                                                               mask_->Reader().Damaged());
+    if (stopped_) {
+        ReportStop();
+    }
     if (!options_.quiet) {
         std::cerr << path_->Summary(out_) << '\n';
     }
-    return brokenInput || brokenMask ? kExitBroken : kExitDone;
+    const int broken = brokenInput || brokenMask ? kExitBroken : kExitDone;
+    const int status = stopped_ ? kExitInterrupted : broken;
+    if (options_.json) {
+        std::cout << ToJson(Summarize(status)) << std::endl;
+    }
+    return status;
+}
+
+RunSummary Player::Summarize(int exitStatus) const {
+    RunSummary summary;
+    summary.input = options_.input;
+    summary.output = options_.out;
+    summary.exitStatus = exitStatus;
+    summary.path = path_->Name();
+    summary.size = path_->Target().FrameSize();
+    summary.frameRate = path_->File().FrameRate();
+    summary.expected = expected_;
+    summary.drawn = out_;
+    summary.shown = path_->Shown(out_);
+    summary.dropped = path_->Dropped();
+    summary.lost = path_->Lost();
+    summary.damaged = path_->Damaged();
+    summary.elapsedSeconds =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+    summary.millisecondsPerDraw = path_->Target().MillisecondsPerDraw();
+    if (sink_ != nullptr) {
+        summary.audio = sink_->Audio();
+    }
+    return summary;
 }

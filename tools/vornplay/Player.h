@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -9,6 +10,7 @@
 #include "FrameSink.h"
 #include "Mask.h"
 #include "Options.h"
+#include "RunSummary.h"
 #include "offscreen/OffscreenContext.h"
 
 /// Draws every frame of the input and writes what comes out.
@@ -25,8 +27,13 @@ private:
     uint8_t* NextMask();
     int64_t ExpectedFrames() const;
     View ViewOf(int64_t frame) const;
-    void WriteDrawn();
+    void Direct(int64_t frame);
+    void DrawAll();
+    bool DrawNext();
+    void ReportAudio() const;
+    void ReportStop() const;
     int Report() const;
+    RunSummary Summarize(int exitStatus) const;
 
     const Options& options_;
     std::optional<Mask> mask_;
@@ -37,5 +44,8 @@ private:
     std::unique_ptr<FrameSink> sink_;
     int64_t expected_ = 0;
     int64_t limit_ = 0;
+    View view_;  ///< Of the next frame.
     int64_t out_ = 0;
+    bool stopped_ = false;  ///< By the user, before the end.
+    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };

@@ -4,13 +4,13 @@
 #include <cstdint>
 #include <string>
 
-/// Tells on stderr how far the work is: one line rewritten in place on a terminal, else a line now
-/// and then.
+/// Tells on stderr how far the work is: a bar rewritten in place on a terminal, else a line now and
+/// then.
 class Progress {
 public:
     /// \param total frames to expect, 0 if not known
     Progress(bool quiet, int64_t total);
-    /// Takes the line off the terminal.
+    /// Takes the bar off the terminal.
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
@@ -20,7 +20,8 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
-    std::string Line(int64_t frames, double seconds) const;
+    std::string Bar(int64_t frames) const;
+    std::string Figures(int64_t frames, double seconds) const;
 
     bool quiet_;
     bool terminal_;

@@ -33,11 +33,13 @@ void RealtimePath::FeedUntil(double seconds) {
     }
 }
 
+int64_t RealtimePath::Shown(int64_t /*drawn*/) const {
+    return std::min(frames_.latched, Feed().Units());
+}
+
 std::string RealtimePath::Summary(int64_t drawn) const {
-    const int64_t shown = std::min(frames_.latched, Feed().Units());
     std::ostringstream text;
-    text << shown << " frames shown, " << Feed().Units() - shown << " dropped, " << drawn
-         << " draws of " << std::fixed << std::setprecision(2) << Target().MillisecondsPerDraw()
-         << " ms";
+    text << Shown(drawn) << " frames shown, " << Dropped() << " dropped, " << drawn << " draws of "
+         << std::fixed << std::setprecision(2) << Target().MillisecondsPerDraw() << " ms";
     return text.str();
 }

@@ -14,6 +14,9 @@ public:
     bool DrawNext(const View& view, bool last) override;
     /// Frames that were not shown in time are not lost.
     int64_t Lost() const override { return File().Missing(); }
+    const char* Name() const override { return "realtime"; }
+    int64_t Shown(int64_t drawn) const override;
+    int64_t Dropped() const override { return Feed().Units() - Shown(0); }
     std::string Summary(int64_t drawn) const override;
 
 private:

@@ -1,8 +1,13 @@
 #include <malloc.h>
 
+#include <csignal>
+#include <iostream>
+
+#include "Interrupt.h"
 #include "LogSink.h"
 #include "Options.h"
 #include "Player.h"
+#include "RunSummary.h"
 #include "support/CommandLine.h"
 #include "window/WindowPlayer.h"
 
@@ -21,6 +26,18 @@ void KeepLargeBlocks() {
     mallopt(M_TRIM_THRESHOLD, kKept);
 }
 
+int Play(const Options& options) {
+    CatchInterrupts();  // The window library has a way of its own.
+    try {
+        return Player(options).Play();
+    } catch (const std::exception& error) {
+        if (options.json) {
+            std::cout << FailureToJson(options.input, options.out, error.what()) << std::endl;
+        }
+        throw;
+    }
+}
+
 int Run(int argc, char** argv) {
     const std::optional<Options> options = ParseOptions(argc, argv);
     if (!options.has_value()) {
@@ -30,12 +47,13 @@ int Run(int argc, char** argv) {
     if (options->verbose) {
         av_log_set_level(AV_LOG_WARNING);
     }
-    return options->WantsWindow() ? WindowPlayer(*options).Play() : Player(*options).Play();
+    return options->WantsWindow() ? WindowPlayer(*options).Play() : Play(*options);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     KeepLargeBlocks();
+    std::signal(SIGXFSZ, SIG_IGN);  // A file that grows too large is an error like any other.
     return RunTool("vornplay", [argc, argv] { return Run(argc, argv); });
 }

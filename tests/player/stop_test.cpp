@@ -1,0 +1,150 @@
+// Exports that do not get to their end, and what is told of a run.
+
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <iterator>
+#include <nlohmann/json.hpp>
+#include <random>
+#include <regex>
+
+#include "Clip.h"
+#include "PlayerFixture.h"
+
+namespace {
+
+using nlohmann::json;
+
+class StopTest : public PlayerTest {
+protected:
+    /// Pictures that compress badly.
+    void WriteNoise(int count, Size size) const {
+        std::minstd_rand noise;
+        for (int i = 1; i <= count; ++i) {
+            Image image(size);
+            std::generate(image.pixels.begin(), image.pixels.end(),
+                          [&noise] { return static_cast<uint8_t>(noise() >> 8U); });
+            WriteImage("in/" + std::to_string(i) + ".png", image);
+        }
+    }
+
+    json ReadJson(const std::string& name) const {
+        std::ifstream file(Path(name));
+        return json::parse(file);
+    }
+
+    /// Runs the player on a terminal, and types Ctrl-C once \p sign is on the screen.
+    RunResult PlayOnTerminal(const std::string& arguments, const std::string& sign) const {
+        const std::string command = "cd " + Path("") + " && exec " VORNPLAY " " + arguments;
+        winsize window = {24, 100, 0, 0};
+        int terminal = -1;
+        const pid_t child = forkpty(&terminal, nullptr, nullptr, &window);
+        if (child == 0) {
+            execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+            _exit(127);
+        }
+        RunResult result;
+        std::array<char, 512> bytes{};
+        bool typed = false;
+        for (ssize_t count = 0; (count = read(terminal, bytes.data(), bytes.size())) > 0;) {
+            result.errors.append(bytes.data(), static_cast<size_t>(count));
+            if (!typed && result.errors.find(sign) != std::string::npos) {
+                typed = write(terminal, "\x03", 1) == 1;
+            }
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        close(terminal);
+        result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return result;
+    }
+};
+
+}  // namespace
+
+TEST_F(StopTest, CtrlCFinishesTheFileAndSaysWhere) {
+    WriteNoise(150, {192, 144});
+    PlayWell("in/%d.png --out in.mp4");
+    for (const std::string input : {"in/%d.png", "in.mp4 --path decode"}) {
+        for (const std::string out : {"out.mp4", "out.webp"}) {
+            const RunResult result = PlayOnTerminal(input + " --json --out " + out, " left");
+            const std::string& text = result.errors;
+            EXPECT_EQ(result.status, 130) << text;
+            std::smatch bar;
+            ASSERT_TRUE(std::regex_search(text, bar,
+                                          std::regex("\\[[#.]{24}\\] +\\d+ %  "
+                                                     "(\\d+) of 150 frames, \\d+ fps, "
+                                                     "\\d+:\\d\\d left")))
+                << text;
+            std::smatch stop;
+            ASSERT_TRUE(std::regex_search(
+                text, stop,
+                std::regex("stopped after (\\d+) of 150 frames, at ([0-9.]+) s; (.*) "
+                           "holds them")))
+                << text;
+            EXPECT_EQ(stop[3], out);
+            const int frames = std::stoi(stop[1]);
+            EXPECT_GE(frames, std::stoi(bar[1]));
+            EXPECT_LT(frames, 150);
+            EXPECT_NEAR(std::stod(stop[2]), frames / 25.0, 0.006);
+            EXPECT_NE(text.find("\"status\":\"stopped\",\"exit_status\":130"), std::string::npos);
+            const size_t held =
+                out == "out.mp4" ? ReadFrames(Path(out)).size() : ReadWebp(Path(out)).size();
+            EXPECT_EQ(held, static_cast<size_t>(frames));
+            EXPECT_FALSE(std::filesystem::exists(Path(out + ".part")));
+        }
+    }
+}
+
+TEST_F(StopTest, FullDiskIsOneLineAndLeavesNoBrokenFile) {
+    WriteNoise(25, {96, 64});
+    std::set<std::string> before = Files();
+    for (const std::string out :
+         {"out.mp4", "out.mkv", "out.webm", "out.webp", "out.gif", "out.png", "out/%d.png"}) {
+        // Files of at most 16 blocks, which are half a KiB each.
+        RunResult result = Run("ulimit -f 16; " VORNPLAY, "in/%d.png --quiet --out " + out);
+        EXPECT_EQ(result.status, 2) << out;
+        const std::string name = out == "out/%d.png" ? "out/1.png" : out;
+        EXPECT_EQ(result.errors, "vornplay: " + name + ": cannot be written: File too large\n");
+
+        std::filesystem::create_directory(Path("out"));
+        std::filesystem::create_symlink("/dev/full", Path(name + ".part"));
+        result = Play("in/%d.png --quiet --json --out " + out + " > failed.json");
+        EXPECT_EQ(result.status, 2) << out;
+        const std::string error = name + ": cannot be written: No space left on device";
+        EXPECT_EQ(result.errors, "vornplay: " + error + "\n");
+        EXPECT_EQ(ReadJson("failed.json")["status"], "failed");
+        EXPECT_EQ(ReadJson("failed.json")["error"], error);
+        std::filesystem::remove(Path("failed.json"));
+        std::filesystem::remove(Path("out"));
+        EXPECT_EQ(Files(), before) << out;
+    }
+}
+
+TEST_F(StopTest, JsonTellsWhatBecameOfTheRun) {
+    ClipKind kind;
+    kind.audio = {"libopus", "aac"};
+    MakeClip(Path("in.mkv"), kind);
+    PlayWell("in.mkv --frames 7 --json --out out.webm > run.json");
+    json run = ReadJson("run.json");
+    for (const char* figure : {"elapsed_seconds", "ms_per_draw"}) {
+        EXPECT_GT(run[figure].get<double>(), 0.0);
+        run.erase(figure);
+    }
+    EXPECT_EQ(run, json::parse(R"({
+        "status": "done", "exit_status": 0, "input": "in.mkv", "output": "out.webm",
+        "path": "decode", "width": 64, "height": 48, "frame_rate": "25/1",
+        "frames_expected": 7, "frames_drawn": 7, "frames_shown": 7, "frames_dropped": 0,
+        "frames_lost": 0, "frames_damaged": 0, "seconds": 0.28,
+        "audio_copied": ["opus"], "audio_left_out": ["aac"] })"));
+
+    PlayWell("in.mkv --realtime --json > run.json");
+    run = ReadJson("run.json");
+    EXPECT_EQ(run["path"], "realtime");
+    EXPECT_EQ(run["frames_shown"].get<int>() + run["frames_dropped"].get<int>(), 20);
+    EXPECT_EQ(run["output"], nullptr);
+}

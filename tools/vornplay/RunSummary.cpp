@@ -1,0 +1,62 @@
+#include "RunSummary.h"
+
+#include <nlohmann/json.hpp>
+
+#include "support/CommandLine.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+const char* StatusName(int exitStatus) {
+    switch (exitStatus) {
+        case kExitDone: return "done";
+        case kExitBroken: return "broken";
+        case kExitInterrupted: return "stopped";
+        default: return "failed";
+    }
+}
+
+Json Head(const std::string& input, const std::string& output, int exitStatus) {
+    Json json;
+    json["status"] = StatusName(exitStatus);
+    json["exit_status"] = exitStatus;
+    json["input"] = input;
+    json["output"] = output.empty() ? Json() : Json(output);
+    return json;
+}
+
+/// Names of files need not be UTF-8.
+std::string Line(const Json& json) {
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+}  // namespace
+
+std::string ToJson(const RunSummary& summary) {
+    Json json = Head(summary.input, summary.output, summary.exitStatus);
+    json["path"] = summary.path;
+    json["width"] = summary.size.width;
+    json["height"] = summary.size.height;
+    json["frame_rate"] =
+        std::to_string(summary.frameRate.num) + "/" + std::to_string(summary.frameRate.den);
+    json["frames_expected"] = summary.expected > 0 ? Json(summary.expected) : Json();
+    json["frames_drawn"] = summary.drawn;
+    json["frames_shown"] = summary.shown;
+    json["frames_dropped"] = summary.dropped;
+    json["frames_lost"] = summary.lost;
+    json["frames_damaged"] = summary.damaged;
+    json["seconds"] = static_cast<double>(summary.drawn) / av_q2d(summary.frameRate);
+    json["elapsed_seconds"] = summary.elapsedSeconds;
+    json["ms_per_draw"] = summary.millisecondsPerDraw;
+    json["audio_copied"] = summary.audio.copied;
+    json["audio_left_out"] = summary.audio.leftOut;
+    return Line(json);
+}
+
+std::string FailureToJson(const std::string& input, const std::string& output,
+                          const std::string& error) {
+    Json json = Head(input, output, kExitBadInput);
+    json["error"] = error;
+    return Line(json);
+}

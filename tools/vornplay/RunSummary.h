@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "export/AudioReport.h"
+#include "support/Image.h"
+#include "support/Libav.h"
+
+/// What became of a run, for programs.
+struct RunSummary {
+    std::string input;
+    std::string output;  ///< Empty: none.
+    int exitStatus = 0;
+    std::string path;
+    Size size;
+    AVRational frameRate = {0, 1};
+    int64_t expected = 0;  ///< Zero: not known.
+    int64_t drawn = 0;
+    int64_t shown = 0;
+    int64_t dropped = 0;
+    int64_t lost = 0;
+    int64_t damaged = 0;
+    double elapsedSeconds = 0.0;
+    double millisecondsPerDraw = 0.0;
+    AudioReport audio;
+};
+
+/// As one line of JSON.
+std::string ToJson(const RunSummary& summary);
+
+/// The line of JSON for a run that failed. \param error why
+std::string FailureToJson(const std::string& input, const std::string& output,
+                          const std::string& error);

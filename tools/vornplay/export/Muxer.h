@@ -1,0 +1,49 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/Libav.h"
+#include "support/PendingFile.h"
+
+using LibavOptions = std::vector<std::pair<const char*, const char*>>;
+
+/// A file of one or more streams that libavformat writes. It takes its name once it is whole;
+/// before, and after a failure, there is none.
+class Muxer {
+public:
+    /// \param container libavformat's name of it. \throws ToolError
+    Muxer(const std::string& target, const char* container);
+
+    const std::string& Target() const { return target_; }
+    /// Whether decoders find their parameters in the header of the file.
+    bool HasGlobalHeader() const { return (output_->oformat->flags & AVFMT_GLOBALHEADER) != 0; }
+    bool Takes(AVCodecID codec) const;
+
+    /// A stream for the packets of an encoder.
+    AVStream& AddEncoded(const AVCodecContext& encoder);
+    /// A stream for packets that are copied from another file.
+    AVStream& AddCopied(const AVStream& source);
+
+    /// Writes what goes before the packets, once all streams are there.
+    void Begin(const LibavOptions& options);
+    /// Takes a packet with the times of a stream of \p timeBase; leaves it empty.
+    void Write(AVPacket& packet, const AVStream& stream, AVRational timeBase);
+    void Finish();
+
+    /// \throws ToolError that the file cannot be written, for a negative result
+    void Check(int result) const;
+
+private:
+    struct CloseOutput {
+        void operator()(AVFormatContext* output) const;
+    };
+
+    AVStream& AddStream();
+
+    std::string target_;
+    PendingFile file_;
+    std::unique_ptr<AVFormatContext, CloseOutput> output_;
+};

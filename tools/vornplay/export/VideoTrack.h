@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "Colours.h"
+#include "Muxer.h"
+
+/// How the pictures of a track are compressed.
+struct VideoCoding {
+    AVCodecID codec;
+    const char* encoder;  ///< The one wanted; null for any.
+    AVPixelFormat format;
+    LibavOptions options;  ///< Those that the encoder does not know do nothing.
+};
+
+/// The video of a file, at a constant frame rate.
+class VideoTrack {
+public:
+    /// \throws ToolError
+    VideoTrack(Muxer& muxer, const VideoCoding& coding, Size size, AVRational frameRate,
+               const ColourTags& tags);
+
+    const AVCodecContext& Encoder() const { return *encoder_; }
+
+    /// Compresses the next picture. \throws ToolError
+    void Write(AVFrame& picture);
+    /// Writes what the encoder still holds. \throws ToolError
+    void Finish() { Encode(nullptr); }
+
+    /// How long the pictures so far are shown.
+    double Seconds() const { return static_cast<double>(pictures_) * av_q2d(encoder_->time_base); }
+
+private:
+    void Encode(const AVFrame* picture);
+
+    Muxer& muxer_;
+    LibavPtr<AVCodecContext> encoder_;
+    LibavPtr<AVPacket> packet_{av_packet_alloc()};
+    AVStream* stream_ = nullptr;
+    int64_t pictures_ = 0;
+};
