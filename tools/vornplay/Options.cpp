@@ -182,8 +182,8 @@ void ReadScriptInto(Options& options, const std::string& path) {
 
 void AddOutputOptions(CLI::App& app, Options& options) {
     app.add_option("--out", options.out,
-                   "Write to x.png, dir/%04d.png, x.mp4, .mkv, .webm, .webp or .gif (default: only "
-                   "time it)")
+                   "Write to x.png, dir/%04d.png, x.mp4, .mkv, .webm, .webp or .gif (default: show "
+                   "it in a window)")
         ->type_name("FILE");
     AddParsed(app, "--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
               "Behind transparent parts in mp4 and mkv (default: checker)");
