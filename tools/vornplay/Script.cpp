@@ -144,9 +144,7 @@ std::vector<Keyframe> ReadKeyframes(const Value& value, bool hasSticker) {
     for (size_t i = 0; i < value.Count(); ++i) {
         keyframes.push_back(ReadKeyframe(value.At(i), i > 0 ? keyframes.back().seconds : -1.0));
         if (keyframes.back().stickers.has_value() && !hasSticker) {
-            value.At(i)
-                .Of("stickers")
-                .Fail(R"("stickers" need a picture: "sticker" or --sticker)");
+            value.At(i).Of("stickers").Fail(R"("stickers" need a picture: "sticker" or --sticker)");
         }
     }
     if (keyframes.empty()) {
