@@ -76,8 +76,9 @@ void HostDecoder_release(HostDecoder* decoder);
 void HostDecoder_setLockStep(HostDecoder* decoder, int on);
 
 /// Switches stepping on or off: lock-step for programs that show a picture more than once. The next
-/// picture comes after HostDecoder_step, however often updateTexImage() was called, and gives way to
-/// it if it was not shown at all. The first one comes by itself. Ends lock-step, and is ended by it.
+/// picture comes after HostDecoder_step, however often updateTexImage() was called, and gives way
+/// to it if it was not shown at all. The first one comes by itself. Ends lock-step, and is ended by
+/// it.
 void HostDecoder_setStepping(HostDecoder* decoder, int on);
 
 /// Lets the next picture come. To be called after HostDecoder_waitForFrame told of the one before.
