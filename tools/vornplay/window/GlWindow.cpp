@@ -24,9 +24,8 @@ Size StartSize(Size picture) {
             std::max(1, static_cast<int>(picture.height * scale))};
 }
 
-}  // namespace
-
-GlWindow::Video::Video() {
+/// SDL stays until the process ends, and with it the EGL display, which is the process's.
+void StartVideo() {
     // Wayland tells how dense the screen is. Where there is none, its library need not complain.
     const bool wayland = std::getenv("WAYLAND_DISPLAY") != nullptr;
     SDL_SetHint(SDL_HINT_VIDEODRIVER, wayland ? "wayland,x11" : "x11");
@@ -41,12 +40,16 @@ GlWindow::Video::Video() {
             "no display to open a window on: name a file with --out, or let it be drawn and timed "
             "with --no-window");
     }
-}
-
-GlWindow::GlWindow(const std::string& title, Size picture) {
     SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_ES);
     SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 3);
     SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, 0);
+    SDL_GL_LoadLibrary(nullptr);  // Not to be unloaded with the window.
+}
+
+}  // namespace
+
+GlWindow::GlWindow(const std::string& title, Size picture) {
+    StartVideo();
     const Size size = StartSize(picture);
     window_.reset(SDL_CreateWindow(
         title.c_str(), SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, size.width, size.height,

@@ -18,13 +18,6 @@ public:
     Layout LayoutOf(Size picture) const;
 
 private:
-    /// SDL's windows and events, as long as this lives.
-    struct Video {
-        Video();
-        ~Video() { SDL_Quit(); }
-        Video(const Video&) = delete;
-        Video& operator=(const Video&) = delete;
-    };
     struct DestroyWindow {
         void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
     };
@@ -32,7 +25,6 @@ private:
         void operator()(void* context) const { SDL_GL_DeleteContext(context); }
     };
 
-    Video video_;
     std::unique_ptr<SDL_Window, DestroyWindow> window_;
     std::unique_ptr<void, DeleteContext> context_;
 };

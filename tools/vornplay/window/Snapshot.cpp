@@ -14,7 +14,7 @@ std::string NameOf(const Stage& stage) {
         stem = "frame";  // A numbered sequence.
     }
     std::array<char, 32> time{};
-    std::snprintf(time.data(), time.size(), "-%.3fs", stage.Seconds());
+    (void)std::snprintf(time.data(), time.size(), "-%.3fs", stage.Seconds());
     return stem + time.data();
 }
 

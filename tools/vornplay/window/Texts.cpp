@@ -8,7 +8,7 @@ namespace {
 template <typename... Values>
 std::string Format(const char* format, Values... values) {
     std::array<char, 80> text{};
-    std::snprintf(text.data(), text.size(), format, values...);
+    (void)std::snprintf(text.data(), text.size(), format, values...);
     return text.data();
 }
 
