@@ -13,6 +13,7 @@
 #include "support/Backdrop.h"
 #include "support/CommandLine.h"
 #include "support/PngFile.h"
+#include "support/RunTool.h"
 #include "support/ToolError.h"
 #include "vornplay/TargetTexture.h"
 #include "vornplay/UnitReader.h"

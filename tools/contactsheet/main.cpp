@@ -10,6 +10,7 @@
 #include "support/FrameConverter.h"
 #include "support/Image.h"
 #include "support/PngFile.h"
+#include "support/RunTool.h"
 #include "support/ToolError.h"
 #include "support/VideoReader.h"
 

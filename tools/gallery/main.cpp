@@ -9,6 +9,7 @@
 #include "offscreen/OffscreenContext.h"
 #include "support/CommandLine.h"
 #include "support/PngFile.h"
+#include "support/RunTool.h"
 #include "support/ToolError.h"
 
 namespace {

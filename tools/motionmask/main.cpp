@@ -9,6 +9,7 @@
 #include "support/FrameConverter.h"
 #include "support/NumberedPath.h"
 #include "support/PngFile.h"
+#include "support/RunTool.h"
 #include "support/VideoReader.h"
 
 namespace {

@@ -2,27 +2,8 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <exception>
-#include <iostream>
-#include <new>
 
 #include "support/ToolError.h"
-
-extern "C" {
-#include <libavutil/log.h>
-}
-
-int RunTool(const char* name, const std::function<int()>& body) {
-    av_log_set_level(AV_LOG_QUIET);
-    try {
-        return body();
-    } catch (const std::bad_alloc&) {
-        std::cerr << name << ": out of memory\n";
-    } catch (const std::exception& error) {
-        std::cerr << name << ": " << error.what() << '\n';
-    }
-    return kExitBadInput;
-}
 
 std::string PlainHelp::make_option_opts(const CLI::Option* option) const {
     const std::string form = option->get_type_name();

@@ -1,19 +1,11 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
-#include <functional>
 #include <iomanip>
 #include <sstream>
 #include <string>
 
 #include "support/Image.h"
-
-/// Exit statuses of the tools.
-enum ExitStatus { kExitDone = 0, kExitBroken = 1, kExitBadInput = 2, kExitInterrupted = 130 };
-
-/// Runs a tool: an error that \p body throws becomes the one line "<name>: …" on stderr and the
-/// status kExitBadInput. libav keeps quiet.
-int RunTool(const char* name, const std::function<int()>& body);
 
 /// Help with the names and the forms of the options, without their rules.
 class PlainHelp : public CLI::Formatter {

@@ -8,8 +8,8 @@
 #include "PathChoice.h"
 #include "Progress.h"
 #include "Report.h"
-#include "support/CommandLine.h"
 #include "support/PngFile.h"
+#include "support/RunTool.h"
 #include "support/ToolError.h"
 
 namespace {

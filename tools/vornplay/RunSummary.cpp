@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "support/CommandLine.h"
+#include "support/RunTool.h"
 
 namespace {
 

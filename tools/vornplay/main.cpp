@@ -8,7 +8,7 @@
 #include "Options.h"
 #include "Player.h"
 #include "RunSummary.h"
-#include "support/CommandLine.h"
+#include "support/RunTool.h"
 #include "window/WindowPlayer.h"
 
 extern "C" {
@@ -54,6 +54,7 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     KeepLargeBlocks();
-    std::signal(SIGXFSZ, SIG_IGN);  // A file that grows too large is an error like any other.
+    // A file that grows too large is an error like any other.
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     return RunTool("vornplay", [argc, argv] { return Run(argc, argv); });
 }

@@ -1,8 +1,8 @@
 #include "window/Snapshot.h"
 
-#include <array>
-#include <cstdio>
 #include <filesystem>
+#include <iomanip>
+#include <sstream>
 
 #include "support/PngFile.h"
 
@@ -13,9 +13,9 @@ std::string NameOf(const Stage& stage) {
     if (stem.empty() || stem.find('%') != std::string::npos) {
         stem = "frame";  // A numbered sequence.
     }
-    std::array<char, 32> time{};
-    (void)std::snprintf(time.data(), time.size(), "-%.3fs", stage.Seconds());
-    return stem + time.data();
+    std::ostringstream name;
+    name << stem << '-' << std::fixed << std::setprecision(3) << stage.Seconds() << 's';
+    return name.str();
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "Report.h"
-#include "support/CommandLine.h"
+#include "support/RunTool.h"
 #include "window/Texts.h"
 
 namespace {
