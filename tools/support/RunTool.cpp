@@ -1,0 +1,21 @@
+#include "support/RunTool.h"
+
+#include <exception>
+#include <iostream>
+#include <new>
+
+extern "C" {
+#include <libavutil/log.h>
+}
+
+int RunTool(const char* name, const std::function<int()>& body) {
+    av_log_set_level(AV_LOG_QUIET);
+    try {
+        return body();
+    } catch (const std::bad_alloc&) {
+        std::cerr << name << ": out of memory\n";
+    } catch (const std::exception& error) {
+        std::cerr << name << ": " << error.what() << '\n';
+    }
+    return kExitBadInput;
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <functional>
+
+/// Exit statuses of the tools.
+enum ExitStatus { kExitDone = 0, kExitBroken = 1, kExitBadInput = 2, kExitInterrupted = 130 };
+
+/// Runs a tool: an error that \p body throws becomes the one line "<name>: …" on stderr and the
+/// status kExitBadInput. libav keeps quiet.
+int RunTool(const char* name, const std::function<int()>& body);
