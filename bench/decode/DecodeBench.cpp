@@ -6,9 +6,10 @@
 #include <stdexcept>
 #include <string>
 
-#include "Interleaved.h"
+#include "Contest.h"
 #include "LeastPath.h"
 #include "LibraryPath.h"
+#include "TexturePixels.h"
 #include "offscreen/OffscreenContext.h"
 
 namespace {
@@ -31,17 +32,6 @@ JavaVM* Machine() {
 
 using Pixels = std::vector<unsigned char>;
 
-Pixels ReadTexture(GLuint texture, const Clip& clip) {
-    GLuint framebuffer = 0;
-    glGenFramebuffers(1, &framebuffer);
-    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
-    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
-    Pixels pixels(size_t{4} * static_cast<size_t>(clip.width) * static_cast<size_t>(clip.height));
-    glReadPixels(0, 0, clip.width, clip.height, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
-    glDeleteFramebuffers(1, &framebuffer);
-    return pixels;
-}
-
 double MeanDifference(const Pixels& one, const Pixels& other) {
     double sum = 0;
     for (size_t i = 0; i < one.size(); ++i) {
@@ -63,12 +53,14 @@ public:
     /// But for rounding, and for the blue that libyuv's own constants cut.
     bool picturesAreAlike() const {
         constexpr double kTolerance = 2;
-        const Pixels picture = ReadTexture(ours_.target(), clip_);
-        return MeanDifference(picture, ReadTexture(bare_.target(), clip_)) < kTolerance &&
-               MeanDifference(picture, ReadTexture(lean_.target(), clip_)) < kTolerance;
+        const Pixels picture = read(ours_.target());
+        return MeanDifference(picture, read(bare_.target())) < kTolerance &&
+               MeanDifference(picture, read(lean_.target())) < kTolerance;
     }
 
 private:
+    Pixels read(GLuint texture) const { return ReadTexture(texture, clip_.width, clip_.height); }
+
     void decodeOnly() {
         for (int i = 0; i < kPicturesPerTurn; ++i) {
             decoder_.next();
@@ -99,13 +91,7 @@ void Report(benchmark::State& state, const Interleaved& times) {
 
 void Contend(benchmark::State& state, const Clip& clip) {
     DecodeContest contest(clip);
-    Interleaved warmUp(contest.works());
-    warmUp.runRound();
-    Interleaved times(contest.works());
-    for ([[maybe_unused]] auto round : state) {
-        state.SetIterationTime(times.runRound());
-    }
-    Report(state, times);
+    Report(state, RunContest(state, contest.works()));
     if (!contest.picturesAreAlike()) {
         throw std::runtime_error("the paths do not show the same picture");
     }

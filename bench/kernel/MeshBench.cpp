@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "kernel/Contest.h"
+#include "Contest.h"
 #include "kernel/PlainMesh.h"
 #include "kernel/geometry/Mesh.h"
 #include "offscreen/OffscreenContext.h"

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <string>
 
-#include "kernel/Contest.h"
+#include "Contest.h"
 #include "kernel/String.h"
 #include "kernel/StringBuffer.h"
 

@@ -7,7 +7,8 @@
 #include <vector>
 
 #include "BareRenderer.h"
-#include "Interleaved.h"
+#include "Contest.h"
+#include "TexturePixels.h"
 #include "offscreen/OffscreenContext.h"
 #include "render/VERenderer.h"
 
@@ -76,16 +77,6 @@ private:
     int stickerTexture_;
 };
 
-Bytes ReadTexture(GLuint texture, const FrameCase& frame) {
-    GLuint framebuffer = 0;
-    glGenFramebuffers(1, &framebuffer);
-    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
-    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
-    Bytes pixels(size_t{4} * static_cast<size_t>(frame.width) * static_cast<size_t>(frame.height));
-    glReadPixels(0, 0, frame.width, frame.height, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
-    return pixels;
-}
-
 /// The library's frame beside two bare programs: one with a shader equivalent to the library's, one
 /// with the leanest shader that gives the same picture.
 class FrameContest {
@@ -122,12 +113,13 @@ public:
     }
 
     bool picturesAreEqual() const {
-        const Bytes picture = ReadTexture(ours_.target(), frame_);
-        return picture == ReadTexture(bare_.target(), frame_) &&
-               picture == ReadTexture(lean_.target(), frame_);
+        const Bytes picture = read(ours_.target());
+        return picture == read(bare_.target()) && picture == read(lean_.target());
     }
 
 private:
+    Bytes read(GLuint texture) const { return ReadTexture(texture, frame_.width, frame_.height); }
+
     unsigned char* mask() { return frame_.masked ? pixels_.data() + frame_.bytes() : nullptr; }
 
     OffscreenContext context_;
@@ -168,15 +160,7 @@ void CpuFrames(benchmark::State& state) {
     const FrameCase frame = CaseOf(state);
     state.SetLabel(LabelOf(frame));
     FrameContest contest(frame);
-    Interleaved warmUp(contest.works());
-    for (int i = 0; i < kWarmUpRounds; ++i) {
-        warmUp.runRound();
-    }
-    Interleaved times(contest.works());
-    for ([[maybe_unused]] auto round : state) {
-        state.SetIterationTime(times.runRound());
-    }
-    Report(state, times);
+    Report(state, RunContest(state, contest.works(), kWarmUpRounds));
     if (!contest.picturesAreEqual()) {
         throw std::runtime_error("the renderers do not draw the same picture");
     }

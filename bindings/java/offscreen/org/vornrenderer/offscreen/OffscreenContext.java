@@ -1,5 +1,6 @@
 package org.vornrenderer.offscreen;
 
+import java.awt.image.BufferedImage;
 import java.nio.ByteBuffer;
 
 /**
@@ -68,6 +69,24 @@ public final class OffscreenContext implements AutoCloseable {
         ByteBuffer pixels = ByteBuffer.allocateDirect(width * height * BYTES_PER_PIXEL);
         nativeRead(texture, width, height, pixels);
         return pixels;
+    }
+
+    /**
+     * Reads a texture as an image.
+     *
+     * @param texture GL name
+     * @param width in pixels
+     * @param height in pixels
+     * @return its pixels, alpha among them, the first row at the top
+     */
+    public BufferedImage readImage(int texture, int width, int height) {
+        ByteBuffer rgba = read(texture, width, height);
+        BufferedImage image = new BufferedImage(width, height, BufferedImage.TYPE_INT_ARGB);
+        for (int i = 0; i < width * height; ++i) {
+            int argb = Integer.rotateRight(rgba.getInt(BYTES_PER_PIXEL * i), Byte.SIZE);
+            image.setRGB(i % width, i / width, argb);
+        }
+        return image;
     }
 
     /**
