@@ -1,10 +1,6 @@
 #include "PlayerWindow.h"
 
-#include <signal.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
@@ -97,31 +93,38 @@ void PlayerWindow::SetUp() {
     }
 }
 
-PlayerWindow::~PlayerWindow() {
-    if (player_ != 0) {
-        kill(player_, SIGKILL);
-        waitpid(player_, nullptr, 0);
-    }
-}
-
 void PlayerWindow::Open(const std::string& arguments) {
-    const std::string command =
-        "cd " + Path(".") + " && exec " VORNPLAY " " + arguments + " 2>" + Path("log");
-    player_ = fork();
-    if (player_ == 0) {
-        prctl(PR_SET_PDEATHSIG, SIGKILL);
-        setenv("DISPLAY", screen_->Name().c_str(), 1);
-        unsetenv("WAYLAND_DISPLAY");
-        execl("/bin/sh", "sh", "-c", command.c_str(), static_cast<char*>(nullptr));
-        _exit(127);
-    }
-    WaitForWindow();
+    StartPlayer("-u WAYLAND_DISPLAY DISPLAY=" + screen_->Name(), arguments);
+    WaitForWindow("vornplay", player_);
 }
 
-void PlayerWindow::WaitForWindow() {
-    ASSERT_TRUE(Await([this] {
-        window_ = screen_->FindWindow("vornplay");
-        return window_ != 0 || waitpid(player_, nullptr, WNOHANG) != 0;
+void PlayerWindow::OpenOnWayland(const std::string& arguments, Size size, int density) {
+    const std::string environment = "XDG_RUNTIME_DIR=" + Path(".") + " ";
+    compositor_ = ChildProcess(
+        "exec env DISPLAY=" + screen_->Name() + " " + environment +
+        "weston --backend=x11-backend.so --use-pixman --shell=kiosk-shell.so --socket=wayland"
+        " --no-config --idle-time=0 --log=" +
+        Path("weston.log") + " --scale=" + std::to_string(density) +
+        " --width=" + std::to_string(size.width / density) +
+        " --height=" + std::to_string(size.height / density));
+    WaitForWindow("weston", compositor_);
+    StartPlayer("-u DISPLAY WAYLAND_DISPLAY=wayland " + environment, arguments);
+    const auto shows = [](const Image& screen) {
+        return std::any_of(screen.pixels.begin(), screen.pixels.end(),
+                           [](uint8_t value) { return value != 0 && value != 255; });
+    };
+    EXPECT_TRUE(Sees(shows)) << Log();
+}
+
+void PlayerWindow::StartPlayer(const std::string& environment, const std::string& arguments) {
+    player_ = ChildProcess("cd " + Path(".") + " && exec env " + environment + " " VORNPLAY " " +
+                           arguments + " 2>" + Path("log"));
+}
+
+void PlayerWindow::WaitForWindow(const std::string& program, ChildProcess& process) {
+    ASSERT_TRUE(Await([&] {
+        window_ = screen_->FindWindow(program);
+        return window_ != 0 || process.HasEnded();
     }));
     ASSERT_NE(window_, 0U) << Log();
     screen_->Do("windowmove --sync " + std::to_string(window_) + " 10 10 windowfocus --sync " +
@@ -130,10 +133,7 @@ void PlayerWindow::WaitForWindow() {
 
 int PlayerWindow::Quit() {
     Key("q");
-    int status = -1;
-    EXPECT_EQ(waitpid(player_, &status, 0), player_);
-    player_ = 0;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return player_.Wait();
 }
 
 std::string PlayerWindow::Log() const {

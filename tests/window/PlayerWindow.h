@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 
+#include "ChildProcess.h"
 #include "PlayerFixture.h"
 #include "VirtualScreen.h"
 
@@ -10,10 +11,12 @@
 class PlayerWindow : public PlayerTest {
 protected:
     void SetUp() override;
-    ~PlayerWindow() override;
 
     /// Starts the player and waits for its window.
     void Open(const std::string& arguments);
+    /// Likewise on Wayland, where the window takes all of a screen of \p size, whose pixels are so
+    /// dense that programs are told of \p density times fewer in each direction.
+    void OpenOnWayland(const std::string& arguments, Size size, int density);
     /// Presses Q. \return the player's exit status
     int Quit();
     /// What the player has written to stderr so far.
@@ -40,10 +43,12 @@ protected:
     bool SeesText(const std::string& text) const;
 
 private:
-    void WaitForWindow();
+    void StartPlayer(const std::string& environment, const std::string& arguments);
+    void WaitForWindow(const std::string& program, ChildProcess& process);
 
     std::unique_ptr<VirtualScreen> screen_;
-    pid_t player_ = 0;
+    ChildProcess compositor_;
+    ChildProcess player_;
     unsigned long window_ = 0;
     size_t logRead_ = 0;
 };

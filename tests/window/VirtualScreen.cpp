@@ -89,12 +89,13 @@ unsigned long VirtualScreen::FindWindow(const std::string& program) const {
     XQueryTree(display_, DefaultRootWindow(display_), &root, &parent, &children, &count);
     const std::unique_ptr<Window, FreeX> list(children);
     for (unsigned i = 0; i < count; ++i) {
-        char* name = nullptr;
-        XFetchName(display_, children[i], &name);
-        const std::unique_ptr<char, FreeX> owned(name);
+        XClassHint name{};
+        XGetClassHint(display_, children[i], &name);
+        const std::unique_ptr<char, FreeX> instance(name.res_name);
+        const std::unique_ptr<char, FreeX> kind(name.res_class);
         XWindowAttributes attributes{};
         XGetWindowAttributes(display_, children[i], &attributes);
-        if (name != nullptr && std::string(name).find(program) != std::string::npos &&
+        if (name.res_name != nullptr && std::string(name.res_name).find(program) == 0 &&
             attributes.map_state == IsViewable) {
             return children[i];
         }

@@ -1,6 +1,7 @@
 // Stickers land where the pointer is.
 
 #include <cmath>
+#include <cstdlib>
 
 #include "PlayerWindow.h"
 
@@ -61,6 +62,23 @@ TEST_F(Mouse, DropsStickersUnderThePointerInWindowsOfAllSizes) {
     ExpectStickerAt(50, 130, 100, 80);
     Click(50, 20);
     EXPECT_EQ(FindSticker(Save().image).count, 0) << "on the bar";
+}
+
+TEST_F(Mouse, DropsStickersUnderThePointerOnDenseWaylandScreens) {
+    // NOLINTNEXTLINE(cert-env33-c): the shell knows whether there is such a tool.
+    if (std::system("command -v weston >/dev/null") != 0) {
+        GTEST_SKIP() << "needs weston";
+    }
+    OpenOnWayland("in.png --sticker sticker.png", {800, 480}, 2);  // Bars of 80 on both sides.
+    ExpectStickerAt(280, 120, 100, 60);
+    ExpectStickerAt(620, 421, 270, 210);
+    Click(280, 120);
+    MoveTo(20, 20);  // The pointer hides what it is on.
+    EXPECT_TRUE(Sees([](const Image& screen) {
+        const Spot shown = FindSticker(screen);
+        return std::abs(shown.x - 280) < 2 && std::abs(shown.y - 120) < 2;
+    })) << "is in the wrong place on the screen";
+    EXPECT_EQ(Quit(), 0) << Log();
 }
 
 TEST_F(Mouse, DropsStickersUnderThePointerInAllViews) {

@@ -1,0 +1,44 @@
+#include "ChildProcess.h"
+
+#include <signal.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <utility>
+
+ChildProcess::ChildProcess(const std::string& command) : pid_(fork()) {
+    if (pid_ == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        execl("/bin/sh", "sh", "-c", command.c_str(), static_cast<char*>(nullptr));
+        _exit(127);
+    }
+}
+
+ChildProcess::~ChildProcess() {
+    if (pid_ > 0) {
+        kill(pid_, SIGKILL);
+        waitpid(pid_, nullptr, 0);
+    }
+}
+
+ChildProcess::ChildProcess(ChildProcess&& other) noexcept : pid_(std::exchange(other.pid_, 0)) {}
+
+ChildProcess& ChildProcess::operator=(ChildProcess&& other) noexcept {
+    std::swap(pid_, other.pid_);
+    return *this;
+}
+
+bool ChildProcess::HasEnded() {
+    if (waitpid(pid_, nullptr, WNOHANG) == 0) {
+        return false;
+    }
+    pid_ = 0;
+    return true;
+}
+
+int ChildProcess::Wait() {
+    int status = -1;
+    waitpid(std::exchange(pid_, 0), &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
