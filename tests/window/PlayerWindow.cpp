@@ -84,8 +84,9 @@ bool ShowsText(const Image& image, const std::string& text) {
 
 void PlayerWindow::SetUp() {
     // NOLINTNEXTLINE(cert-env33-c): the shell knows whether there is such a tool.
-    if (std::system("command -v Xvfb xdotool >/dev/null") != 0) {
-        GTEST_SKIP() << "needs Xvfb and xdotool";
+    if (std::system("(command -v Xvfb && command -v xdotool && command -v weston) >/dev/null") !=
+        0) {
+        GTEST_SKIP() << "needs Xvfb, xdotool and weston";
     }
     screen_ = VirtualScreen::Start();
     if (screen_ == nullptr) {
@@ -133,6 +134,11 @@ void PlayerWindow::WaitForWindow(const std::string& program, ChildProcess& proce
 
 int PlayerWindow::Quit() {
     Key("q");
+    return player_.Wait();
+}
+
+int PlayerWindow::EndCompositor() {
+    compositor_ = ChildProcess();
     return player_.Wait();
 }
 

@@ -19,6 +19,8 @@ protected:
     void OpenOnWayland(const std::string& arguments, Size size, int density);
     /// Presses Q. \return the player's exit status
     int Quit();
+    /// Ends the Wayland compositor. \return the player's exit status
+    int EndCompositor();
     /// What the player has written to stderr so far.
     std::string Log() const;
 

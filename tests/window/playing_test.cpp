@@ -71,6 +71,12 @@ TEST_P(Playing, ShowsOrCountsEveryFrameAndBeginsAgain) {
     EXPECT_EQ(Quit(), 0);
 }
 
+TEST_P(Playing, EndsWithTheWaylandCompositor) {
+    MakeClip(kFrames);
+    OpenOnWayland(Clip(), {320, 240}, 1);
+    EXPECT_EQ(EndCompositor(), 0) << Log();
+}
+
 TEST_P(Playing, MasksGoAlongWithTheirFrames) {
     MakeClip(200);
     WriteClip("mask", 200, {2, 2});

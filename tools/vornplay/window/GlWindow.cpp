@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 #include "support/ToolError.h"
 
@@ -61,7 +62,10 @@ GlWindow::GlWindow(const std::string& title, Size picture) {
     if (context_ == nullptr) {
         Fail("no OpenGL ES 3 in the window");
     }
-    SDL_GL_SetSwapInterval(1);
+    // A Wayland compositor never shows halves of frames. SDL, told to wait for one, may wait for ever
+    // when it ends.
+    const bool waits = std::strcmp(SDL_GetCurrentVideoDriver(), "wayland") != 0;
+    SDL_GL_SetSwapInterval(waits ? 1 : 0);
 }
 
 Layout GlWindow::LayoutOf(Size picture) const {
