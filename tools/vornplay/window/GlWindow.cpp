@@ -62,8 +62,8 @@ GlWindow::GlWindow(const std::string& title, Size picture) {
     if (context_ == nullptr) {
         Fail("no OpenGL ES 3 in the window");
     }
-    // A Wayland compositor never shows halves of frames. SDL, told to wait for one, may wait for ever
-    // when it ends.
+    // A Wayland compositor never shows halves of frames. SDL, told to wait for one, may wait for
+    // ever when it ends.
     const bool waits = std::strcmp(SDL_GetCurrentVideoDriver(), "wayland") != 0;
     SDL_GL_SetSwapInterval(waits ? 1 : 0);
 }
