@@ -15,6 +15,7 @@ endif()
 # folder exists: the one that is not among the linker's own is therefore named in full.
 set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm-static -L ${CMAKE_SYSROOT}
   -E LD_LIBRARY_PATH=${CMAKE_SYSROOT}/usr/lib/arm-linux-gnueabihf/android)
+set(VORN_SYSROOT_JAVA ${CMAKE_SYSROOT}/usr/lib/jvm/java-17-openjdk-armhf/bin/java)
 
 # Programs from this machine, everything else from the sysroot.
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
