@@ -6,6 +6,7 @@ set(CPACK_PACKAGE_VENDOR "libvornrenderer")
 set(CPACK_PACKAGE_CONTACT "The libvornrenderer authors <maintainers@vornrenderer.invalid>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
+set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/packaging/quiet.cmake)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL runtime dev tools)
