@@ -1,0 +1,56 @@
+#!/bin/bash
+# Compiles the sample and the Java code of docs/android.md as for Android: resources and manifests
+# against the system's own, classes against declarations of what they use, all of it of API level 24.
+# sample.sh SOURCE WORK API-JAR
+set -euo pipefail
+source=$1
+work=$2
+api=$3
+declarations=$(cd "$(dirname "$0")/declarations" && pwd)
+framework=/usr/share/android-framework-res/framework-res.apk
+rm -rf "$work"
+mkdir -p "$work/java"
+
+# package MODULE NAMESPACE [aapt options]: Gradle puts the namespace into the manifest.
+package() {
+    mkdir -p "$work/$1"
+    sed "s/<manifest /&package=\"$2\" /" "$source/android/$1/src/main/AndroidManifest.xml" \
+        >"$work/$1/AndroidManifest.xml"
+    aapt package -f -M "$work/$1/AndroidManifest.xml" -I "$framework" --min-sdk-version 24 \
+        -F "$work/$1.apk" "${@:3}"
+}
+# compile FOLDER...
+compile() {
+    find "$@" -name '*.java' >"$work/sources"
+    javac --release 11 -Xlint:all,-processing -Werror -d "$work/classes" \
+        -cp "$api:$work/declared" "@$work/sources"
+}
+# holds MODULE TEXT
+holds() {
+    aapt dump badging "$work/$1.apk" | grep -F "$2" || {
+        echo "FAILED: no $2 in what is packed of $1" >&2
+        exit 1
+    }
+}
+
+package vornrenderer org.vornrenderer
+holds vornrenderer "uses-gl-es: '0x30000'"
+main=$source/android/sample/src/main
+package sample org.vornrenderer.sample -m -J "$work/java" -S "$main/res"
+activity=$(aapt dump badging "$work/sample.apk" | sed -n "s/^launchable-activity: name='\([^']*\)'.*/\1/p")
+
+find "$declarations" -name '*.java' >"$work/sources"
+javac --release 11 -d "$work/declared" "@$work/sources"
+compile "$main/java" "$work/java"
+[ -f "$work/classes/${activity//.//}.class" ] || {
+    echo "FAILED: the manifest starts $activity, which is no class of the sample" >&2
+    exit 1
+}
+
+{
+    printf 'import %s;\n' android.app.Activity 'android.opengl.*' android.os.Bundle \
+        java.nio.ByteBuffer javax.microedition.khronos.egl.EGLConfig \
+        javax.microedition.khronos.opengles.GL10 'org.vornrenderer.*'
+    awk '/^```/ {code = $0 == "```java"; next} code' "$source/docs/android.md"
+} >"$work/MainActivity.java"
+compile "$work/MainActivity.java"
