@@ -1,6 +1,6 @@
 #pragma once
 
-#include <SDL.h>
+#include <SDL_events.h>
 
 #include "window/GlWindow.h"
 #include "window/Hud.h"

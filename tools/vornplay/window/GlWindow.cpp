@@ -1,5 +1,7 @@
 #include "window/GlWindow.h"
 
+#include <SDL.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
