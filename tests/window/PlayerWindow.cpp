@@ -115,6 +115,10 @@ void PlayerWindow::OpenOnWayland(const std::string& arguments, Size size, int de
                            [](uint8_t value) { return value != 0 && value != 255; });
     };
     EXPECT_TRUE(Sees(shows)) << Log();
+    // The compositor learns where the pointer is when it enters, and may have missed that at its
+    // start.
+    screen_->Do("mousemove 0 0");
+    MoveTo(size.width / 2, size.height / 2);
 }
 
 void PlayerWindow::StartPlayer(const std::string& environment, const std::string& arguments) {

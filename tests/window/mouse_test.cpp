@@ -65,6 +65,9 @@ TEST_F(Mouse, DropsStickersUnderThePointerInWindowsOfAllSizes) {
 
 TEST_F(Mouse, DropsStickersUnderThePointerOnDenseWaylandScreens) {
     OpenOnWayland("in.png --sticker sticker.png", {800, 480}, 2);  // Bars of 80 on both sides.
+    EXPECT_TRUE(Sees([](const Image& screen) {
+        return At(screen, 82, 2) == kGray && At(screen, 717, 477) == kGray;
+    })) << "does not fill the screen";
     ExpectStickerAt(280, 120, 100, 60);
     ExpectStickerAt(620, 421, 270, 210);
     Click(280, 120);
