@@ -1,5 +1,8 @@
 #!/bin/sh
-# Prints the C++ code of a page, each line at its number there: extract.sh PAGE
+# Prints the code of a page, each line at its number there: extract.sh PAGE [LANGUAGE, else cpp]
 set -eu
-printf '#line 1 "%s"\n' "$1"
-awk '/^```/ {code = $0 == "```cpp"; print ""; next} {print code ? $0 : ""}' "$1"
+language=${2:-cpp}
+if [ "$language" = cpp ]; then
+  printf '#line 1 "%s"\n' "$1"
+fi
+awk -v fence="\`\`\`$language" '/^```/ {code = $0 == fence; print ""; next} {print code ? $0 : ""}' "$1"

@@ -48,9 +48,10 @@ compile "$main/java" "$work/java"
 }
 
 {
-    printf 'import %s;\n' android.app.Activity 'android.opengl.*' android.os.Bundle \
+    # On the line of the page's title, so that errors name the page's lines.
+    printf 'import %s; ' android.app.Activity 'android.opengl.*' android.os.Bundle \
         java.nio.ByteBuffer javax.microedition.khronos.egl.EGLConfig \
         javax.microedition.khronos.opengles.GL10 'org.vornrenderer.*'
-    awk '/^```/ {code = $0 == "```java"; next} code' "$source/docs/android.md"
+    "$source/docs/examples/extract.sh" "$source/docs/android.md" java
 } >"$work/MainActivity.java"
 compile "$work/MainActivity.java"

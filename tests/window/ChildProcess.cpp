@@ -30,7 +30,7 @@ ChildProcess& ChildProcess::operator=(ChildProcess&& other) noexcept {
 }
 
 bool ChildProcess::HasEnded() {
-    if (waitpid(pid_, nullptr, WNOHANG) == 0) {
+    if (pid_ > 0 && waitpid(pid_, nullptr, WNOHANG) == 0) {
         return false;
     }
     pid_ = 0;
@@ -38,7 +38,9 @@ bool ChildProcess::HasEnded() {
 }
 
 int ChildProcess::Wait() {
-    int status = -1;
-    waitpid(std::exchange(pid_, 0), &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    const pid_t pid = std::exchange(pid_, 0);
+    int status = 0;
+    // No process is number 0: it stands for all children, of which some never end.
+    const bool ended = pid > 0 && waitpid(pid, &status, 0) == pid;
+    return ended && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }

@@ -16,9 +16,9 @@ public:
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    /// Not after this was true, or after \c Wait.
+    /// Whether it has; its exit status is gone then.
     bool HasEnded();
-    /// \return its exit status, or -1 if it crashed
+    /// \return its exit status, or -1 if it crashed, or had been seen to end before
     int Wait();
 
 private:
