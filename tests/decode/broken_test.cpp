@@ -43,7 +43,7 @@ std::vector<size_t> Slices(const std::vector<uint8_t>& unit) {
     }
 }
 
-class BrokenStream : public DecodeTest {
+class Broken : public DecodeTest {
 protected:
     /// Plays the units, of which those from \p first on are whole. Their pictures must be right,
     /// and the others may be anything.
@@ -80,13 +80,13 @@ protected:
     }();
 };
 
-TEST_F(BrokenStream, RecoversFromALostUnit) {
+TEST_F(Broken, RecoversFromALostUnit) {
     auto units = Units(Stream());
     units[4].bytes = {0, 0, 0, 1, 9, 0xF0};  // A delimiter and nothing else.
     ExpectRecovery(units, kKeyInterval);
 }
 
-TEST_F(BrokenStream, RecoversFromALostSlice) {
+TEST_F(Broken, RecoversFromALostSlice) {
     auto units = Units(Stream());
     const std::vector<size_t> slices = Slices(units[4].bytes);
     ASSERT_EQ(slices.size(), static_cast<size_t>(kSlices));
@@ -96,13 +96,13 @@ TEST_F(BrokenStream, RecoversFromALostSlice) {
     ExpectRecovery(units, kKeyInterval);
 }
 
-TEST_F(BrokenStream, RecoversFromATruncatedKeyFrame) {
+TEST_F(Broken, RecoversFromATruncatedKeyFrame) {
     auto units = Units(Stream());
     units[kKeyInterval].bytes.resize(units[kKeyInterval].bytes.size() / 2);
     ExpectRecovery(units, 2 * kKeyInterval);
 }
 
-TEST_F(BrokenStream, RecoversFromRandomBytes) {
+TEST_F(Broken, RecoversFromRandomBytes) {
     auto units = Units(Stream());
     uint32_t state = 1;
     for (const size_t index : {3U, 5U, 6U}) {

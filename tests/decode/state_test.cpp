@@ -14,10 +14,10 @@ namespace {
 
 using Names = std::set<std::string>;
 
-class DecodeState : public DecodeTest {
+class State : public DecodeTest {
 protected:
-    DecodeState() { glGenTextures(1, &texture_); }
-    ~DecodeState() override {
+    State() { glGenTextures(1, &texture_); }
+    ~State() override {
         HostDecoder_release(decoder_);
         VEDestroyRenderer(handle_);
     }
@@ -131,7 +131,7 @@ const Names kChangedByDraw = {"GL_ACTIVE_TEXTURE",
                               "GL_VERTEX_ARRAY_BINDING",
                               "GL_VIEWPORT"};
 
-TEST_F(DecodeState, EveryCallChangesOnlyWhatTheHeaderLists) {
+TEST_F(State, EveryCallChangesOnlyWhatTheHeaderLists) {
     const HostileState hostile;
     const auto changedBy = [&](bool unpacking, const std::function<void()>& call) {
         hostile.Set(unpacking);
@@ -171,7 +171,7 @@ TEST_F(DecodeState, EveryCallChangesOnlyWhatTheHeaderLists) {
     EXPECT_NEAR(image.At(319, 239)[0], grey, 2);
 }
 
-TEST_F(DecodeState, MasksAndStickersAddWhatTheHeaderLists) {
+TEST_F(State, MasksAndStickersAddWhatTheHeaderLists) {
     const HostileState hostile;
     Create(VE_OUTPUT_MASKED);
     Feed();
@@ -194,14 +194,14 @@ TEST_F(DecodeState, MasksAndStickersAddWhatTheHeaderLists) {
     EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
 }
 
-TEST_F(DecodeState, EndsWhileTheDecoderHasMoreToGive) {
+TEST_F(State, EndsWhileTheDecoderHasMoreToGive) {
     Create();
     Feed();
     AwaitFrame(0);
     // No update, no end of the stream: destroyed by the fixture in the midst of it.
 }
 
-TEST_F(DecodeState, IgnoresUnitsOfNoSize) {
+TEST_F(State, IgnoresUnitsOfNoSize) {
     Create();
     Feed();
     uint8_t byte = 0;

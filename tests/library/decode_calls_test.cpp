@@ -8,7 +8,7 @@
 #include <functional>
 #include <thread>
 
-#include "support/FakePlatform.h"
+#include "FakePlatform.h"
 #include "support/GlRecorder.h"
 #include "support/LogCapture.h"
 #include "support/RendererHarness.h"

@@ -15,6 +15,7 @@ VERendererMode Mode(int32_t outputMode, int32_t modeType) {
 
 TEST(Interface, CreationRefusesBadArgumentsAndLeavesTheHandle) {
     TestContext context;
+    LogCapture::Take();
     VERendererMode mode = Mode(0, VE_MODE_RGBA);
     void* handle = kUntouched;
     EXPECT_EQ(-1, VECreateRendererHandle(&handle, 1, nullptr, nullptr));

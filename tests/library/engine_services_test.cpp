@@ -19,7 +19,7 @@ std::string TagOf(const std::string& path) {
     return LogCapture::Take().at(0).tag;
 }
 
-TEST(Log, TheTagIsTheBaseNameUpToItsFirstDot) {
+TEST(EngineServices, LogTagIsTheBaseNameUpToItsFirstDot) {
     EXPECT_EQ("VELog", TagOf("src/common/VELog.cpp"));
     EXPECT_EQ("name", TagOf("name.tar.gz"));
     EXPECT_EQ("c", TagOf("a/b/c"));
@@ -32,7 +32,7 @@ TEST(Log, TheTagIsTheBaseNameUpToItsFirstDot) {
     EXPECT_EQ(std::string(127, 't'), TagOf("dir/" + std::string(200, 't')));
 }
 
-TEST(Log, MessagesFrom512CharactersOnAreFormattedHere) {
+TEST(EngineServices, LogLinesFrom512CharactersOnAreFormattedHere) {
     for (const size_t length : {0U, 511U, 512U, 100000U}) {
         const std::string text(length, 'm');
         LogWithFileTag(6, "a.cpp", "%s", text.c_str());
@@ -44,7 +44,7 @@ TEST(Log, MessagesFrom512CharactersOnAreFormattedHere) {
     }
 }
 
-TEST(Log, WithTagPassesEverythingOn) {
+TEST(EngineServices, LogWithTagPassesEverythingOn) {
     EXPECT_EQ(1, LogWithTag(5, "some.tag/x", "%d %s", 7, std::string(600, 'y').c_str()));
     const auto lines = LogCapture::Take();
     EXPECT_EQ("some.tag/x", lines.at(0).tag);
@@ -52,7 +52,7 @@ TEST(Log, WithTagPassesEverythingOn) {
     EXPECT_FALSE(lines[0].formattedByCaller);
 }
 
-TEST(Timer, RunsUntilStopped) {
+TEST(EngineServices, TimerRunsUntilStopped) {
     Timer timer;
     timer.start();
     usleep(2000);
@@ -71,7 +71,7 @@ TEST(Timer, RunsUntilStopped) {
     EXPECT_LT(timer.getElapsedTimeInMicroSec(), stopped + 1e6);
 }
 
-TEST(Timer, NowInMillisecondsOnlyGivesDifferences) {
+TEST(EngineServices, TimerMillisecondsGiveDifferences) {
     const int start = Timer::getTimeNowInMilliSec();
     usleep(5000);
     const auto difference =
@@ -80,7 +80,7 @@ TEST(Timer, NowInMillisecondsOnlyGivesDifferences) {
     EXPECT_LT(difference, 60000U);
 }
 
-TEST(Affinity, PinsAndReportsAThread) {
+TEST(EngineServices, AffinityPinsAndReportsAThread) {
     EXPECT_EQ(0, GetThreadAffinityMask(0)) << "0 is not the calling thread";
     EXPECT_EQ(0, GetThreadAffinityMask(0x7FFFFFFF)) << "no such thread";
     std::thread([] {
@@ -93,7 +93,7 @@ TEST(Affinity, PinsAndReportsAThread) {
     }).join();
 }
 
-TEST(AffinityDeathTest, AFailureIsLoggedAndFatal) {
+TEST(EngineServicesDeathTest, AffinityFailureIsLoggedAndFatal) {
     EXPECT_EXIT(
         {
             // The sink keeps the line: abort is caught to look at it.
@@ -109,7 +109,7 @@ TEST(AffinityDeathTest, AFailureIsLoggedAndFatal) {
         testing::ExitedWithCode(42), "");
 }
 
-TEST(GpuTimerQueries, TheChoiceIsLogged) {
+TEST(EngineServices, GpuTimerQueriesChoiceIsLogged) {
     SetAllowGpuTimerQueries(3);
     const auto lines = LogCapture::Take();
     EXPECT_EQ("SetAllowGpuTimerQueries( 3 )", lines.at(0).text);

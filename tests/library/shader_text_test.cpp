@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "ShaderText.h"
 #include "support/RendererHarness.h"
-#include "support/ShaderText.h"
 
 namespace {
 

@@ -7,12 +7,12 @@
 #include <cmath>
 #include <cstring>
 
+#include "ShaderText.h"
 #include "gl/GLES3.h"
 #include "render/GPUTextureFilter/VEGPUData2TextureFilter.h"
 #include "render/GPUTextureFilter/VEGPUTexture2TextureFilter.h"
 #include "support/LogCapture.h"
 #include "support/RendererHarness.h"
-#include "support/ShaderText.h"
 
 namespace {
 

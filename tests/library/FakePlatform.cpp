@@ -1,4 +1,4 @@
-#include "support/FakePlatform.h"
+#include "FakePlatform.h"
 
 #include <android/native_window_jni.h>
 #include <media/NdkMediaCodec.h>

@@ -10,9 +10,9 @@ namespace {
 
 const VERendererMode kPlain = {VE_OUTPUT_PICTURE, VE_MODE_RGBA, 200, 120, 0, 0, 0};
 
-class Stickers : public testing::Test {
+class Sticker : public testing::Test {
 protected:
-    Stickers() {
+    Sticker() {
         scene.source = &frame;
         scene.sticker = &sticker;
     }
@@ -23,7 +23,7 @@ protected:
     Scene scene;
 };
 
-TEST_F(Stickers, StandOffTheirAnchorsAndFollowTheMirror) {
+TEST_F(Sticker, StandOffTheirAnchorsAndFollowTheMirror) {
     RendererHarness renderer(kPlain);
     // In the middle, at odd places, cut by the edges, and outside the picture.
     scene.stickers = {{100, 60}, {37, 91}, {0, 0}, {199, 119}, {100, 160}, {-50, 60}, {4000, -9}};
@@ -32,7 +32,7 @@ TEST_F(Stickers, StandOffTheirAnchorsAndFollowTheMirror) {
     renderer.expectShows(scene);
 }
 
-TEST_F(Stickers, LaterOnesLieOverEarlierOnesAndTheirAlphaIsWritten) {
+TEST_F(Sticker, LaterOnesLieOverEarlierOnesAndTheirAlphaIsWritten) {
     RendererHarness renderer(kPlain);
     sticker = Noise(3, 2, 4, 9);
     *(sticker.at(1, 1) + 3) = 0;
@@ -42,7 +42,7 @@ TEST_F(Stickers, LaterOnesLieOverEarlierOnesAndTheirAlphaIsWritten) {
     renderer.expectShows(scene);
 }
 
-TEST_F(Stickers, TheHiddenPairSkipsItsStickerOnly) {
+TEST_F(Sticker, TheHiddenPairSkipsItsStickerOnly) {
     RendererHarness renderer(kPlain);
     scene.stickers = {{50, 60}, {-1, -1}, {150, 60}};
     renderer.expectShows(scene);
@@ -53,7 +53,7 @@ TEST_F(Stickers, TheHiddenPairSkipsItsStickerOnly) {
     renderer.expectShows(scene);
 }
 
-TEST_F(Stickers, NoneWithoutATextureOrAList) {
+TEST_F(Sticker, NoneWithoutATextureOrAList) {
     RendererHarness renderer(kPlain);
     scene.stickers = {};
     renderer.expectShows(scene);
@@ -65,7 +65,7 @@ TEST_F(Stickers, NoneWithoutATextureOrAList) {
     EXPECT_EQ(plain.bytes, renderer.readBack().bytes);
 }
 
-TEST_F(Stickers, TheViewMovesThemWithThePicture) {
+TEST_F(Sticker, TheViewMovesThemWithThePicture) {
     const VERendererMode masked = {VE_OUTPUT_MASKED, VE_MODE_RGBA, 200, 120, VE_MASK_RGBA, 2, 2};
     const Image mask = Solid(2, 2, {255, 255, 255, 255});
     RendererHarness renderer(masked);
@@ -79,7 +79,7 @@ TEST_F(Stickers, TheViewMovesThemWithThePicture) {
     }
 }
 
-TEST_F(Stickers, OddSizesHalveRoundedDown) {
+TEST_F(Sticker, OddSizesHalveRoundedDown) {
     VERendererMode mode = kPlain;
     mode.textureWidth = 201;
     mode.textureHeight = 121;
@@ -89,7 +89,7 @@ TEST_F(Stickers, OddSizesHalveRoundedDown) {
     renderer.expectShows(scene);
 }
 
-TEST_F(Stickers, PositionsAtTheEndsOfTheirRangeAndTargetsWithoutAHalfAreHarmless) {
+TEST_F(Sticker, PositionsAtTheEndsOfTheirRangeAndTargetsWithoutAHalfAreHarmless) {
     RendererHarness renderer(kPlain);
     scene.stickers = {{INT_MIN, INT_MIN}, {INT_MAX, INT_MAX}, {INT_MIN, 60}};
     renderer.show(scene);
