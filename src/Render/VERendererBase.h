@@ -6,15 +6,14 @@
 
 /// A renderer behind a handle; the handle is this object's address.
 ///
-/// The destructor is deliberately not virtual, and does nothing: all cleanup is Destroy's, and
-/// VEDestroyRenderer releases the memory without knowing the renderer's kind. Renderers are
-/// therefore made with ::operator new and add no destructor work of their own.
+/// VEDestroyRenderer calls Destroy, runs this class's destructor and frees the memory. It does not
+/// know the kind of renderer, so a subclass must not need a destructor.
 ///
 /// \thread the GL thread.
 class VERendererBase {
 public:
     VERendererBase(int textureId, int format, VERendererMode* mode);
-    ~VERendererBase() = default;
+    ~VERendererBase() = default;  // Frozen: base destructor
     VERendererBase(const VERendererBase&) = delete;
     VERendererBase& operator=(const VERendererBase&) = delete;
 
@@ -29,6 +28,10 @@ public:
     virtual int UpdateUserPosition(float a, float b, float c, float d) = 0;
 
 protected:
+    /// The GL formats that the creation arguments name.
+    static uint32_t TargetFormat(int format);
+    static uint32_t MaskFormat(const VERendererMode& mode);
+
     int32_t textureId;
     int32_t textureWidth;
     int32_t textureHeight;

@@ -2,7 +2,7 @@
 
 #include <android/log.h>
 
-#include "../RendererFormats.h"
+#include "gl/GLES3.h"
 #include "render/GPUTextureFilter/VEGPUData2TextureFilter.h"
 #include "render/VELog.h"
 

@@ -7,18 +7,17 @@
 
 namespace {
 
-/// The backslash is not a separator of tags: this one reads
-/// "GPUTextureFilter\VEGPUTextureFilterBase", which log filters know.
+// Frozen: log tags
 constexpr char kHeaderFile[] = "include/render/GPUTextureFilter\\VEGPUTextureFilterBase.h";
 
 constexpr char kCheckedFile[] = "src/Render/GPUTextureFilter/VEGPUTextureFilterBaseImpl.cpp";
 
 }  // namespace
 
-void CheckGLError(int line) {
+void CheckGLError(DrawCheck check) {
     const GLenum error = GLES3::glGetError();
     if (error != GL_NO_ERROR) {
         LogWithFileTag(ANDROID_LOG_INFO, kHeaderFile, "OpenGLES error 0x%04X in %s:%i\n", error,
-                       kCheckedFile, line);
+                       kCheckedFile, static_cast<int>(check));
     }
 }

@@ -19,60 +19,78 @@ constexpr float kFarthestCamera = 3.0F;
 constexpr float kCameraStepPerZoom = 0.5F;
 constexpr float kInitialZoom = 2.0F;
 
-/// Numbers of the first error check behind the texture binds, by kind of source.
-constexpr int kExternalSourceChecks = 264;
-constexpr int kTexture2DSourceChecks = 282;
+/// The error checks of bindTextures, for one kind of source.
+struct TextureChecks {
+    DrawCheck source;
+    DrawCheck sourceSampler;
+    DrawCheck maskUnit;
+    DrawCheck mask;
+    DrawCheck maskSampler;
+    DrawCheck stickerUnit;
+    DrawCheck sticker;
+    DrawCheck stickerSampler;
+};
 
-/// Position of \p pixel from the centre, in halves of the target's extent. A target one pixel wide
-/// has no half: the result is then infinite or NaN.
-float FromCentre(int32_t pixel, uint32_t half) {
+constexpr TextureChecks kExternalChecks = {
+    DrawCheck::ExternalSource,  DrawCheck::ExternalSourceSampler, DrawCheck::ExternalMaskUnit,
+    DrawCheck::ExternalMask,    DrawCheck::ExternalMaskSampler,   DrawCheck::ExternalStickerUnit,
+    DrawCheck::ExternalSticker, DrawCheck::ExternalStickerSampler};
+
+constexpr TextureChecks kTexture2DChecks = {
+    DrawCheck::Source2D,        DrawCheck::Source2DSampler,       DrawCheck::Source2DMaskUnit,
+    DrawCheck::Source2DMask,    DrawCheck::Source2DMaskSampler,   DrawCheck::Source2DStickerUnit,
+    DrawCheck::Source2DSticker, DrawCheck::Source2DStickerSampler};
+
+/// Distance of \p pixel from the center, in halves of the target's size. A target that is one pixel
+/// wide has no half: the result is then infinite or NaN.
+float FromCenter(int32_t pixel, uint32_t half) {
     // Subtracted in unsigned arithmetic, which wraps as 32-bit registers do.
     const auto distance = static_cast<int32_t>(static_cast<uint32_t>(pixel) - half);
     return static_cast<float>(distance) / static_cast<float>(half);
 }
 
-int32_t FindUniform(uint32_t program, const char* name, int line) {
+int32_t FindUniform(uint32_t program, const char* name, DrawCheck check) {
     const GLint location = GLES3::glGetUniformLocation(program, name);
-    CheckGLError(line);
+    CheckGLError(check);
     return location;
 }
 
-void Disable(GLenum capability, int line) {
+void Disable(GLenum capability, DrawCheck check) {
     GLES3::glDisable(capability);
-    CheckGLError(line);
+    CheckGLError(check);
 }
 
-void BindBuffer(GLenum target, GLuint buffer, int line) {
+void BindBuffer(GLenum target, GLuint buffer, DrawCheck check) {
     GLES3::glBindBuffer(target, buffer);
-    CheckGLError(line);
+    CheckGLError(check);
 }
 
-void SetUniform(int32_t location, int value, int line) {
+void SetUniform(int32_t location, int value, DrawCheck check) {
     GLES3::glUniform1i(location, value);
-    CheckGLError(line);
+    CheckGLError(check);
 }
 
-void ActivateUnit(GLenum unit, int line) {
+void ActivateUnit(GLenum unit, DrawCheck check) {
     GLES3::glActiveTexture(unit);
-    CheckGLError(line);
+    CheckGLError(check);
 }
 
-void BindTexture(GLenum target, GLuint texture, int line) {
+void BindTexture(GLenum target, GLuint texture, DrawCheck check) {
     GLES3::glBindTexture(target, texture);
-    CheckGLError(line);
+    CheckGLError(check);
 }
 
 /// Texture 0 goes to the unit active now; the other units keep their textures.
 void Unbind() {
     GLES3::glBindVertexArrayOES(0);
-    CheckGLError(314);
+    CheckGLError(DrawCheck::UnbindVertexArrayOES);
     GLES3::glBindVertexArray(0);
-    CheckGLError(315);
+    CheckGLError(DrawCheck::UnbindVertexArray);
     GLES3::glUseProgram(0);
-    CheckGLError(316);
-    BindTexture(GL_TEXTURE_2D, 0, 317);
+    CheckGLError(DrawCheck::UnbindProgram);
+    BindTexture(GL_TEXTURE_2D, 0, DrawCheck::UnbindTexture);
     GLES3::glBindFramebuffer(GL_FRAMEBUFFER, 0);
-    CheckGLError(318);
+    CheckGLError(DrawCheck::UnbindFramebuffer);
 }
 
 }  // namespace
@@ -118,8 +136,8 @@ void GPUTextureFilterBaseImpl::updateStickerPaintPosition(int32_t x, int32_t y) 
         m_stickerVisible = false;
         return;
     }
-    const float fx = FromCentre(x, m_targetWidth / 2);
-    const float fy = FromCentre(y, m_targetHeight / 2);
+    const float fx = FromCenter(x, m_targetWidth / 2);
+    const float fy = FromCenter(y, m_targetHeight / 2);
     m_stickerQuad.Free();
     m_stickerQuad = OVR::BuildTesselatedQuadInside(fx, fy, false);
     m_stickerVisible = true;
@@ -155,24 +173,24 @@ void GPUTextureFilterBaseImpl::setUp(bool sourceIsExternal, bool masked) {
 
 void GPUTextureFilterBaseImpl::buildProgram(bool sourceIsExternal, bool masked) {
     m_program = BuildGLProgram(kFilterVertexShader, FilterFragmentShader(sourceIsExternal, masked));
-    m_colorMirrorLoc = FindUniform(m_program, "vColorMirror", 150);
-    m_matrixLoc = FindUniform(m_program, "vMatrix", 152);
-    m_stickerLoc = FindUniform(m_program, "vSticker", 154);
-    m_texture0Loc = FindUniform(m_program, "Texture0", 157);
+    m_colorMirrorLoc = FindUniform(m_program, "vColorMirror", DrawCheck::ColorMirrorLocation);
+    m_matrixLoc = FindUniform(m_program, "vMatrix", DrawCheck::MatrixLocation);
+    m_stickerLoc = FindUniform(m_program, "vSticker", DrawCheck::StickerLocation);
+    m_texture0Loc = FindUniform(m_program, "Texture0", DrawCheck::SourceLocation);
     if (masked) {
-        m_texture1Loc = FindUniform(m_program, "Texture1", 161);
+        m_texture1Loc = FindUniform(m_program, "Texture1", DrawCheck::MaskLocation);
     }
-    m_texture2Loc = FindUniform(m_program, "Texture2", 164);
+    m_texture2Loc = FindUniform(m_program, "Texture2", DrawCheck::StickerTextureLocation);
 }
 
 /// Clears in the caller's clear colour: it is the background around the picture.
 void GPUTextureFilterBaseImpl::beginTarget() const {
     GLES3::glBindFramebuffer(GL_FRAMEBUFFER, m_fbo->m_fbo);
-    Disable(GL_DEPTH_TEST, 242);
-    Disable(GL_SCISSOR_TEST, 243);
-    Disable(GL_STENCIL_TEST, 244);
-    Disable(GL_CULL_FACE, 245);
-    Disable(GL_BLEND, 246);
+    Disable(GL_DEPTH_TEST, DrawCheck::DepthTest);
+    Disable(GL_SCISSOR_TEST, DrawCheck::ScissorTest);
+    Disable(GL_STENCIL_TEST, DrawCheck::StencilTest);
+    Disable(GL_CULL_FACE, DrawCheck::CullFace);
+    Disable(GL_BLEND, DrawCheck::Blend);
 
     // The target has no depth; the entry is sent all the same.
     static constexpr GLenum kAttachments[] = {GL_COLOR_ATTACHMENT0, GL_DEPTH_ATTACHMENT};
@@ -181,35 +199,34 @@ void GPUTextureFilterBaseImpl::beginTarget() const {
                       static_cast<GLsizei>(m_targetHeight));
     GLES3::glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
 
-    BindBuffer(GL_ARRAY_BUFFER, 0, 254);
-    BindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0, 255);
+    BindBuffer(GL_ARRAY_BUFFER, 0, DrawCheck::ArrayBuffer);
+    BindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0, DrawCheck::IndexBuffer);
 }
 
 void GPUTextureFilterBaseImpl::useProgram(bool mirror) const {
     GLES3::glUseProgram(m_program);
-    CheckGLError(257);
+    CheckGLError(DrawCheck::UseProgram);
     GLES3::glUniformMatrix4fv(m_matrixLoc, 1, GL_FALSE, &m_mvpMatrix.M[0][0]);
-    CheckGLError(258);
-    SetUniform(m_colorMirrorLoc, mirror ? 1 : 0, 259);
-    SetUniform(m_stickerLoc, 0, 260);
-    ActivateUnit(GL_TEXTURE0, 261);
+    CheckGLError(DrawCheck::Matrix);
+    SetUniform(m_colorMirrorLoc, mirror ? 1 : 0, DrawCheck::ColorMirror);
+    SetUniform(m_stickerLoc, 0, DrawCheck::StickerFlagOff);
+    ActivateUnit(GL_TEXTURE0, DrawCheck::SourceUnit);
 }
 
-/// Unit 1 gets the mask in every case: without one, GL records an error that is only logged.
 void GPUTextureFilterBaseImpl::bindTextures(uint32_t sourceTexture, uint32_t maskTexture,
                                             bool sourceIsExternal, int32_t stickerTexture) const {
     const GLenum sourceTarget = sourceIsExternal ? GL_TEXTURE_EXTERNAL_OES : GL_TEXTURE_2D;
-    const int line = sourceIsExternal ? kExternalSourceChecks : kTexture2DSourceChecks;
+    const TextureChecks& checks = sourceIsExternal ? kExternalChecks : kTexture2DChecks;
 
-    BindTexture(sourceTarget, sourceTexture, line);
-    SetUniform(m_texture0Loc, 0, line + 1);
-    ActivateUnit(GL_TEXTURE1, line + 4);
-    BindTexture(GL_TEXTURE_2D, maskTexture, line + 5);
-    SetUniform(m_texture1Loc, 1, line + 6);
+    BindTexture(sourceTarget, sourceTexture, checks.source);
+    SetUniform(m_texture0Loc, 0, checks.sourceSampler);
+    ActivateUnit(GL_TEXTURE1, checks.maskUnit);
+    BindTexture(GL_TEXTURE_2D, maskTexture, checks.mask);  // Frozen: mask unit
+    SetUniform(m_texture1Loc, 1, checks.maskSampler);
     if (stickerTexture >= 0) {
-        ActivateUnit(GL_TEXTURE2, line + 11);
-        BindTexture(GL_TEXTURE_2D, static_cast<GLuint>(stickerTexture), line + 12);
-        SetUniform(m_texture2Loc, 2, line + 13);
+        ActivateUnit(GL_TEXTURE2, checks.stickerUnit);
+        BindTexture(GL_TEXTURE_2D, static_cast<GLuint>(stickerTexture), checks.sticker);
+        SetUniform(m_texture2Loc, 2, checks.stickerSampler);
     }
 }
 
@@ -220,7 +237,7 @@ void GPUTextureFilterBaseImpl::drawStickers(const VEStickerList& stickers) {
     for (size_t i = 0; i < stickers.size(); ++i) {
         updateStickerPaintPosition(stickers[i].first, stickers[i].second);
         if (m_stickerVisible) {
-            SetUniform(m_stickerLoc, 1, 308);
+            SetUniform(m_stickerLoc, 1, DrawCheck::StickerFlagOn);
             m_stickerQuad.Draw();
         }
     }

@@ -2,7 +2,6 @@
 
 #include <android/log.h>
 
-#include "../RendererFormats.h"
 #include "DecodeLoop.h"
 #include "VEOESSurfaceTexture.h"
 #include "gl/GLES3.h"
