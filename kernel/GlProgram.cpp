@@ -4,9 +4,9 @@
 #include <cstring>
 
 #include "gl/GLES3.h"
-#include "kernel/ShaderCompiler.h"
 #include "kernel/StringUtils.h"
 #include "kernel/VertexAttribs.h"
+#include "kernel/private/ShaderCompiler.h"
 
 namespace OVR {
 namespace {

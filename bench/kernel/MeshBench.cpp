@@ -7,7 +7,7 @@
 
 #include "Contest.h"
 #include "kernel/PlainMesh.h"
-#include "kernel/geometry/Mesh.h"
+#include "kernel/geometry/private/Mesh.h"
 #include "offscreen/OffscreenContext.h"
 
 namespace {

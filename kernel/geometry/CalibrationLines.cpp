@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "kernel/geometry/Grid.h"
-#include "kernel/geometry/Mesh.h"
+#include "kernel/geometry/private/Grid.h"
+#include "kernel/geometry/private/Mesh.h"
 
 namespace OVR {
 namespace {

@@ -4,9 +4,9 @@
 #include <array>
 
 #include "kernel/Math.h"
-#include "kernel/geometry/Grid.h"
-#include "kernel/geometry/Mesh.h"
-#include "kernel/geometry/Sphere.h"
+#include "kernel/geometry/private/Grid.h"
+#include "kernel/geometry/private/Meridians.h"
+#include "kernel/geometry/private/Mesh.h"
 
 namespace OVR {
 namespace {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "kernel/geometry/Grid.h"
-#include "kernel/geometry/Mesh.h"
-#include "kernel/geometry/Sphere.h"
+#include "kernel/geometry/private/Grid.h"
+#include "kernel/geometry/private/Meridians.h"
+#include "kernel/geometry/private/Mesh.h"
 
 namespace OVR {
 namespace {

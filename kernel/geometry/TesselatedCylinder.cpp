@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "kernel/Math.h"
-#include "kernel/geometry/Grid.h"
-#include "kernel/geometry/Mesh.h"
+#include "kernel/geometry/private/Grid.h"
+#include "kernel/geometry/private/Mesh.h"
 
 namespace OVR {
 namespace {

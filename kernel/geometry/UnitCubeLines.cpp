@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "kernel/geometry/Mesh.h"
+#include "kernel/geometry/private/Mesh.h"
 
 namespace OVR {
 namespace {

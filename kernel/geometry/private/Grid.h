@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "kernel/geometry/Mesh.h"
+#include "kernel/geometry/private/Mesh.h"
 
 namespace OVR {
 
