@@ -66,11 +66,3 @@ std::vector<ReferenceChar> ReadUtf8(const std::string& utf8) {
     }
     return text;
 }
-
-std::string Join(const std::vector<ReferenceChar>& text) {
-    std::string joined;
-    for (const ReferenceChar& ch : text) {
-        joined += ch.bytes;
-    }
-    return joined;
-}

@@ -13,5 +13,3 @@ struct ReferenceChar {
 /// Reads UTF-8 by the table of well-formed byte sequences, with one replacement character for each
 /// longest beginning of such a sequence and for each other byte.
 std::vector<ReferenceChar> ReadUtf8(const std::string& utf8);
-
-std::string Join(const std::vector<ReferenceChar>& text);

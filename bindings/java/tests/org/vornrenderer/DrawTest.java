@@ -1,8 +1,9 @@
 package org.vornrenderer;
 
-import static org.junit.Assert.assertArrayEquals;
 import static org.junit.Assert.assertEquals;
 
+import java.awt.Color;
+import java.awt.image.BufferedImage;
 import java.lang.management.ManagementFactory;
 import java.nio.ByteBuffer;
 import org.junit.Test;
@@ -11,13 +12,25 @@ import org.junit.Test;
 public class DrawTest extends GlTest {
     private static final int WIDTH = 83;
     private static final int HEIGHT = 62;
+    private static final Color LEFT = new Color(200, 80, 41);
+    private static final Color RIGHT = new Color(30, 60, 190);
 
-    private final Picture frame = Picture.patterned(WIDTH, HEIGHT, 1);
+    private static ByteBuffer frame(PixelLayout layout) {
+        return halves(layout, WIDTH, HEIGHT, LEFT, RIGHT);
+    }
 
     /** Gives frame and mask often enough that both are what is drawn. */
-    private void show(VideoRenderer renderer, ByteBuffer pixels, ByteBuffer mask) {
+    private static void show(VideoRenderer renderer, ByteBuffer frame, ByteBuffer mask) {
         for (int i = 0; i < 4; ++i) {
-            renderer.draw(pixels, mask);
+            renderer.draw(frame, mask);
+        }
+    }
+
+    private void assertHalves(Color left, Color right) {
+        BufferedImage image = drawn(WIDTH, HEIGHT);
+        for (int y = 10; y < HEIGHT - 10; ++y) {
+            assertEquals(left, pixel(image, WIDTH / 2 - 5, y));
+            assertEquals(right, pixel(image, WIDTH / 2 + 5, y));
         }
     }
 
@@ -25,12 +38,12 @@ public class DrawTest extends GlTest {
     public void framesOfAnyWidthUnderAnyUnpackAlignment() {
         for (VideoSource source : new VideoSource[] {VideoSource.RGB, VideoSource.RGBA}) {
             gl.setUnpackAlignment(8);
-            ByteBuffer pixels = frame.bytes(source.layout);
+            ByteBuffer pixels = frame(source.layout);
             int position = pixels.position();
             try (VideoRenderer renderer = builder(source, WIDTH, HEIGHT).build()) {
                 show(renderer, pixels, null);
             }
-            drawn(WIDTH, HEIGHT).assertShows(new Picture.Scene(frame));
+            assertHalves(LEFT, RIGHT);
             assertEquals(8, gl.getUnpackAlignment());
             assertEquals(position, pixels.position());
             assertEquals(pixels.capacity(), pixels.limit());
@@ -39,77 +52,86 @@ public class DrawTest extends GlTest {
 
     @Test
     public void aDestinationInRgbHasNoAlpha() {
-        Picture clear = Picture.flat(8, 8, 1, 2, 3, 0);
+        Color clear = new Color(1, 2, 3, 0);
         VideoRenderer.Builder builder = builder(VideoSource.RGBA, 8, 8);
         try (VideoRenderer rgba = builder.build()) {
-            show(rgba, clear.bytes(PixelLayout.RGBA), null);
-            assertArrayEquals(new int[] {1, 2, 3, 0}, drawn(8, 8).at(4, 4));
+            show(rgba, flat(PixelLayout.RGBA, 8, 8, clear), null);
+            assertEquals(clear, pixel(drawn(8, 8), 4, 4));
         }
         try (VideoRenderer rgb = builder.destination(texture, PixelLayout.RGB).build()) {
-            show(rgb, clear.bytes(PixelLayout.RGBA), null);
-            assertArrayEquals(new int[] {1, 2, 3, 255}, drawn(8, 8).at(4, 4));
+            show(rgb, flat(PixelLayout.RGBA, 8, 8, clear), null);
+            assertEquals(new Color(1, 2, 3, 255), pixel(drawn(8, 8), 4, 4));
         }
     }
 
     @Test
     public void aCallDrawsTheFrameOfTheCallBefore() {
-        Picture next = Picture.patterned(WIDTH, HEIGHT, 2);
         try (VideoRenderer renderer = builder(VideoSource.RGBA, WIDTH, HEIGHT).build()) {
             renderer.draw();
-            renderer.draw(frame.bytes(PixelLayout.RGBA));
-            renderer.draw(next.bytes(PixelLayout.RGBA));
-            drawn(WIDTH, HEIGHT).assertShows(new Picture.Scene(frame));
+            renderer.draw(frame(PixelLayout.RGBA));
+            renderer.draw(flat(PixelLayout.RGBA, WIDTH, HEIGHT, Color.RED));
+            assertHalves(LEFT, RIGHT);
             renderer.draw();
-            drawn(WIDTH, HEIGHT).assertShows(new Picture.Scene(next));
+            assertHalves(Color.RED, Color.RED);
         }
     }
 
     @Test
     public void masksOfBothLayoutsKeyAndTheViewMoves() {
+        Color background = Color.GREEN;
+        gl.setClearColor(0, 1, 0, 1);
         for (PixelLayout layout : PixelLayout.values()) {
-            Picture.Scene scene = new Picture.Scene(frame);
-            scene.mask = Picture.flat(7, 5, 0, 0, 1, layout == PixelLayout.RGB ? 255 : 90);
-            scene.mask.set(3, 2, 0, 0, 0, 255);
-            scene.viewX = 0.25F;
-            scene.zoom = 1;
-            scene.mirrored = true;
-            scene.background = new int[] {0, 255, 0, 255};
-            gl.setClearColor(0, 1, 0, 1);
+            int alpha = layout == PixelLayout.RGB ? 255 : 90;
+            ByteBuffer mask = halves(layout, 6, 5, Color.BLACK, new Color(0, 0, 1, alpha));
             VideoRenderer.Builder builder =
-                    builder(VideoSource.RGB, WIDTH, HEIGHT).mask(layout, 7, 5);
+                    builder(VideoSource.RGB, WIDTH, HEIGHT).mask(layout, 6, 5);
             try (VideoRenderer renderer = builder.build()) {
-                renderer.setView(0.25F, 1);
                 renderer.setMirrored(true);
-                show(renderer, frame.bytes(PixelLayout.RGB), scene.mask.bytes(layout));
-                drawn(WIDTH, HEIGHT).assertShows(scene);
+                show(renderer, frame(PixelLayout.RGB), mask);
+                Color key = new Color(169, 210, 216, 0);
+                // Mirrored, the frame's left half is the right one, which the mask lets pass.
+                Color passed = new Color(LEFT.getRed(), LEFT.getGreen(), LEFT.getBlue(), alpha);
+                assertHalves(key, passed);
+
+                // 92 % of the size, an eighth to the left of that.
+                renderer.setView(0.25F, 1);
+                renderer.draw(null, mask);
+                BufferedImage image = drawn(WIDTH, HEIGHT);
+                assertEquals(background, pixel(image, WIDTH / 4, 1));
+                assertEquals(key, pixel(image, WIDTH / 4, 4));
+                assertEquals(passed, pixel(image, WIDTH / 2, HEIGHT / 2));
+                assertEquals(passed, pixel(image, 69, HEIGHT / 2));
+                assertEquals(background, pixel(image, 71, HEIGHT / 2));
             }
         }
     }
 
     @Test
     public void stickersAtEachPositionUntilCleared() {
-        Picture.Scene scene = new Picture.Scene(frame);
-        scene.sticker = Picture.flat(1, 1, 10, 20, 30, 40);
-        scene.stickers = new int[] {20, 30, 60, 50};
+        Color color = new Color(10, 20, 30, 40);
         int sticker = gl.newTexture();
-        gl.fill(sticker, 1, 1, scene.sticker.bytes(PixelLayout.RGBA).slice());
-        try (VideoRenderer renderer = builder(VideoSource.RGBA, WIDTH, HEIGHT).build()) {
-            int[] given = {20, 30, VideoRenderer.HIDDEN, VideoRenderer.HIDDEN, 60, 50};
+        gl.fill(sticker, 1, 1, flat(PixelLayout.RGBA, 1, 1, color).slice());
+        try (VideoRenderer renderer = builder(VideoSource.RGBA, 200, 100).build()) {
+            // The middle of a sticker lies 15 rows before its position.
+            int[] given = {100, 65, VideoRenderer.HIDDEN, VideoRenderer.HIDDEN, 60, 65};
             renderer.setStickers(sticker, given);
             given[0] = 70;
-            show(renderer, frame.bytes(PixelLayout.RGBA), null);
-            drawn(WIDTH, HEIGHT).assertShows(scene);
+            show(renderer, flat(PixelLayout.RGBA, 200, 100, Color.RED), null);
+            BufferedImage image = drawn(200, 100);
+            assertEquals(color, pixel(image, 100, 50));
+            assertEquals(color, pixel(image, 54, 50)); // The view at the start enlarges by 1.15.
+            assertEquals(Color.RED, pixel(image, 77, 50));
 
             renderer.clearStickers();
             renderer.draw();
-            drawn(WIDTH, HEIGHT).assertShows(new Picture.Scene(frame));
+            assertEquals(Color.RED, pixel(drawn(200, 100), 100, 50));
         }
     }
 
     @Test
     public void framesAllocateNothing() {
-        ByteBuffer pixels = frame.bytes(PixelLayout.RGBA);
-        ByteBuffer mask = Picture.flat(1, 1, 255, 255, 255, 255).bytes(PixelLayout.RGB);
+        ByteBuffer pixels = frame(PixelLayout.RGBA);
+        ByteBuffer mask = flat(PixelLayout.RGB, 1, 1, Color.WHITE);
         int[] positions = {20, 30};
         int sticker = gl.newTexture();
         com.sun.management.ThreadMXBean threads =

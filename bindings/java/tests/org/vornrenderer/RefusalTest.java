@@ -7,7 +7,7 @@ import static org.junit.Assert.assertTrue;
 import java.nio.ByteBuffer;
 import org.junit.Test;
 
-/** What is refused is told in an exception, and the renderer goes on. */
+/** Bad calls throw exceptions and leave the renderer as it was. */
 public class RefusalTest extends GlTest {
     private static void refused(String message, Class<? extends Throwable> type, Runnable call) {
         assertEquals(message, assertThrows(type, call::run).getMessage());
@@ -84,42 +84,40 @@ public class RefusalTest extends GlTest {
         }
     }
 
+    private static void everyCallIsRefused(String message, VideoRenderer renderer) {
+        badState(message, renderer::draw);
+        badState(message, () -> renderer.queueUnit(ByteBuffer.allocateDirect(1)));
+        badState(message, () -> renderer.setMirrored(true));
+        badState(message, () -> renderer.setStickers(1, 2, 3));
+        badState(message, renderer::clearStickers);
+        badState(message, () -> renderer.setView(0, 2));
+    }
+
     @Test
     public void everyCallAfterClose() {
         VideoRenderer renderer = builder(VideoSource.RGB, 4, 4).build();
         renderer.close();
         renderer.close();
-        String closed = "the renderer is closed";
-        badState(closed, renderer::draw);
-        badState(closed, () -> renderer.queueUnit(ByteBuffer.allocateDirect(1)));
-        badState(closed, () -> renderer.setMirrored(true));
-        badState(closed, () -> renderer.setStickers(1, 2, 3));
-        badState(closed, renderer::clearStickers);
-        badState(closed, () -> renderer.setView(0, 2));
+        everyCallIsRefused("the renderer is closed", renderer);
     }
 
     @Test
     public void everyCallFromAnotherThread() throws InterruptedException {
         VideoRenderer renderer = builder(VideoSource.RGB, 4, 4).build();
+        String elsewhere = "the renderer belongs to main, not to other";
         Throwable[] failure = new Throwable[1];
-        Thread other = new Thread(() -> callAll(renderer), "other");
+        Runnable calls =
+                () -> {
+                    everyCallIsRefused(elsewhere, renderer);
+                    badState(elsewhere, renderer::close);
+                };
+        Thread other = new Thread(calls, "other");
         other.setUncaughtExceptionHandler((thread, error) -> failure[0] = error);
         other.start();
         other.join();
         assertEquals(null, failure[0]);
         renderer.draw();
         renderer.close();
-    }
-
-    private static void callAll(VideoRenderer renderer) {
-        String elsewhere = "the renderer belongs to main, not to other";
-        badState(elsewhere, renderer::draw);
-        badState(elsewhere, () -> renderer.queueUnit(ByteBuffer.allocateDirect(1)));
-        badState(elsewhere, () -> renderer.setMirrored(true));
-        badState(elsewhere, () -> renderer.setStickers(1, 2, 3));
-        badState(elsewhere, renderer::clearStickers);
-        badState(elsewhere, () -> renderer.setView(0, 2));
-        badState(elsewhere, renderer::close);
     }
 
     @Test
