@@ -27,7 +27,7 @@ TEST_P(Streams, ComeOutFrameByFrameAsLibavcodecDecodesThem) {
     stream.layout = kind.layout;
     stream.profile = kind.profile;
     stream.bFrames = kind.bFrames;
-    stream.colours = kind.colours;
+    stream.colors = kind.colours;
     stream.range = kind.range;
     const std::string path = Path(kind.file);
     WriteMedia(path, stream, kCount);
@@ -45,6 +45,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Kind{"baseline.mp4", "libx264", k420, 0, k601, kTv, "baseline"},
                     Kind{"high.mp4", "libx264", k420, 3, k709, kTv, "high"},
                     Kind{"full.mov", "libx264", k420, 2, k601, kPc},
+                    Kind{"full_hd.mov", "libx264", k420, 0, k709, kPc},
+                    Kind{"fine_hd.mkv", "libx264", AV_PIX_FMT_YUV444P, 0, k709, kTv},
                     Kind{"wide.mkv", "libx264", AV_PIX_FMT_YUV422P, 2, k601, kTv},
                     Kind{"raw.h264", "libx264", k420, 2, k601, kTv},
                     Kind{"h264.avi", "libx264", k420, 0, k601, kTv},

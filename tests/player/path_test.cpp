@@ -49,7 +49,7 @@ TEST_F(PathTest, WithoutAJavaMachineOnlyPixelsGoOver) {
     const std::string player = "JAVA_HOME=/nowhere " VORNPLAY " clip.mp4 ";
     RunResult result = Run(player, "--path decode --out out.png");
     EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.errors, "vornplay: clip.mp4: no Java machine in /nowhere\n");
+    EXPECT_EQ(result.errors, "vornplay: clip.mp4: no JVM in /nowhere\n");
     EXPECT_EQ(Play("clip.mp4 --no-window --path decode --platform /nowhere").status, 2);
     EXPECT_FALSE(std::filesystem::exists(Path("out.png")));
 
@@ -57,7 +57,7 @@ TEST_F(PathTest, WithoutAJavaMachineOnlyPixelsGoOver) {
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
     result = Run(player, "--no-window --verbose");
-    EXPECT_NE(result.errors.find("not decoded by the platform: no Java machine"),
+    EXPECT_NE(result.errors.find("not decoded by the platform: no JVM"),
               std::string::npos);
 }
 

@@ -6,7 +6,7 @@
 
 int main(int argc, char** argv) {
     TestStream stream;
-    stream.picture = [](int) { return Grey(16 + 200 * 219 / 255); };
+    stream.picture = [](int) { return Gray(16 + 200 * 219 / 255); };
     const std::vector<uint8_t> unit = Encode(stream, 1).front().bytes;
     std::ofstream file(argc > 1 ? argv[1] : "", std::ios::binary);
     file.write(reinterpret_cast<const char*>(unit.data()),

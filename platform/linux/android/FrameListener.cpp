@@ -2,7 +2,8 @@
 
 namespace {
 
-/// A thread's Java environment; one that has none is attached for as long as this lives.
+/// The thread's JNI environment. A thread that is not attached to the JVM is attached during the
+/// lifetime of this object.
 class AttachedEnv {
 public:
     explicit AttachedEnv(JavaVM* vm) : vm_(vm) {
@@ -56,7 +57,7 @@ void FrameListener::Notify() const {
     }
     env->CallVoidMethod(surfaceTexture, onFrameAvailable_);
     if (env->ExceptionCheck() != JNI_FALSE) {
-        // There is no Java code above to hear of it.
+        // No Java caller could catch it.
         env->ExceptionDescribe();
         env->ExceptionClear();
     }

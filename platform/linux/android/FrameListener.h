@@ -2,7 +2,7 @@
 
 #include <jni.h>
 
-/// Calls a Java SurfaceTexture's onFrameAvailable() from whatever thread posts a frame. It does not
+/// Calls a Java SurfaceTexture's onFrameAvailable() on the thread that posts a frame. It does not
 /// keep the Java object alive.
 class FrameListener {
 public:

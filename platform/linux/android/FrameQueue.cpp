@@ -8,7 +8,7 @@ constexpr size_t kPixelSize = 4;
 
 }  // namespace
 
-// The pixels are left as they come: every producer writes them all.
+// The pixels are not initialized: every producer writes them all.
 WindowFrame::WindowFrame(int frameWidth, int frameHeight)
     : width(frameWidth),
       height(frameHeight),

@@ -17,9 +17,9 @@ struct WindowFrame {
     std::unique_ptr<uint8_t[]> pixels;
 };
 
-/// Pictures on their way from windows to a surface texture. It keeps the newest only, and reuses
-/// the memory of those that are done with: one is being filled, one waits, one is being shown.
-/// Thread-safe; frames belong to whoever took them.
+/// Hands pictures from windows to a surface texture. It keeps the newest picture only and reuses
+/// the memory of the others, so there are three at most: one is filled, one waits, one is shown.
+/// Thread-safe.
 class FrameQueue {
 public:
     using Listener = std::function<void()>;
@@ -30,24 +30,24 @@ public:
 
     /// \name The producer's side
     /// \{
-    /// A frame to fill, of the default size where \p width and \p height are 0; its pixels are
-    /// undefined. \return null once abandoned.
+    /// A frame to fill, whose pixels are undefined. 0, 0 selects the default size.
+    /// \return null after Abandon().
     std::unique_ptr<WindowFrame> Dequeue(int width, int height);
     /// Makes \p frame the newest, and calls the listener on this thread.
     void Queue(std::unique_ptr<WindowFrame> frame);
-    /// To be called when a frame is acquired, with the queue locked.
+    /// Sets the listener that Acquire() calls for each frame, with the queue locked.
     void SetLatchListener(const LatchListener& listener);
     void RemoveLatchListener(const void* context);
     /// \}
 
     /// \name The consumer's side
     /// \{
-    /// \return the newest frame, or null where that was acquired already.
+    /// \return the newest frame; null if it was already acquired.
     std::unique_ptr<WindowFrame> Acquire();
     void Recycle(std::unique_ptr<WindowFrame> frame);
     void SetDefaultSize(int width, int height);
     void SetListener(Listener listener);
-    /// Frees all frames and takes no more.
+    /// Frees all frames and accepts no more.
     void Abandon();
     bool IsAbandoned() const;
     /// \}

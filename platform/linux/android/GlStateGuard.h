@@ -4,7 +4,7 @@
 
 #include <array>
 
-/// What an upload to a 2D texture must set or bind, as it was before.
+/// Prepares the GL state for an upload to a 2D texture, and restores it.
 class GlUploadStateGuard {
 public:
     GlUploadStateGuard() {

@@ -2,7 +2,7 @@
 
 #include <jni.h>
 
-/// Native objects travel through Java as longs.
+/// Java keeps pointers to native objects as longs.
 template <class Object>
 jlong ToJava(Object* object) {
     return reinterpret_cast<jlong>(object);

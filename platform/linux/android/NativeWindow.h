@@ -9,7 +9,7 @@
 
 #include "FrameQueue.h"
 
-/// A window, born with one reference, that posts to a queue.
+/// A window that posts to a queue. It is created with one reference.
 struct ANativeWindow {
     explicit ANativeWindow(std::shared_ptr<FrameQueue> frames) : queue(std::move(frames)) {}
 

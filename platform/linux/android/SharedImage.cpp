@@ -17,7 +17,7 @@ EGLImage ImageOf(GLuint texture) {
                           nullptr);
 }
 
-/// The image keeps the storage when the texture that it was made from is gone.
+/// The image keeps the texture's storage after the texture is deleted.
 EGLImage NewImage(int width, int height) {
     const GlUploadStateGuard guard;
     GLuint texture = 0;

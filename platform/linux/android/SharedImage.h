@@ -6,12 +6,11 @@
 
 #include "FrameQueue.h"
 
-/// An RGBA image that textures of any target can show. It belongs to the display and not to the
-/// context that made it, so it may be destroyed on any thread, with no context current.
+/// An RGBA image that textures of any target can show. It belongs to the EGL display instead of the
+/// context, so it may be destroyed on any thread, without a current context.
 class SharedImage {
 public:
-    /// Needs a current context, as Upload and ShowIn do. \return null where there can be no such
-    /// image.
+    /// Needs a current context, like Upload and ShowIn. \return null if the size is not supported.
     static std::unique_ptr<SharedImage> Create(int width, int height);
     ~SharedImage();
     SharedImage(const SharedImage&) = delete;
@@ -19,7 +18,7 @@ public:
 
     bool Fits(const WindowFrame& frame) const;
     void Upload(const WindowFrame& frame) const;
-    /// Makes the image that of the texture bound to \p target.
+    /// Makes it the image of the texture that is bound to \p target.
     void ShowIn(unsigned target) const;
 
 private:

@@ -36,7 +36,7 @@ ANativeWindow* ANativeWindow_fromSurface(JNIEnv* env, jobject surface) {
     if (surface == nullptr || !IsSurface(env, surface)) {
         return nullptr;
     }
-    // Surface.release() holds the monitor too.
+    // Surface.release() holds the monitor, too.
     env->MonitorEnter(surface);
     auto* window = FromJava<ANativeWindow>(LongField(env, surface, "window"));
     if (window != nullptr) {

@@ -20,14 +20,14 @@ public:
     /// The producers' end.
     const std::shared_ptr<FrameQueue>& Queue() const { return queue_; }
 
-    /// Latches the newest frame, if there is one that was not latched yet, and binds the texture to
-    /// GL_TEXTURE_EXTERNAL_OES of the active unit. The first call ties the consumer to its context.
+    /// Latches the newest frame, if it was not latched yet, and binds the texture to
+    /// GL_TEXTURE_EXTERNAL_OES of the active unit. Only the first call's context may be used later.
     Result Update();
 
-    /// Frees all pictures; the texture keeps the last.
+    /// Frees all pictures. The texture keeps the last one.
     void Release();
 
-    /// Of the latched frame, 0 before the first.
+    /// The latched frame's, in nanoseconds; 0 before the first.
     int64_t Timestamp() const;
     /// Takes texture coordinates with t upwards to where the frame has them: its first row is at
     /// t = 0. The identity before the first frame.
@@ -43,8 +43,8 @@ private:
     mutable std::mutex mutex_;  ///< Guards all below.
     EGLDisplay display_ = EGL_NO_DISPLAY;
     EGLContext context_ = EGL_NO_CONTEXT;
-    /// The latched frame's, and that of the frame before, which draws may still be reading: an
-    /// upload into it would wait for them.
+    /// The image of the latched frame, and of the one before. Draws may still read the latter, so
+    /// the next upload goes to the older of the two.
     std::unique_ptr<SharedImage> image_;
     std::unique_ptr<SharedImage> previous_;
     int64_t timestampNs_ = 0;

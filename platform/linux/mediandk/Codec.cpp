@@ -10,7 +10,7 @@ namespace {
 
 constexpr ssize_t kNotStarted = AMEDIA_ERROR_INVALID_OPERATION;
 
-/// Room for a unit: none is larger than a picture without compression.
+/// No unit is larger than an uncompressed picture.
 size_t CapacityFor(const AMediaFormat& format, int width, int height) {
     constexpr size_t kLeast = 1 << 20;
     constexpr size_t kMostBytesPerPixel = 3;

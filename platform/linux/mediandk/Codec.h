@@ -11,8 +11,8 @@
 #include "FrameFlow.h"
 #include "WindowRenderer.h"
 
-/// The states of a codec, and its calls in them. Thread-safe: calls that wait for buffers hold the
-/// session, not the lock, and end when it is stopped.
+/// A codec with its states. Thread-safe: a call that waits for buffers holds the session instead of
+/// the lock, and ends when the session stops.
 class Codec {
 public:
     explicit Codec(std::string mimeType) : mimeType_(std::move(mimeType)) {}
@@ -32,14 +32,14 @@ public:
 
     ssize_t DequeueOutput(AMediaCodecBufferInfo* info, int64_t timeoutUs);
     uint8_t* OutputData(size_t index, size_t* size);
-    /// \return none before Start().
+    /// \return nothing before Start().
     std::optional<PictureFormat> OutputFormat();
     media_status_t ReleaseOutput(size_t index, bool render, std::optional<int64_t> timestampNs);
 
     /// \name For the host
     /// \{
     FrameFlow& Flow() { return *flow_; }
-    /// \return 0 when DequeueInput() would give a buffer at once, or what else it would give.
+    /// Waits like DequeueInput(), but takes no buffer. \return 0 or DequeueInput()'s error.
     ssize_t WaitForInput(int64_t timeoutUs);
     /// \return 0 before Start().
     size_t InputCapacity();

@@ -8,7 +8,7 @@
 #include "OutputBuffers.h"
 #include "VideoDecoder.h"
 
-/// One run of a decoder, from start or flush to the next flush or stop, on a thread of its own.
+/// One run of a decoder on its own thread, from start or flush to the next flush or stop.
 class DecodeSession {
 public:
     DecodeSession(std::unique_ptr<VideoDecoder> decoder, size_t inputCapacity,
@@ -17,9 +17,9 @@ public:
     DecodeSession(const DecodeSession&) = delete;
     DecodeSession& operator=(const DecodeSession&) = delete;
 
-    /// Ends the thread, and all waits for buffers with an error. To be called once, after which
-    /// Input() and Output() only refuse.
-    /// \return the decoder, for another session.
+    /// Ends the thread. Waits for buffers end with an error, and Input() and Output() refuse all
+    /// calls. Call it once.
+    /// \return the decoder, for the next session.
     std::unique_ptr<VideoDecoder> Stop();
 
     InputBuffers& Input() { return input_; }

@@ -6,8 +6,8 @@
 #include <condition_variable>
 #include <mutex>
 
-/// Counts the pictures on their way from a codec to its window, and in lock-step lets one at a time
-/// pass; keeps what the host has to say. Thread-safe.
+/// Counts the pictures that a codec gives to its window, and limits their pace as the host demands.
+/// Thread-safe.
 class FrameFlow {
 public:
     /// \name The codec's side
@@ -16,34 +16,34 @@ public:
     /// Ends all waits.
     void Close();
 
-    /// How many pictures to hold back at least.
+    /// The fewest pictures to hold back.
     int ReorderDepth() const { return reorderDepth_; }
 
-    /// Waits until the next picture may be dequeued, and takes the turn: it lasts until the picture
-    /// is latched, or EndTurn(). \return false when out of time.
+    /// Waits until the next picture may be dequeued, and takes the turn. The turn lasts until the
+    /// picture is latched, or EndTurn(). \return false on a timeout.
     bool TakeTurn(int64_t timeoutUs);
     void EndTurn();
-    /// A picture is on the window.
+    /// Counts a picture that the window got.
     void Deliver(int64_t unit);
-    /// All pictures are.
+    /// Notes that the window got the last picture.
     void End();
     /// \}
 
-    /// The window's side: its newest picture is being shown.
+    /// The window's side: counts a picture that is shown.
     void Latch();
 
     /// \name The host's side
     /// \{
     void SetLockStep(bool on);
     void SetStepping(bool on);
-    /// Lets the next picture pass, while stepping.
+    /// Allows the next picture while stepping.
     void Step();
     void SetReorderDepth(int pictures) { reorderDepth_ = pictures; }
     HostResult Wait(int64_t seen, int64_t timeoutUs, HostFrames* frames);
     /// \}
 
 private:
-    /// What lets the next picture pass: nothing need be done, the one before is latched, or Step().
+    /// What allows the next picture: nothing, the latch of the previous one, or Step().
     enum class Pace { kFree, kLockStep, kStepping };
 
     void SetPace(Pace pace);

@@ -1,7 +1,7 @@
 #include <linux_platform/Host.h>
 
 #include "Codec.h"
-#include "CurrentCodec.h"
+#include "HostDecoder.h"
 
 struct HostDecoder {
     std::shared_ptr<Codec> codec;

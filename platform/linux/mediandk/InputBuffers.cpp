@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Pages that no unit reaches are never touched, so a generous capacity costs addresses only.
+/// A large capacity costs address space only: pages beyond a unit's end are never touched.
 av::Buffer NewStorage(size_t capacity) {
     av::Buffer storage(av_buffer_alloc(capacity + AV_INPUT_BUFFER_PADDING_SIZE));
     if (storage == nullptr) {
@@ -96,11 +96,11 @@ void InputBuffers::GiveBack(const InputUnit& unit) {
     const std::lock_guard<std::mutex> lock(mutex_);
     Slot& slot = slots_[unit.index];
     if (av_buffer_is_writable(slot.storage.get()) == 0) {
-        slot.storage = nullptr;  // libavcodec still reads it, and frees it when done.
+        slot.storage = nullptr;  // libavcodec still reads it, and frees it later.
     }
     slot.owner = Owner::kNobody;
     free_.push_back(unit.index);
-    freed_.notify_all();  // A host may wait besides the client.
+    freed_.notify_all();  // A client and a host may both wait.
 }
 
 void InputBuffers::Close() {

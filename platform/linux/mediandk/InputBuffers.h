@@ -29,12 +29,12 @@ public:
 
     /// \name The client's side
     /// \{
-    /// \return an index, AMEDIACODEC_INFO_TRY_AGAIN_LATER, or an error after Close().
+    /// \return an index, AMEDIACODEC_INFO_TRY_AGAIN_LATER, or after Close() an error.
     ssize_t Dequeue(int64_t timeoutUs);
     /// \return null unless the client holds the buffer.
     uint8_t* Data(size_t index, size_t* capacity);
     media_status_t Queue(size_t index, size_t offset, size_t size, int64_t timeUs, uint32_t flags);
-    /// \return 0 when Dequeue() would give a buffer at once, or what else it would give.
+    /// Waits like Dequeue(), but takes no buffer. \return 0 or Dequeue()'s error.
     ssize_t WaitForFree(int64_t timeoutUs);
     size_t Capacity() const { return capacity_; }
     /// \}
@@ -46,13 +46,13 @@ public:
     void GiveBack(const InputUnit& unit);
     /// \}
 
-    /// Ends all waits and refuses all buffers from now on.
+    /// Ends all waits. All later calls fail.
     void Close();
 
 private:
     enum class Owner { kNobody, kClient, kDecoder };
     struct Slot {
-        av::Buffer storage;  ///< Made when first needed.
+        av::Buffer storage;  ///< Allocated on first use.
         Owner owner = Owner::kNobody;
     };
     static constexpr size_t kCount = 8;

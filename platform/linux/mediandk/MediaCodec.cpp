@@ -1,20 +1,20 @@
+#include <android/log.h>
 #include <media/NdkMediaCodec.h>
 
 #include <deque>
 
 #include "Codec.h"
-#include "CurrentCodec.h"
-#include "MediaLog.h"
+#include "HostDecoder.h"
 
-/// What a handle points to. It outlives its codec, so that a late call finds none instead of
-/// another's memory: callers may use and delete a codec on different threads without a lock.
+/// The object behind a handle. It outlives its codec, so that a late call finds no codec instead of
+/// freed memory: callers may use and delete a codec on different threads without a lock.
 struct AMediaCodec {
     std::shared_ptr<Codec> codec;  ///< Accessed atomically.
 };
 
 namespace {
 
-/// Handles are never freed, not even at exit, when some thread may still use one.
+/// Handles are never freed, not even at exit, since a thread may still use one.
 AMediaCodec* NewHandle(std::shared_ptr<Codec> codec) {
     static auto& mutex = *new std::mutex;
     static auto& handles = *new std::deque<AMediaCodec>;
@@ -22,7 +22,7 @@ AMediaCodec* NewHandle(std::shared_ptr<Codec> codec) {
     return &handles.emplace_back(AMediaCodec{std::move(codec)});
 }
 
-/// \return what \p call gives, or \p fallback where the codec is gone.
+/// \return the result of \p call, or \p fallback if the codec was deleted.
 template <class Result, class Call>
 Result With(AMediaCodec* handle, Result fallback, Call call) {
     const auto codec = handle != nullptr ? std::atomic_load(&handle->codec) : nullptr;

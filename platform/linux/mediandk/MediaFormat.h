@@ -12,7 +12,7 @@ struct AMediaFormat {
     using Bytes = std::vector<uint8_t>;
     using Value = std::variant<int32_t, int64_t, float, std::string, Bytes>;
 
-    /// \return null where there is no value of that name and type.
+    /// \return null if there is no value of that name and type.
     template <class T>
     const T* Find(const char* name) const {
         const auto found = values.find(name);
@@ -20,5 +20,5 @@ struct AMediaFormat {
     }
 
     std::map<std::string, Value> values;
-    std::string text;  ///< What AMediaFormat_toString gave last.
+    std::string text;  ///< The last result of AMediaFormat_toString.
 };

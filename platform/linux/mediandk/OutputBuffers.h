@@ -14,7 +14,7 @@
 /// free -> queued -> held by the client -> free.
 class OutputBuffers {
 public:
-    /// \param announced the format that the client knows already.
+    /// \param announced the format that the client already knows.
     explicit OutputBuffers(const PictureFormat& announced) : announced_(announced) {}
 
     /// Waits for a free buffer. \return false after Close().
@@ -23,15 +23,15 @@ public:
     /// \name The client's side
     /// \{
     /// \return an index, AMEDIACODEC_INFO_TRY_AGAIN_LATER, AMEDIACODEC_INFO_OUTPUT_FORMAT_CHANGED,
-    ///         or an error after Close().
+    ///         or after Close() an error.
     ssize_t Dequeue(AMediaCodecBufferInfo* info, int64_t timeoutUs);
-    /// \return the picture in planes, or null unless the client holds a buffer with one.
+    /// \return the picture's planes; null unless the client holds a buffer with a picture.
     uint8_t* Data(size_t index, size_t* size);
     media_status_t Release(size_t index, Picture* picture);
     PictureFormat Format();
     /// \}
 
-    /// Ends all waits and refuses all buffers from now on.
+    /// Ends all waits. All later calls fail.
     void Close();
 
 private:
@@ -41,8 +41,8 @@ private:
         Picture picture;
         std::vector<uint8_t> planes;
     };
-    /// Pictures decoded ahead of the client, or held by it: enough for the decoder never to wait
-    /// for the next one's turn, few enough for them to stay in the processor's cache.
+    /// Enough to keep the decoder busy while the client shows a picture, and few enough for the
+    /// pictures to stay in the processor's cache.
     static constexpr size_t kCount = 3;
 
     Slot* FindFree();

@@ -4,10 +4,10 @@
 
 #include "Av.h"
 
-/// Valued as AMEDIAFORMAT_KEY_COLOR_STANDARD is.
+/// Values are those of AMEDIAFORMAT_KEY_COLOR_STANDARD.
 enum class ColorMatrix { kBt709 = 1, kBt601 = 2, kBt2020 = 6 };
 
-/// What a client must know to use a picture's bytes.
+/// Describes a picture's bytes.
 struct PictureFormat {
     int width = 0;
     int height = 0;
@@ -19,21 +19,21 @@ struct PictureFormat {
     bool operator!=(const PictureFormat& other) const { return !(*this == other); }
 };
 
-/// A decoded picture, or the end of the stream where there is no frame.
+/// A decoded picture, or, without a frame, the end of the stream.
 struct Picture {
     av::Frame frame;
     PictureFormat format;
     int64_t timeUs = 0;
-    int64_t unit = -1;  ///< The number of the unit that gave it.
+    int64_t unit = -1;  ///< The number of its unit.
 };
 
-/// Takes what the stream says of a frame's colours, and what is customary where it says nothing.
+/// Uses the colors that the stream states, or else common defaults.
 PictureFormat FormatOf(const AVFrame& frame);
 
 /// Size of a picture with chroma halved both ways.
 size_t PlanarSize(const PictureFormat& format);
 
-/// Whether ConvertToRgba and ConvertToPlanar know the layout.
+/// Whether ConvertToRgba and ConvertToPlanar support the layout.
 bool CanConvert(const PictureFormat& format);
 
 /// \param stride of \p rgba, in bytes.

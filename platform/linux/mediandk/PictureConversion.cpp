@@ -1,13 +1,42 @@
 #include <libyuv/convert.h>
 #include <libyuv/convert_argb.h>
+#include <libyuv/row.h>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <iterator>
 
-#include "ColorConstants.h"
 #include "Picture.h"
 
 namespace {
+
+/// libyuv limits the factor from U to blue to 2, which makes blue of limited range up to 13 levels
+/// too dark. Its code for x86 also accepts the correct factor.
+libyuv::YuvConstants WithFullBlue(libyuv::YuvConstants constants, [[maybe_unused]] double factor) {
+#if defined(__x86_64__) || defined(__i386__)
+    constexpr int kUnit = 64;
+    constexpr uint8_t kCut = 2 * kUnit;
+    const auto exact = static_cast<uint8_t>(std::lround(factor * kUnit));
+    // Red's place holds blue after the exchange.
+    std::replace(std::begin(constants.kUVToR), std::end(constants.kUVToR), kCut, exact);
+#endif
+    return constants;
+}
+
+// libyuv's vector code needs the alignment.
+alignas(32) const libyuv::YuvConstants kBt601 = WithFullBlue(libyuv::kYvuI601Constants, 2.018);
+alignas(32) const libyuv::YuvConstants kBt709 = WithFullBlue(libyuv::kYvuH709Constants, 2.112);
+alignas(32) const libyuv::YuvConstants kBt2020 = WithFullBlue(libyuv::kYvu2020Constants, 2.142);
+
+/// libyuv writes B, G, R. Exchanging U and V, in planes and constants, makes that R, G, B.
+const libyuv::YuvConstants* ExchangedConstants(ColorMatrix matrix, bool fullRange) {
+    switch (matrix) {
+        case ColorMatrix::kBt709: return fullRange ? &libyuv::kYvuF709Constants : &kBt709;
+        case ColorMatrix::kBt2020: return fullRange ? &libyuv::kYvuV2020Constants : &kBt2020;
+        default: return fullRange ? &libyuv::kYvuJPEGConstants : &kBt601;
+    }
+}
 
 using ToRgba = int (*)(const uint8_t* y, int yStride, const uint8_t* u, int uStride,
                        const uint8_t* v, int vStride, uint8_t* rgba, int stride,
@@ -22,13 +51,13 @@ struct Conversion {
     ToPlanar toPlanar;
 };
 
-int GreyToRgba(const uint8_t* y, int yStride, const uint8_t* /*u*/, int /*uStride*/,
+int GrayToRgba(const uint8_t* y, int yStride, const uint8_t* /*u*/, int /*uStride*/,
                const uint8_t* /*v*/, int /*vStride*/, uint8_t* rgba, int stride,
                const libyuv::YuvConstants* constants, int width, int height) {
     return libyuv::I400ToARGBMatrix(y, yStride, rgba, stride, constants, width, height);
 }
 
-int GreyToPlanar(const uint8_t* y, int yStride, const uint8_t* /*u*/, int /*uStride*/,
+int GrayToPlanar(const uint8_t* y, int yStride, const uint8_t* /*u*/, int /*uStride*/,
                  const uint8_t* /*v*/, int /*vStride*/, uint8_t* toY, int toYStride, uint8_t* toU,
                  int toUStride, uint8_t* toV, int toVStride, int width, int height) {
     return libyuv::I400ToI420(y, yStride, toY, toYStride, toU, toUStride, toV, toVStride, width,
@@ -39,7 +68,7 @@ constexpr std::array<Conversion, 4> kConversions = {{
     {AV_PIX_FMT_YUV420P, libyuv::I420ToARGBMatrix, libyuv::I420Copy},
     {AV_PIX_FMT_YUV422P, libyuv::I422ToARGBMatrix, libyuv::I422ToI420},
     {AV_PIX_FMT_YUV444P, libyuv::I444ToARGBMatrix, libyuv::I444ToI420},
-    {AV_PIX_FMT_GRAY8, GreyToRgba, GreyToPlanar},
+    {AV_PIX_FMT_GRAY8, GrayToRgba, GrayToPlanar},
 }};
 
 const Conversion* Find(AVPixelFormat layout) {

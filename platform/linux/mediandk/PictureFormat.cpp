@@ -2,7 +2,7 @@
 
 namespace {
 
-/// libavcodec has layouts of its own for JPEG's full range; apart from that they are the same.
+/// libavcodec's layouts for JPEG differ from the others in their range only.
 AVPixelFormat WithoutRange(AVPixelFormat layout) {
     switch (layout) {
         case AV_PIX_FMT_YUVJ420P: return AV_PIX_FMT_YUV420P;
@@ -12,7 +12,7 @@ AVPixelFormat WithoutRange(AVPixelFormat layout) {
     }
 }
 
-/// Streams that do not say are taken for what their size suggests: television, or above that HD.
+/// For streams that state no matrix: that of television up to its size, and of HD above.
 ColorMatrix CustomaryMatrix(int width, int height) {
     constexpr int kTelevisionWidth = 720;
     constexpr int kTelevisionHeight = 576;

@@ -1,18 +1,18 @@
 #include "VideoDecoder.h"
 
+#include <android/log.h>
+
 #include <algorithm>
 #include <cstring>
-
-#include "MediaLog.h"
 
 namespace {
 
 av::CodecContext NewContext(const AVCodec* codec, const std::vector<uint8_t>& parameterSets) {
     av::CodecContext context(avcodec_alloc_context3(codec));
-    // Several slices at once, but never several pictures: that would delay each by some others.
+    // Decode slices in parallel, but not pictures: that would delay each of them.
     context->thread_type = FF_THREAD_SLICE;
     context->thread_count = 0;
-    // Errors come back as results and are logged here; on the console they would come twice.
+    // Errors are logged below; libavcodec must not print them, too.
     context->log_level_offset = AV_LOG_TRACE;
     if (!parameterSets.empty()) {
         const size_t size = parameterSets.size();
@@ -52,14 +52,14 @@ VideoDecoder::VideoDecoder(AVCodecID codec, const std::vector<uint8_t>& paramete
 
 void VideoDecoder::Decode(const InputUnit& unit, int reorderDepth, const Sink& sink) {
     context_->has_b_frames = std::max(context_->has_b_frames, reorderDepth);
-    context_->reordered_opaque = unit.number;  // Comes out with the unit's picture.
+    context_->reordered_opaque = unit.number;  // Returned with the unit's picture.
     packet_->buf = av_buffer_ref(unit.storage->get());
     packet_->data = const_cast<uint8_t*>(unit.data);
     packet_->size = static_cast<int>(unit.size);
     packet_->pts = unit.timeUs;
     const int result = avcodec_send_packet(context_.get(), packet_.get());
     av_packet_unref(packet_.get());
-    // Parameter sets alone are no picture, which libavcodec takes for an error.
+    // For libavcodec, parameter sets without a picture are an error.
     if (result < 0 && (unit.flags & AMEDIACODEC_BUFFER_FLAG_CODEC_CONFIG) == 0) {
         LogSkipped("a unit without a picture", result);
     }

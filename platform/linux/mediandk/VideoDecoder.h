@@ -7,28 +7,31 @@
 #include "InputBuffers.h"
 #include "Picture.h"
 
+/// The tag of the media library's log lines.
+constexpr char kMediaLogTag[] = "MediaCodec";
+
 /// One stream's decoder. Not thread-safe.
 class VideoDecoder {
 public:
-    /// Takes a picture, in display order. \return false to be given no more.
+    /// Receives a picture, in display order. \return false to stop.
     using Sink = std::function<bool(Picture picture)>;
 
-    /// \return AV_CODEC_ID_NONE where the type cannot be decoded.
+    /// \return AV_CODEC_ID_NONE if the type is not supported.
     static AVCodecID CodecOf(const std::string& mimeType);
 
-    /// \param parameterSets those that the stream itself lacks; may be empty.
+    /// \param parameterSets those that the stream does not contain; may be empty.
     VideoDecoder(AVCodecID codec, const std::vector<uint8_t>& parameterSets);
 
     bool IsOpen() const { return context_ != nullptr; }
 
-    /// Logs and skips what cannot be decoded.
-    /// \param reorderDepth how many pictures to hold back at least, for their order.
+    /// Logs and skips what it cannot decode.
+    /// \param reorderDepth the fewest pictures to hold back.
     void Decode(const InputUnit& unit, int reorderDepth, const Sink& sink);
 
-    /// Hands out the pictures held back for their order.
+    /// Outputs the pictures that are held back.
     void Drain(const Sink& sink);
 
-    /// Forgets the pictures that later ones may refer to.
+    /// Drops the pictures that are held back and those that others may refer to.
     void Flush();
 
 private:

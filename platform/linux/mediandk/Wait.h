@@ -6,10 +6,10 @@
 #include <cstdint>
 #include <mutex>
 
-/// The end of a wait that is made of several.
+/// The common end of several waits.
 class Deadline {
 public:
-    /// \param timeoutUs microseconds; negative: there is none.
+    /// \param timeoutUs microseconds; negative: no limit.
     explicit Deadline(int64_t timeoutUs) : timeoutUs_(timeoutUs) {}
 
     int64_t LeftUs() const {
@@ -24,12 +24,13 @@ private:
     const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
-/// Waits until \p ready, at most \p timeoutUs microseconds, or without end where that is negative.
-/// \return whether it is ready.
+/// Waits until \p ready.
+/// \param timeoutUs microseconds; negative: no limit.
+/// \return false on a timeout.
 template <class Ready>
 bool WaitFor(std::condition_variable& changed, std::unique_lock<std::mutex>& lock,
              int64_t timeoutUs, Ready ready) {
-    // Beyond a year the end of the wait may not be a point in time that the clock can express.
+    // The clock cannot express the end of a much longer wait.
     constexpr std::chrono::microseconds kLongest = std::chrono::hours(24 * 365);
     const std::chrono::microseconds timeout(timeoutUs);
     if (timeoutUs < 0 || timeout > kLongest) {

@@ -8,16 +8,16 @@
 #include "FrameFlow.h"
 #include "Picture.h"
 
-/// Draws pictures into a window, of which it holds a reference. Thread-safe.
+/// Draws pictures into a window and holds a reference to it. Thread-safe.
 class WindowRenderer {
 public:
-    /// \param flow is told when pictures are latched.
+    /// \param flow counts the latched pictures.
     WindowRenderer(ANativeWindow* window, std::shared_ptr<FrameFlow> flow);
     ~WindowRenderer();
     WindowRenderer(const WindowRenderer&) = delete;
     WindowRenderer& operator=(const WindowRenderer&) = delete;
 
-    /// \return false where nobody looks at the window any more, which is no error.
+    /// \return false if the window's consumer was released, which is not an error.
     bool Render(const Picture& picture, int64_t timestampNs);
 
 private:

@@ -18,11 +18,11 @@ constexpr size_t kMebibyte = 1 << 20;
 
 TestStream FlatStream() {
     TestStream stream;
-    stream.picture = [](int) { return Grey(100); };
+    stream.picture = [](int) { return Gray(100); };
     return stream;
 }
 
-/// \return whether \p call gives "try again later", not before its time.
+/// \return whether \p call gives "try again later", and not too early.
 template <class Call>
 bool TriesFor(int64_t timeoutUs, Call call) {
     const auto start = steady_clock::now();
@@ -104,7 +104,7 @@ TEST(CodecCalls, FollowTheStates) {
     AMediaCodec_delete(codec);
 }
 
-// As a renderer that does not wait for its decoding thread when it goes away.
+// A renderer that does not wait for its decoder thread does this.
 TEST(CodecCalls, EndWithErrorsWhenAnotherThreadStopsAndDeletes) {
     const auto units = Encode(FlatStream(), 20);
     for (const bool stopFirst : {true, false}) {
@@ -126,11 +126,7 @@ TEST(CodecCalls, EndWithErrorsWhenAnotherThreadStopsAndDeletes) {
             }
         });
         for (size_t i = 0; taken < 3; i = (i + 1) % units.size()) {
-            const ssize_t index = AMediaCodec_dequeueInputBuffer(codec, kForever);
-            uint8_t* to = AMediaCodec_getInputBuffer(codec, static_cast<size_t>(index), nullptr);
-            std::copy(units[i].bytes.begin(), units[i].bytes.end(), to);
-            AMediaCodec_queueInputBuffer(codec, static_cast<size_t>(index), 0,
-                                         units[i].bytes.size(), 0, 0);
+            EXPECT_EQ(QueueUnit(codec, units[i], kForever), 0);
         }
         if (stopFirst) {
             EXPECT_EQ(AMediaCodec_stop(codec), AMEDIA_OK);

@@ -30,6 +30,18 @@ TestOutput FormatNow(AMediaCodec* codec) {
 
 }  // namespace
 
+ssize_t QueueUnit(AMediaCodec* codec, const TestUnit& unit, int64_t timeoutUs, uint32_t flags) {
+    const ssize_t result = AMediaCodec_dequeueInputBuffer(codec, timeoutUs);
+    if (result < 0) {
+        return result;
+    }
+    const auto index = static_cast<size_t>(result);
+    std::copy(unit.bytes.begin(), unit.bytes.end(),
+              AMediaCodec_getInputBuffer(codec, index, nullptr));
+    return AMediaCodec_queueInputBuffer(codec, index, 0, unit.bytes.size(),
+                                        static_cast<uint64_t>(unit.timeUs), flags);
+}
+
 CodecClient::CodecClient(const Setup& setup)
     : codec_(AMediaCodec_createDecoderByType(setup.mimeType.c_str())) {
     AMediaFormat* format = NewFormat(setup);
@@ -64,18 +76,14 @@ std::vector<TestOutput> CodecClient::Finish() {
 
 void CodecClient::QueueOne(const TestUnit& unit, uint32_t flags, std::vector<TestOutput>* outputs) {
     constexpr int64_t kShortUs = 1000;
-    ssize_t index = AMEDIACODEC_INFO_TRY_AGAIN_LATER;
-    while (index == AMEDIACODEC_INFO_TRY_AGAIN_LATER) {
+    ssize_t result = AMEDIACODEC_INFO_TRY_AGAIN_LATER;
+    while (result == AMEDIACODEC_INFO_TRY_AGAIN_LATER) {
         TakeOne(0, outputs);
-        index = AMediaCodec_dequeueInputBuffer(codec_, kShortUs);
+        result = QueueUnit(codec_, unit, kShortUs, flags);
     }
-    if (index < 0) {
+    if (result < 0) {
         throw std::runtime_error("no input buffer");
     }
-    uint8_t* buffer = AMediaCodec_getInputBuffer(codec_, static_cast<size_t>(index), nullptr);
-    std::copy(unit.bytes.begin(), unit.bytes.end(), buffer);
-    AMediaCodec_queueInputBuffer(codec_, static_cast<size_t>(index), 0, unit.bytes.size(),
-                                 static_cast<uint64_t>(unit.timeUs), flags);
 }
 
 bool CodecClient::TakeOne(int64_t timeoutUs, std::vector<TestOutput>* outputs) {

@@ -7,18 +7,21 @@
 
 #include "TestStream.h"
 
-/// What a codec gave, in the order in which it did.
+/// One result of a codec.
 struct TestOutput {
     enum class Kind { kFormat, kPicture, kEnd };
 
     Kind kind;
     int width = 0;   ///< Of a format.
-    int height = 0;  ///< Likewise.
+    int height = 0;  ///< Of a format.
     int64_t timeUs = 0;
-    int luma = 0;  ///< Of a picture's first pixel, where there is no window.
+    int luma = 0;  ///< Of a picture's first pixel, without a window.
 };
 
-/// A started codec, as an application uses it from one thread.
+/// Queues a unit. \return 0, or the error of AMediaCodec_dequeueInputBuffer.
+ssize_t QueueUnit(AMediaCodec* codec, const TestUnit& unit, int64_t timeoutUs, uint32_t flags = 0);
+
+/// A started codec, used by one thread.
 class CodecClient {
 public:
     struct Setup {
@@ -36,14 +39,14 @@ public:
 
     AMediaCodec* Get() const { return codec_; }
 
-    /// Queues all units, and takes what comes meanwhile.
+    /// Queues all units. \return the results that came meanwhile.
     std::vector<TestOutput> Feed(const std::vector<TestUnit>& units);
-    /// Ends the stream, and takes all that is left.
+    /// Ends the stream. \return the remaining results.
     std::vector<TestOutput> Finish();
 
 private:
     void QueueOne(const TestUnit& unit, uint32_t flags, std::vector<TestOutput>* outputs);
-    /// \return false where there was nothing in time.
+    /// \return false on a timeout.
     bool TakeOne(int64_t timeoutUs, std::vector<TestOutput>* outputs);
 
     AMediaCodec* codec_;

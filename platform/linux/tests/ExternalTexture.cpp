@@ -18,8 +18,8 @@ constexpr char kFragmentShader[] = R"(#version 300 es
 precision highp float;
 uniform samplerExternalOES image;
 in vec2 place;
-out vec4 colour;
-void main() { colour = texture(image, place); })";
+out vec4 color;
+void main() { color = texture(image, place); })";
 
 void Attach(GLuint program, GLenum type, const char* text) {
     const GLuint shader = glCreateShader(type);

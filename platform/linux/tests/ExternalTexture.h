@@ -4,6 +4,6 @@
 #include <cstdint>
 #include <vector>
 
-/// What a GL_TEXTURE_EXTERNAL_OES looks like: \p width × \p height pixels in RGBA, those at t = 0
-/// first. Needs a current context.
+/// Draws an external texture at \p width × \p height pixels. \return RGBA, with t = 0 first. Needs
+/// a current context.
 std::vector<uint8_t> ReadExternal(unsigned texture, int width, int height);

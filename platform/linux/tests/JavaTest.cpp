@@ -8,27 +8,27 @@
 
 namespace {
 
-JavaVM* machine = nullptr;
+JavaVM* vm = nullptr;
 JNIEnv* mainEnv = nullptr;
 
-bool StartMachine() {
+bool StartVm() {
     const HostJavaOptions options = {nullptr, TEST_CLASS_PATH, nullptr, 1};
     std::array<char, 256> error{};
-    machine = HostJava_start(&options, error.data(), error.size());
-    if (machine == nullptr) {
+    vm = HostJava_start(&options, error.data(), error.size());
+    if (vm == nullptr) {
         std::fprintf(stderr, "%s\n", error.data());
         return false;
     }
     void* env = nullptr;
-    const bool attached = machine->GetEnv(&env, JNI_VERSION_10) == JNI_OK;
+    const bool attached = vm->GetEnv(&env, JNI_VERSION_10) == JNI_OK;
     mainEnv = static_cast<JNIEnv*>(env);
     return attached;
 }
 
 }  // namespace
 
-JavaVM* java::Machine() {
-    return machine;
+JavaVM* java::Vm() {
+    return vm;
 }
 
 JNIEnv* java::Env() {
@@ -84,5 +84,5 @@ jint JavaObject::IntField(const char* name) const {
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    return StartMachine() ? RUN_ALL_TESTS() : 1;
+    return StartVm() ? RUN_ALL_TESTS() : 1;
 }

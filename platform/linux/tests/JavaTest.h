@@ -4,14 +4,14 @@
 
 #include <string>
 
-/// The process's Java machine, which checks every JNI call and ends the process at a wrong one.
+/// The process's JVM, which checks every JNI call and aborts at a wrong one.
 namespace java {
 
-JavaVM* Machine();
+JavaVM* Vm();
 /// Of the main thread.
 JNIEnv* Env();
 
-/// Clears the pending exception. \return its class's name, or "" where there is none.
+/// Clears the pending exception. \return its class's name, or "" if there is none.
 std::string TakeException(JNIEnv* env);
 
 }  // namespace java
@@ -19,7 +19,7 @@ std::string TakeException(JNIEnv* env);
 /// A Java object, held by a global reference.
 class JavaObject {
 public:
-    /// What the constructor throws stays pending.
+    /// An exception of the constructor stays pending.
     template <class... Arguments>
     JavaObject(const char* className, const char* signature, Arguments... arguments) {
         JNIEnv* env = java::Env();
@@ -37,7 +37,7 @@ public:
     jobject Get() const { return object_; }
     jmethodID Method(JNIEnv* env, const char* name, const char* signature) const;
 
-    /// Calls a method that takes nothing and gives nothing. \return the exception that it threw.
+    /// Calls a method without parameters and result. \return the class of its exception, or "".
     std::string Call(const char* name, JNIEnv* env = java::Env()) const;
     bool CallBoolean(const char* name) const;
     jlong CallLong(const char* name) const;

@@ -11,8 +11,8 @@
 #include <chrono>
 #include <memory>
 #include <thread>
+#include <vector>
 
-#include "CodecClient.h"
 #include "ExternalTexture.h"
 #include "JavaTest.h"
 #include "offscreen/OffscreenContext.h"
@@ -27,7 +27,7 @@ constexpr char kIllegalArgument[] = "java.lang.IllegalArgumentException";
 
 using Pixels = std::vector<uint8_t>;
 
-/// Every byte differs from its neighbours', and pictures of different seeds differ everywhere.
+/// Every byte differs from its neighbors', and pictures of different seeds differ everywhere.
 Pixels Pattern(int width, int height, int seed) {
     Pixels pixels(static_cast<size_t>(width) * static_cast<size_t>(height) * 4);
     for (size_t i = 0; i < pixels.size(); ++i) {
@@ -62,7 +62,7 @@ GLint Get(GLenum name) {
     return value;
 }
 
-/// A surface texture on an external texture of a current context, and a window to it.
+/// A surface texture, and a window that posts to it.
 class SurfaceTexture : public testing::Test {
 protected:
     static constexpr jint kLocalReferences = 64;
@@ -80,7 +80,7 @@ protected:
         java::Env()->PopLocalFrame(nullptr);
     }
 
-    /// Those of the test's own calls would keep their objects.
+    /// Local references keep their objects alive.
     static void DropLocalReferences() {
         java::Env()->PopLocalFrame(nullptr);
         java::Env()->PushLocalFrame(kLocalReferences);
@@ -107,7 +107,7 @@ TEST_F(SurfaceTexture, ShowsTheNewestPictureFirstRowFirst) {
     EXPECT_EQ(TransformOf(*texture), flip);
     EXPECT_EQ(ReadExternal(name, 6, 4), Pattern(6, 4, 1));
 
-    // The last picture stays, and new ones replace it, of whatever size.
+    // The last picture stays until the next one, of any size.
     EXPECT_EQ(texture->Call("updateTexImage"), "");
     EXPECT_EQ(ReadExternal(name, 6, 4), Pattern(6, 4, 1));
     Post(window, 6, 4, Pattern(6, 4, 2), 3000);
@@ -129,46 +129,13 @@ TEST_F(SurfaceTexture, KeepsItsPictureWhereTheNextIsTooLarge) {
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
-TEST_F(SurfaceTexture, LeavesAllGlStateButItsBinding) {
-    constexpr std::array<GLenum, 8> kState = {
-        GL_ACTIVE_TEXTURE,     GL_TEXTURE_BINDING_2D,      GL_PIXEL_UNPACK_BUFFER_BINDING,
-        GL_UNPACK_ALIGNMENT,   GL_UNPACK_ROW_LENGTH,       GL_UNPACK_SKIP_ROWS,
-        GL_UNPACK_SKIP_PIXELS, GL_DRAW_FRAMEBUFFER_BINDING};
-    std::array<GLuint, 3> names{};
-    glGenTextures(2, names.data());
-    glGenBuffers(1, &names[2]);
-    glActiveTexture(GL_TEXTURE2);
-    glBindTexture(GL_TEXTURE_2D, names[0]);
-    glActiveTexture(GL_TEXTURE3);
-    glBindTexture(GL_TEXTURE_2D, names[1]);
-    glBindBuffer(GL_PIXEL_UNPACK_BUFFER, names[2]);
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, 50);
-    glPixelStorei(GL_UNPACK_SKIP_ROWS, 3);
-    glPixelStorei(GL_UNPACK_SKIP_PIXELS, 5);
-    std::array<GLint, kState.size()> before{};
-    std::transform(kState.begin(), kState.end(), before.begin(), Get);
-
-    Post(window, 7, 5, Pattern(7, 5, 0), 0);
-    EXPECT_EQ(texture->Call("updateTexImage"), "");
-    for (size_t i = 0; i < kState.size(); ++i) {
-        EXPECT_EQ(Get(kState[i]), before[i]) << std::hex << kState[i];
-    }
-    EXPECT_EQ(Get(GL_TEXTURE_BINDING_EXTERNAL_OES), static_cast<GLint>(name));
-    glActiveTexture(GL_TEXTURE2);
-    EXPECT_EQ(Get(GL_TEXTURE_BINDING_2D), static_cast<GLint>(names[0]));
-    EXPECT_EQ(Get(GL_TEXTURE_BINDING_EXTERNAL_OES), 0);
-    EXPECT_EQ(ReadExternal(name, 7, 5), Pattern(7, 5, 0));
-    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
-}
-
 TEST_F(SurfaceTexture, RefusesEveryContextButTheFirst) {
     EXPECT_EQ(texture->Call("updateTexImage"), "");
     std::thread([this] {
         void* env = nullptr;
-        java::Machine()->AttachCurrentThread(&env, nullptr);
+        java::Vm()->AttachCurrentThread(&env, nullptr);
         EXPECT_EQ(texture->Call("updateTexImage", static_cast<JNIEnv*>(env)), kIllegalState);
-        java::Machine()->DetachCurrentThread();
+        java::Vm()->DetachCurrentThread();
     }).join();
 
     auto first = std::move(context);
@@ -226,7 +193,7 @@ TEST_F(SurfaceTexture, TellsItsListenerOnTheThreadThatPosts) {
     EXPECT_EQ(listener.IntField("calls"), 2);
 }
 
-// Applications drop their references without releasing anything.
+// The renderer drops its references and does not call release().
 TEST_F(SurfaceTexture, IsReleasedByTheGarbageCollector) {
     JNIEnv* env = java::Env();
     Post(window, 4, 4, Pattern(4, 4, 0), 0);
@@ -247,24 +214,6 @@ TEST_F(SurfaceTexture, IsReleasedByTheGarbageCollector) {
     }
     EXPECT_EQ(result, -ENODEV);
     EXPECT_EQ(ReadExternal(name, 4, 4), Pattern(4, 4, 0)) << "the texture keeps its picture";
-}
-
-TEST_F(SurfaceTexture, ShowsDecodedPictures) {
-    TestStream stream;
-    stream.bFrames = 2;
-    stream.picture = [](int index) {
-        const Yuv dark = {static_cast<uint8_t>(20 + index), 128, 128};
-        const Yuv light = {static_cast<uint8_t>(200 + index), 128, 128};
-        return TestStream::Quarters{dark, dark, light, light};
-    };
-    CodecClient client({stream.MimeType(), stream.width, stream.height, window, {}});
-    client.Feed(Encode(stream, 10));
-    client.Finish();
-    EXPECT_EQ(texture->Call("updateTexImage"), "");
-    EXPECT_EQ(texture->CallLong("getTimestamp"), 9 * kFrameTimeUs * 1000);
-    const Pixels pixels = ReadExternal(name, stream.width, stream.height);
-    EXPECT_NEAR(pixels.front(), (20 + 9 - 16) * 255.0 / 219, 2);
-    EXPECT_NEAR(pixels[pixels.size() - 4], (200 + 9 - 16) * 255.0 / 219, 2);
 }
 
 }  // namespace

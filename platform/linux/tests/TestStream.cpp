@@ -21,7 +21,7 @@ av::CodecContext OpenEncoder(const TestStream& stream) {
     context->width = stream.width;
     context->height = stream.height;
     context->pix_fmt = stream.layout;
-    context->colorspace = stream.colours;
+    context->colorspace = stream.colors;
     context->color_range = stream.range;
     context->time_base = {1, AV_TIME_BASE};
     context->framerate = {AV_TIME_BASE, static_cast<int>(kFrameTimeUs)};
@@ -33,7 +33,7 @@ av::CodecContext OpenEncoder(const TestStream& stream) {
     if (stream.parameterSetsApart) {
         context->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     }
-    // As good as it gets, so that what comes out is what went in.
+    // The best quality, so that decoded colors are those of the input.
     context->flags |= AV_CODEC_FLAG_QSCALE;
     context->global_quality = FF_QP2LAMBDA;
     av_opt_set(context->priv_data, "qp", "2", 0);
@@ -47,8 +47,8 @@ av::CodecContext OpenEncoder(const TestStream& stream) {
     return context;
 }
 
-uint8_t Component(const Yuv& colour, int plane) {
-    return plane == 0 ? colour.y : plane == 1 ? colour.u : colour.v;
+uint8_t Component(const Yuv& color, int plane) {
+    return plane == 0 ? color.y : plane == 1 ? color.u : color.v;
 }
 
 void Fill(AVFrame* frame, const TestStream::Quarters& quarters) {

@@ -20,8 +20,8 @@ struct Yuv {
     uint8_t v;
 };
 
-/// What to encode and how. Pictures are made of four flat quarters: top left, top right, bottom
-/// left, bottom right.
+/// What to encode and how. A picture has four quarters of one color each: top left, top right,
+/// bottom left, bottom right.
 struct TestStream {
     using Quarters = std::array<Yuv, 4>;
 
@@ -29,9 +29,9 @@ struct TestStream {
     int width = 320;
     int height = 240;
     AVPixelFormat layout = AV_PIX_FMT_YUV420P;
-    AVColorSpace colours = AVCOL_SPC_BT470BG;
+    AVColorSpace colors = AVCOL_SPC_BT470BG;
     AVColorRange range = AVCOL_RANGE_MPEG;
-    std::string profile;  ///< Of H.264; empty: what the layout needs.
+    std::string profile;  ///< Of H.264; empty: chosen by the encoder.
     int bFrames = 0;
     int slices = 1;
     int keyInterval = 10;
@@ -43,12 +43,12 @@ struct TestStream {
 
 constexpr int64_t kFrameTimeUs = 40000;
 
-inline TestStream::Quarters Grey(uint8_t level) {
-    const Yuv grey = {level, 128, 128};
-    return {grey, grey, grey, grey};
+inline TestStream::Quarters Gray(uint8_t level) {
+    const Yuv gray = {level, 128, 128};
+    return {gray, gray, gray, gray};
 }
 
 /// Units in decoding order; picture n has the time n * kFrameTimeUs.
-/// \param parameterSets receives those that the units lack, where kept apart.
+/// \param parameterSets receives the parameter sets if they are kept apart.
 std::vector<TestUnit> Encode(const TestStream& stream, int count,
                              std::vector<uint8_t>* parameterSets = nullptr);

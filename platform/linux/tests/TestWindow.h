@@ -4,7 +4,7 @@
 
 #include "android/NativeWindow.h"
 
-/// A window without the Java objects around it, and the consumer's end of it.
+/// A window without Java objects, and its consumer's end.
 struct TestWindow {
     std::shared_ptr<FrameQueue> queue = std::make_shared<FrameQueue>();
     ANativeWindow* window = new ANativeWindow(queue);

@@ -33,22 +33,22 @@ typedef struct ANativeWindow_Buffer {
 } ANativeWindow_Buffer;
 
 void ANativeWindow_acquire(ANativeWindow* window);
-/// The last reference destroys the window; pictures already posted stay with the consumer.
+/// Releasing the last reference destroys the window. The consumer keeps the posted pictures.
 void ANativeWindow_release(ANativeWindow* window);
 
 int32_t ANativeWindow_getWidth(ANativeWindow* window);
 int32_t ANativeWindow_getHeight(ANativeWindow* window);
 int32_t ANativeWindow_getFormat(ANativeWindow* window);
 
-/// Size of the buffers locked from now on; 0, 0 for the consumer's default.
+/// Sets the size of the next buffers; 0, 0 selects the consumer's default.
 /// \param format WINDOW_FORMAT_RGBA_8888, or 0 for the same.
 int32_t ANativeWindow_setBuffersGeometry(ANativeWindow* window, int32_t width, int32_t height,
                                          int32_t format);
 
-/// Gives a buffer to fill whole: its contents are undefined.
+/// Locks a buffer, whose contents are undefined. The caller writes every pixel.
 /// \param dirty grown to the whole buffer; may be null.
 int32_t ANativeWindow_lock(ANativeWindow* window, ANativeWindow_Buffer* buffer, ARect* dirty);
-/// Makes the locked buffer the queue's newest picture; one that was not consumed is dropped.
+/// Makes the locked buffer the queue's newest picture. It replaces one that was not consumed.
 int32_t ANativeWindow_unlockAndPost(ANativeWindow* window);
 
 #ifdef __cplusplus

@@ -3,8 +3,8 @@
 /// \file
 /// Media formats: sets of named, typed values. Signatures are those of Android's C ABI.
 ///
-/// A format belongs to one thread at a time. The getters return false, and leave their result
-/// untouched, where the format has no value of that name and type.
+/// One thread at a time may use a format. A getter returns false, and leaves its result untouched,
+/// if the format has no value of that name and type.
 
 #include <media/NdkMediaError.h>
 #include <stdbool.h>
@@ -20,13 +20,13 @@ typedef struct AMediaFormat AMediaFormat;
 AMediaFormat* AMediaFormat_new(void);
 media_status_t AMediaFormat_delete(AMediaFormat* format);
 
-/// All names and values as one line, which lives until the next call or the format's end.
+/// All names and values as one line. It is valid until the next call or the format's deletion.
 const char* AMediaFormat_toString(AMediaFormat* format);
 
 bool AMediaFormat_getInt32(AMediaFormat* format, const char* name, int32_t* out);
 bool AMediaFormat_getInt64(AMediaFormat* format, const char* name, int64_t* out);
 bool AMediaFormat_getFloat(AMediaFormat* format, const char* name, float* out);
-/// The bytes and the text belong to the format and live until the name is set anew.
+/// The bytes and the text belong to the format. They are valid until the name is set again.
 bool AMediaFormat_getBuffer(AMediaFormat* format, const char* name, void** data, size_t* size);
 bool AMediaFormat_getString(AMediaFormat* format, const char* name, const char** out);
 

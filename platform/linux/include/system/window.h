@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What decoders need of a window beyond <android/native_window.h>.
+/// Functions of windows for decoders, in addition to <android/native_window.h>.
 
 #include <android/native_window.h>
 
@@ -9,17 +9,15 @@
 extern "C" {
 #endif
 
-/// Time stamp, in nanoseconds, of the buffers posted from now on.
+/// Sets the time stamp of the next buffers, in nanoseconds.
 int native_window_set_buffers_timestamp(ANativeWindow* window, int64_t timestampNs);
 
-/// Has \p listener called with \p context, on the consumer's thread, whenever that takes a buffer
-/// of the window to show it. There is one listener for all windows of a consumer. It must not call
-/// the window.
+/// Calls \p listener with \p context, on the consumer's thread, whenever the consumer latches a
+/// buffer. All windows of a consumer share one listener. It must not call the window.
 void native_window_set_latch_listener(ANativeWindow* window, void (*listener)(void* context),
                                       void* context);
 
-/// Takes back the listener of that context, which is not called any more on return. One of another
-/// context stays.
+/// Removes the listener if it has that context. It is not called after the return.
 void native_window_remove_latch_listener(ANativeWindow* window, void* context);
 
 #ifdef __cplusplus

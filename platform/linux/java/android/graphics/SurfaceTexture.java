@@ -11,7 +11,7 @@ import java.util.concurrent.atomic.AtomicInteger;
  * called on any thread.
  */
 public class SurfaceTexture {
-    /** Hears of new pictures, on the thread that posts them. */
+    /** Called for each new picture, on the thread that posts it. */
     public interface OnFrameAvailableListener {
         void onFrameAvailable(SurfaceTexture surfaceTexture);
     }
@@ -26,14 +26,14 @@ public class SurfaceTexture {
     private static final int MATRIX_SIZE = 16;
 
     /**
-     * Pictures are native memory, of which the collector knows nothing: unasked it would leave those
-     * of objects that applications dropped without release() for as long as the heap has room.
+     * The garbage collector does not see the native memory of pictures. It would leave that of
+     * objects without release() until the Java heap is full, so it is started now and then.
      */
     private static final int CREATIONS_PER_COLLECTION = 8;
 
     private static final AtomicInteger creations = new AtomicInteger();
 
-    /** The native part, which lives as long as this object. */
+    /** The native part, with the lifetime of this object. */
     private final long consumer;
     private volatile OnFrameAvailableListener listener;
 
@@ -48,18 +48,18 @@ public class SurfaceTexture {
     }
 
     /**
-     * Latches the newest picture, if there is a new one, and leaves the texture bound to
+     * Latches the newest picture, if it is new, and leaves the texture bound to
      * GL_TEXTURE_EXTERNAL_OES of the active unit. No other GL state changes.
      *
-     * @throws IllegalStateException without a current GL context, or with another than at the
-     *     first call
-     * @throws RuntimeException after release(), or when the system lacks memory
+     * @throws IllegalStateException without a current GL context, or if it is not that of the first
+     *     call
+     * @throws RuntimeException after release(), or if the picture is too large
      */
     public void updateTexImage() {
         nativeUpdateTexImage(consumer);
     }
 
-    /** Size of pictures whose producer states none; a decoder states its own. */
+    /** Sets the size of pictures for producers that set none. A decoder sets its size. */
     public void setDefaultBufferSize(int width, int height) {
         nativeSetDefaultBufferSize(consumer, width, height);
     }
@@ -89,7 +89,7 @@ public class SurfaceTexture {
         nativeListen(consumer, newListener != null);
     }
 
-    /** Frees the pictures; producers and updateTexImage fail from now on. */
+    /** Frees the pictures. Producers and updateTexImage fail after this. */
     public void release() {
         nativeRelease(consumer);
     }

@@ -3,7 +3,7 @@ package android.view;
 import android.graphics.SurfaceTexture;
 import java.lang.ref.Cleaner;
 
-/** Hands pictures, from native code, to a SurfaceTexture. */
+/** Connects native producers of pictures to a SurfaceTexture. */
 public class Surface {
     private static final Cleaner CLEANER;
 
@@ -13,7 +13,7 @@ public class Surface {
     }
 
     private final Cleaner.Cleanable reference;
-    /** The native window, of which this holds a reference; 0 after release(). */
+    /** The native window, with one reference; 0 after release(). */
     private long window;
 
     /** @throws IllegalArgumentException for null, and for a texture that was released */
@@ -30,7 +30,7 @@ public class Surface {
         return window != 0;
     }
 
-    /** Drops this surface's window; those who acquired it natively keep it. */
+    /** Drops this object's reference to the window. Native owners keep theirs. */
     public synchronized void release() {
         window = 0;
         reference.clean();

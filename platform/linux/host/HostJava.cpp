@@ -12,43 +12,43 @@
 
 namespace {
 
-using CreateMachine = jint (*)(JavaVM** machine, void** env, void* arguments);
+using CreateVm = jint (*)(JavaVM** vm, void** env, void* arguments);
 
-constexpr const char* kMachineLibrary = "/lib/server/libjvm.so";
+constexpr const char* kVmLibrary = "/lib/server/libjvm.so";
 
 std::string Or(const char* given, const std::string& fallback) {
     return given != nullptr ? given : fallback;
 }
 
-/// libjvm stays loaded: a machine cannot be taken down again.
-CreateMachine LoadLibrary(const std::string& javaHome) {
-    const std::string path = javaHome + kMachineLibrary;
+/// libjvm stays loaded: a JVM cannot be unloaded.
+CreateVm LoadLibrary(const std::string& javaHome) {
+    const std::string path = javaHome + kVmLibrary;
     void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     void* function = library != nullptr ? dlsym(library, "JNI_CreateJavaVM") : nullptr;
     if (function == nullptr) {
-        throw std::runtime_error("no Java machine in " + javaHome);
+        throw std::runtime_error("no JVM in " + javaHome);
     }
-    return reinterpret_cast<CreateMachine>(function);
+    return reinterpret_cast<CreateVm>(function);
 }
 
-bool HasMachine(const std::string& javaHome) {
-    return access((javaHome + kMachineLibrary).c_str(), R_OK) == 0;
+bool HasVm(const std::string& javaHome) {
+    return access((javaHome + kVmLibrary).c_str(), R_OK) == 0;
 }
 
-/// The one the platform was built with where it is still there, or else the system's.
+/// That of the build if it still exists, or else the system's.
 std::string DefaultJavaHome() {
     constexpr const char* kSystemJavaHome = "/usr/lib/jvm/default-java";
-    return HasMachine(JAVA_HOME) ? JAVA_HOME : kSystemJavaHome;
+    return HasVm(JAVA_HOME) ? JAVA_HOME : kSystemJavaHome;
 }
 
-/// Where the library that contains this code was loaded from: the rest of the platform lies beside.
+/// The directory of this library, which also contains the rest of the platform.
 std::string PlatformDirectory() {
     Dl_info info = {};
     dladdr(reinterpret_cast<const void*>(&PlatformDirectory), &info);
     return std::filesystem::canonical(info.dli_fname).parent_path();
 }
 
-/// The machine itself says nothing of what its class path lacks.
+/// The JVM does not report missing entries of its class path.
 void CheckReadable(const std::string& classPath) {
     for (size_t begin = 0; begin < classPath.size();) {
         const size_t end = std::min(classPath.find(':', begin), classPath.size());
@@ -65,12 +65,12 @@ JavaVM* Start(const HostJavaOptions& options) {
     const std::string platform = PlatformDirectory();
     const std::string jar = Or(options.classPath, platform + "/android.jar");
     CheckReadable(jar);
-    const CreateMachine create = LoadLibrary(javaHome);
+    const CreateVm create = LoadLibrary(javaHome);
 
     std::string classPath = "-Djava.class.path=" + jar;
     std::string libraryPath = "-Djava.library.path=" + Or(options.libraryPath, platform);
-    std::string signals = "-Xrs";  // The program's, not the machine's, where that can do without.
-    std::string collector = "-XX:+UseSerialGC";  // The one without threads of its own.
+    std::string signals = "-Xrs";                // Leave signals to the program.
+    std::string collector = "-XX:+UseSerialGC";  // It has no extra threads.
     std::string check = "-Xcheck:jni";
     std::array<JavaVMOption, 5> list = {{{classPath.data(), nullptr},
                                          {libraryPath.data(), nullptr},
@@ -79,14 +79,13 @@ JavaVM* Start(const HostJavaOptions& options) {
                                          {check.data(), nullptr}}};
     const jint count = static_cast<jint>(list.size()) - (options.checkJni != 0 ? 0 : 1);
     JavaVMInitArgs arguments = {JNI_VERSION_10, count, list.data(), JNI_FALSE};
-    JavaVM* machine = nullptr;
+    JavaVM* vm = nullptr;
     void* env = nullptr;
-    const jint status = create(&machine, &env, &arguments);
+    const jint status = create(&vm, &env, &arguments);
     if (status != JNI_OK) {
-        throw std::runtime_error("the Java machine does not start, error " +
-                                 std::to_string(status));
+        throw std::runtime_error("the JVM does not start, error " + std::to_string(status));
     }
-    return machine;
+    return vm;
 }
 
 }  // namespace

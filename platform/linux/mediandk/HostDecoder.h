@@ -4,5 +4,5 @@
 
 class Codec;
 
-/// Remembers, without keeping it alive, the codec that this thread created last.
+/// Sets the codec that this thread created last, without keeping it alive.
 void SetCurrentCodec(const std::shared_ptr<Codec>& codec);

@@ -1,5 +1,0 @@
-#pragma once
-
-#include <android/log.h>
-
-constexpr char kMediaLogTag[] = "MediaCodec";
