@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "kernel/geometry/private/Grid.h"
 #include "kernel/geometry/private/Mesh.h"
 
 namespace OVR {
@@ -10,7 +9,7 @@ namespace {
 
 constexpr uint32_t kVerticesPerLine = 4;
 constexpr uint32_t kIndicesPerLine = 4;
-constexpr float kDepth = -1.001F;
+constexpr float kDepth = -1.001F;  // Frozen: beyond the edge
 constexpr float kTickScale = 0.02F;
 
 /// Where a line crosses, and its texture coordinate.
@@ -52,6 +51,7 @@ void FillVertices(VertexAttribs& attribs, int extraLines, bool fullGrid) {
     }
 }
 
+/// Frozen: 16-bit indices
 void FillIndices(Array<unsigned short>& indices, uint32_t lines) {
     SizeOnce(indices, lines * kIndicesPerLine);
     for (uint32_t slot = 0; slot < indices.Size; slot += kIndicesPerLine) {
@@ -65,15 +65,11 @@ void FillIndices(Array<unsigned short>& indices, uint32_t lines) {
 
 }  // namespace
 
-Mesh MakeCalibrationLines(int extraLines, bool fullGrid) {
+GlGeometry BuildCalibrationLines(int extraLines, bool fullGrid) {
     Mesh mesh;
     FillVertices(mesh.attribs, extraLines, fullGrid);
     FillIndices(mesh.indices, static_cast<uint32_t>(2 * extraLines + 1));
-    return mesh;
-}
-
-GlGeometry BuildCalibrationLines(int extraLines, bool fullGrid) {
-    return Upload(MakeCalibrationLines(extraLines, fullGrid));
+    return Upload(mesh);  // Frozen: primitive of the calibration lines
 }
 
 }  // namespace OVR

@@ -4,17 +4,21 @@
 
 namespace OVR {
 
-/// A cap of a sphere of radius 100 around the zenith, +y.
+/// A cap of a sphere of radius 100 around the zenith.
 ///
-///          + y   zenith, row 0, v = vScale
+///          + y   zenith, v = vScale
 ///        .-'|'-.
-///      /    |<-->\  latRads                64 cells around, 32 from the zenith to the rim.
-///     |_____|_____|  rim, row 32, v = 0    Vertices run row by row from the zenith downwards,
-///           + origin                       longitude growing from -x by way of -z. Column 64
-///                                          repeats column 0 bit for bit: the seam is closed.
+///      /    |<-->\  latRads
+///     |_____|_____|  rim, v = 0
+///           + origin
 ///
-/// 2,145 vertices, 12,288 indices. texCoord: u along the columns from 0 to \p uScale. vertexColor:
-/// white. Triangles wind clockwise seen from the centre, the opposite of BuildGlobe, on purpose.
+/// - Axis: y. Rows run from the zenith down to the rim.
+/// - Seam: at -x. Columns run on by way of -z, +x and +z. The last repeats the first bit for bit.
+/// - Cells: 64 around × 32, column by column.
+/// - Front: the outside.
+/// - Size: 2,145 vertices, 12,288 indices.
+/// - texCoord: u from 0 at the seam to \p uScale; v from \p vScale at the zenith to 0 at the rim.
+/// - vertexColor: white.
 ///
 /// \param latRads        angle from the zenith to the rim, in radians.
 /// \param uScale, vScale how often the texture goes around and from the zenith to the rim.

@@ -1,18 +1,13 @@
 #include "kernel/geometry/Globe.h"
 
-#include <algorithm>
-#include <array>
-
 #include "kernel/Math.h"
-#include "kernel/geometry/private/Grid.h"
 #include "kernel/geometry/private/Meridians.h"
-#include "kernel/geometry/private/Mesh.h"
 
 namespace OVR {
 namespace {
 
+constexpr float kPi = Math<float>::Pi;
 constexpr Grid kGrid{128, 70};
-using Meridians = std::array<Direction, kGrid.horizontal>;
 
 float ColumnFraction(uint32_t x) {
     return static_cast<float>(x) * 0.0078125F;
@@ -30,38 +25,28 @@ float RowFraction(uint32_t y) {
     return (63.0F + (row - 66.0F) * 0.25F) * 0.015625F;
 }
 
-Meridians MakeMeridians() {
-    Meridians meridians{};
-    for (uint32_t x = 0; x < kGrid.horizontal; ++x) {
-        const float quarterTurnOn = ColumnFraction(x) + 0.25F;
-        meridians[x] = DirectionOf((quarterTurnOn + quarterTurnOn) * Math<float>::Pi);
-    }
-    return meridians;
+/// Frozen: axes and seams
+float Longitude(uint32_t x) {
+    const float quarterTurnOn = ColumnFraction(x % kGrid.horizontal) + 0.25F;
+    return (quarterTurnOn + quarterTurnOn) * kPi;
 }
 
 void FillRow(VertexAttribs& attribs, uint32_t y, const Meridians& meridians, float uScale,
              float vScale, float radius) {
     const float yf = RowFraction(y);
-    const Ring ring = RingAt((yf - 0.5F) * Math<float>::Pi, radius);
-    const float v = (1.0F - yf) * vScale;
+    FillPositionRow(attribs, meridians, y, ParallelOfSphere((yf - 0.5F) * kPi, radius));
     const bool pole = y == 0 || y == kGrid.vertical;
-
-    Vector3<float>* position = attribs.position.Data + size_t{y} * kGrid.Columns();
-    std::transform(meridians.begin(), meridians.end(), position,
-                   [&ring](const Direction& meridian) { return PointOn(ring, meridian); });
-    position[kGrid.horizontal] = position[0];
-
-    Vector2<float>* texCoord = attribs.texCoord.Data + size_t{y} * kGrid.Columns();
-    for (uint32_t x = 0; x <= kGrid.horizontal; ++x) {
-        // At a pole all columns meet: they share the middle of the texture, whatever its scale.
-        texCoord[x] = {pole ? 0.5F : ColumnFraction(x) * uScale, v};
-    }
+    // Frozen: texture at the globe's poles
+    FillTexCoordRow(
+        attribs, kGrid, y,
+        [pole, uScale](uint32_t x) { return pole ? 0.5F : ColumnFraction(x) * uScale; },
+        (1.0F - yf) * vScale);
 }
 
 }  // namespace
 
-Mesh MakeGlobe(float uScale, float vScale, float radius) {
-    const Meridians meridians = MakeMeridians();
+GlGeometry BuildGlobe(float uScale, float vScale, float radius) {
+    const Meridians meridians = MakeMeridians(kGrid, Longitude);
     Mesh mesh;
     SizeVertices(mesh.attribs, kGrid.VertexCount());
     for (uint32_t y = 0; y <= kGrid.vertical; ++y) {
@@ -69,11 +54,7 @@ Mesh MakeGlobe(float uScale, float vScale, float radius) {
     }
     std::fill(mesh.attribs.vertexColor.begin(), mesh.attribs.vertexColor.end(), kOpaqueWhite);
     FillCellsByColumn(mesh.indices, kGrid);
-    return mesh;
-}
-
-GlGeometry BuildGlobe(float uScale, float vScale, float radius) {
-    return Upload(MakeGlobe(uScale, vScale, radius));
+    return Upload(mesh);
 }
 
 }  // namespace OVR

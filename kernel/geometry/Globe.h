@@ -4,18 +4,24 @@
 
 namespace OVR {
 
-/// A whole sphere around the y axis, a surround for an equirectangular picture seen from inside.
+/// A whole sphere that surrounds the viewer, for equirectangular pictures.
 ///
-///        + y              128 cells around, 70 from pole to pole: the rows are four times as dense
-///      .-'''-.            next to either pole. Vertices run row by row from the south pole up,
-///    /_________\          longitude growing from +z by way of -x, -z and +x, so that the middle
-///   |     + - - |-> + x   of the texture lies at -z and is upright seen from the centre.
-///    \_________/          Column 128 repeats column 0 bit for bit: the seam is closed.
+///        + y
+///      .-'''-.
+///    /_________\         The middle of the texture lies at -z, upright for a viewer at the center.
+///   |     + - - |-> + x
+///    \_________/
 ///      '-...-'
 ///
-/// 9,159 vertices, 53,760 indices. texCoord: u along the columns from 0 to \p uScale, but 0.5
-/// throughout both pole rows; v from \p vScale at the south pole to 0 at the north pole.
-/// vertexColor: white. Triangles wind counter-clockwise seen from the centre.
+/// - Axis: y. Rows run from the south pole to the north pole, four times as dense next to either.
+/// - Seam: at +z. Columns run on by way of -x, -z and +x. The last repeats the first bit for bit.
+/// - Cells: 128 around × 70, column by column.
+/// - Front: the inside.
+/// - Size: 9,159 vertices, 53,760 indices.
+/// - texCoord: u from 0 at the seam to \p uScale, but 0.5 in both pole rows; v from \p vScale at
+/// the
+///   south pole to 0 at the north pole.
+/// - vertexColor: white.
 ///
 /// \param uScale, vScale how often the texture goes around and from pole to pole.
 /// \param radius         of the sphere, in the caller's units; any float is accepted.

@@ -4,17 +4,24 @@
 
 namespace OVR {
 
-/// A square patch of a sphere of radius 100 around the y axis, centred on +x.
+/// A square patch of a sphere of radius 100, centered on +x.
 ///
 ///     v = -0.5
-///   ┌───────────┐         64 × 64 cells of equal longitude and latitude. Vertices run row by row
-///   │     |     │ fov     from the lowest latitude up, longitude growing from +x towards +z.
-///   │ ----+---- │         texCoord is centred on zero, on purpose: u runs from -0.5 to 0.5 with
-///   │     |     │         the longitude and v from 0.5 to -0.5 with the latitude. Whoever samples
-///   └───────────┘         a texture adds the offset.
-///  u = -0.5   u = 0.5     vertexColor: white.
+///   ┌───────────┐
+///   │     |     │ fov     Cells span equal angles of longitude and latitude.
+///   │ ----+---- │
+///   │     |     │
+///   └───────────┘
+///  u = -0.5   u = 0.5
 ///
-/// 4,225 vertices, 24,576 indices. Triangles wind counter-clockwise seen from the centre.
+/// - Axis: y. Rows run from the lowest latitude to the highest.
+/// - Seam: none. Columns run from longitude -fov / 2 to fov / 2, towards +z.
+/// - Cells: 64 × 64, column by column.
+/// - Front: the inside.
+/// - Size: 4,225 vertices, 24,576 indices.
+/// - texCoord: centered on zero; u from -0.5 to 0.5 with the longitude, v from 0.5 to -0.5 with the
+///   latitude. Add 0.5 to both to sample a whole texture.
+/// - vertexColor: white.
 ///
 /// \param fov width and height of the patch, in radians.
 /// \return a mesh of GL_TRIANGLES with position, texCoord and vertexColor; the caller frees it.

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "kernel/geometry/private/Grid.h"
-#include "kernel/geometry/private/Mesh.h"
 
 namespace OVR {
 namespace {
@@ -18,6 +17,7 @@ void FillRow(VertexAttribs& attribs, const Grid& grid, uint32_t y, float yf) {
         position[x] = {xf + xf - 1.0F, yf + yf - 1.0F, 0.0F};
         texCoord[x] = {xf, 1.0F - yf};
     }
+    // Frozen: fading borders
     const bool border = y == 0 || y == grid.vertical;
     Vector4<float>* vertexColor = attribs.vertexColor.Data + first;
     std::fill_n(vertexColor, grid.Columns(), border ? kClearWhite : kOpaqueWhite);
@@ -41,17 +41,11 @@ void WriteReversedCells(unsigned short* slots, const Grid& grid) {
     }
 }
 
-/// Splits a front cell along its other diagonal.
-void FlipDiagonal(unsigned short* slots) {
-    slots[1] = slots[5];
-    slots[3] = slots[0];
-}
-
 void FillIndices(Array<unsigned short>& indices, const Grid& grid, bool twoSided) {
     SizeOnce(indices, grid.CellCount() * kIndicesPerCell * (twoSided ? 2 : 1));
     unsigned short* back = WriteCellsByRow(indices.Data, grid);
-    // Deliberately the first and the last cell of the front only (they may be the same one): the
-    // cells in the other two corners, and all of the back, keep the grid's own split.
+    // The first and the last cell of the front, which may be the same one.
+    // Frozen: corners of the quad
     FlipDiagonal(indices.Data);
     FlipDiagonal(back - kIndicesPerCell);
     if (twoSided) {
@@ -61,16 +55,12 @@ void FillIndices(Array<unsigned short>& indices, const Grid& grid, bool twoSided
 
 }  // namespace
 
-Mesh MakeTesselatedQuad(unsigned short horizontal, unsigned short vertical, bool twoSided) {
+GlGeometry BuildTesselatedQuad(unsigned short horizontal, unsigned short vertical, bool twoSided) {
     const Grid grid{horizontal, vertical};
     Mesh mesh;
     FillVertices(mesh.attribs, grid);
     FillIndices(mesh.indices, grid, twoSided);
-    return mesh;
-}
-
-GlGeometry BuildTesselatedQuad(unsigned short horizontal, unsigned short vertical, bool twoSided) {
-    return Upload(MakeTesselatedQuad(horizontal, vertical, twoSided));
+    return Upload(mesh);
 }
 
 }  // namespace OVR

@@ -1,6 +1,9 @@
 #include "kernel/geometry/TesselatedQuadInside.h"
 
 #include <algorithm>
+#include <iterator>
+
+#include "kernel/geometry/private/Mesh.h"
 
 namespace OVR {
 namespace {
@@ -9,43 +12,29 @@ constexpr float kHalfWidth = 0.05F;
 constexpr float kTopOffset = 0.2F;
 constexpr float kBottomOffset = 0.4F;
 
-constexpr uint32_t kVertexCount = 4;
-constexpr uint32_t kOneSidedIndexCount = 6;
-/// The indices of a 1 × 1 grid, corner fix included, then its back side.
+/// The front of a 1 × 1 TesselatedQuad, then its back. Frozen: inner quad upside down
 constexpr unsigned short kIndices[] = {0, 3, 2, 0, 1, 3, 3, 1, 2, 2, 1, 0};
+constexpr Vector2<float> kTexCoords[] = {{0.0F, 1.0F}, {1.0F, 1.0F}, {0.0F, 0.0F}, {1.0F, 0.0F}};
 
 void FillVertices(VertexAttribs& attribs, float x, float y) {
-    attribs.position.Resize(kVertexCount);
-    attribs.texCoord.Resize(kVertexCount);
-    attribs.vertexColor.Resize(kVertexCount);
-
+    SizeVertices(attribs, std::size(kTexCoords));
     attribs.position[0] = {x - kHalfWidth, y - kTopOffset, 0.0F};
     attribs.position[1] = {x + kHalfWidth, y - kTopOffset, 0.0F};
     attribs.position[2] = {x - kHalfWidth, y - kBottomOffset, 0.0F};
     attribs.position[3] = {x + kHalfWidth, y - kBottomOffset, 0.0F};
-
-    attribs.texCoord[0] = {0.0F, 1.0F};
-    attribs.texCoord[1] = {1.0F, 1.0F};
-    attribs.texCoord[2] = {0.0F, 0.0F};
-    attribs.texCoord[3] = {1.0F, 0.0F};
-
-    std::fill(attribs.vertexColor.begin(), attribs.vertexColor.end(),
-              Vector4<float>{1.0F, 1.0F, 1.0F, 0.0F});
+    std::copy(std::begin(kTexCoords), std::end(kTexCoords), attribs.texCoord.begin());
+    // Frozen: fading borders
+    std::fill(attribs.vertexColor.begin(), attribs.vertexColor.end(), kClearWhite);
 }
 
 }  // namespace
 
 GlGeometry BuildTesselatedQuadInside(float x, float y, bool twoSided) {
-    VertexAttribs attribs;
-    FillVertices(attribs, x, y);
-
-    Array<unsigned short> indices;
-    indices.Resize(twoSided ? 2 * kOneSidedIndexCount : kOneSidedIndexCount);
-    std::copy_n(kIndices, indices.Size, indices.Data);
-
-    GlGeometry geometry;
-    geometry.Create(attribs, indices);
-    return geometry;
+    Mesh mesh;
+    FillVertices(mesh.attribs, x, y);
+    SizeOnce(mesh.indices, std::size(kIndices) / (twoSided ? 1 : 2));
+    std::copy_n(kIndices, mesh.indices.Size, mesh.indices.Data);
+    return Upload(mesh);
 }
 
 }  // namespace OVR

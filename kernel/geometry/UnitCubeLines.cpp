@@ -23,7 +23,7 @@ float Coordinate(uint32_t corner, uint32_t bit) {
 
 }  // namespace
 
-Mesh MakeUnitCubeLines() {
+GlGeometry BuildUnitCubeLines() {
     Mesh mesh;
     SizeOnce(mesh.attribs.position, kCorners);
     for (uint32_t k = 0; k < kCorners; ++k) {
@@ -31,11 +31,7 @@ Mesh MakeUnitCubeLines() {
     }
     SizeOnce(mesh.indices, std::size(kEdges));
     std::copy(std::begin(kEdges), std::end(kEdges), mesh.indices.Data);
-    return mesh;
-}
-
-GlGeometry BuildUnitCubeLines() {
-    GlGeometry geometry = Upload(MakeUnitCubeLines());
+    GlGeometry geometry = Upload(mesh);
     geometry.primitiveType = GL_LINES;
     return geometry;
 }

@@ -4,13 +4,12 @@
 #include <array>
 
 #include "kernel/geometry/private/Grid.h"
-#include "kernel/geometry/private/Mesh.h"
 
 namespace OVR {
 namespace {
 
-constexpr float kBeyondEdge = 1.001F;
-constexpr uint32_t kCentreCell = 2;
+constexpr float kBeyondEdge = 1.001F;  // Frozen: beyond the edge
+constexpr uint32_t kCenterCell = 2;
 constexpr Grid kGrid{5, 5};
 using Stops = std::array<float, kGrid.Columns()>;
 
@@ -22,7 +21,7 @@ Stops MakeStops(float fraction) {
 }
 
 bool AtOpening(uint32_t stop) {
-    return stop == kCentreCell || stop == kCentreCell + 1;
+    return stop == kCenterCell || stop == kCenterCell + 1;
 }
 
 void FillVertices(VertexAttribs& attribs, const Stops& xStops, const Stops& yStops) {
@@ -37,24 +36,18 @@ void FillVertices(VertexAttribs& attribs, const Stops& xStops, const Stops& ySto
     std::fill(attribs.texCoord.begin(), attribs.texCoord.end(), Vector2<float>{0.0F, 0.0F});
 }
 
-/// As WriteCell, but split from the cell's first vertex to the opposite one.
-unsigned short* WriteCellOnDiagonal(unsigned short* slots, uint32_t first) {
-    WriteCell(slots, first, kGrid.Columns());
-    slots[1] = slots[5];
-    slots[3] = slots[0];
-    return slots + kIndicesPerCell;
-}
-
 void FillIndices(Array<unsigned short>& indices) {
     SizeOnce(indices, (kGrid.CellCount() - 1) * kIndicesPerCell);
     unsigned short* slots = indices.Data;
     for (uint32_t y = 0; y < kGrid.vertical; ++y) {
         for (uint32_t x = 0; x < kGrid.horizontal; ++x) {
-            const uint32_t first = y * kGrid.Columns() + x;
-            if (x != y) {
-                slots = WriteCell(slots, first, kGrid.Columns());
-            } else if (x != kCentreCell) {
-                slots = WriteCellOnDiagonal(slots, first);
+            if (x == kCenterCell && y == kCenterCell) {
+                continue;
+            }
+            unsigned short* const cell = slots;
+            slots = WriteCell(cell, y * kGrid.Columns() + x, kGrid.Columns());
+            if (x == y) {
+                FlipDiagonal(cell);
             }
         }
     }
@@ -62,15 +55,11 @@ void FillIndices(Array<unsigned short>& indices) {
 
 }  // namespace
 
-Mesh MakeVignette(float xFraction, float yFraction) {
+GlGeometry BuildVignette(float xFraction, float yFraction) {
     Mesh mesh;
     FillVertices(mesh.attribs, MakeStops(xFraction), MakeStops(yFraction));
     FillIndices(mesh.indices);
-    return mesh;
-}
-
-GlGeometry BuildVignette(float xFraction, float yFraction) {
-    return Upload(MakeVignette(xFraction, yFraction));
+    return Upload(mesh);
 }
 
 }  // namespace OVR

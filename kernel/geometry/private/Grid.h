@@ -17,18 +17,11 @@ struct Grid {
 };
 
 constexpr uint32_t kIndicesPerCell = 6;
-constexpr Vector4<float> kOpaqueWhite = {1.0F, 1.0F, 1.0F, 1.0F};
-constexpr Vector4<float> kClearWhite = {1.0F, 1.0F, 1.0F, 0.0F};
 
-/// Sizes what every surface has: position, texCoord and vertexColor.
-inline void SizeVertices(VertexAttribs& attribs, uint32_t count) {
-    SizeOnce(attribs.position, count);
-    SizeOnce(attribs.texCoord, count);
-    SizeOnce(attribs.vertexColor, count);
-}
-
-/// Two triangles over the cell whose first vertex is \p first, split between the vertices right of
-/// and after it. Index values wrap at 16 bits. \return the slot behind the cell's.
+/// Writes the two triangles of the cell whose first vertex is \p first. They meet between the
+/// vertex to its right and the one in the next row. \return the slot behind the cell's.
+///
+/// Frozen: 16-bit indices
 inline unsigned short* WriteCell(unsigned short* slots, uint32_t first, uint32_t columns) {
     const auto i = static_cast<unsigned short>(first);
     const auto right = static_cast<unsigned short>(i + 1);
@@ -43,7 +36,13 @@ inline unsigned short* WriteCell(unsigned short* slots, uint32_t first, uint32_t
     return slots + kIndicesPerCell;
 }
 
-/// The cells row by row, into room for all of them. \return the slot behind the last.
+/// Splits a cell of WriteCell along its other diagonal.
+inline void FlipDiagonal(unsigned short* slots) {
+    slots[1] = slots[5];
+    slots[3] = slots[0];
+}
+
+/// Writes the cells row by row, into room for all of them. \return the slot behind the last.
 inline unsigned short* WriteCellsByRow(unsigned short* slots, const Grid& grid) {
     for (uint32_t y = 0; y < grid.vertical; ++y) {
         for (uint32_t x = 0; x < grid.horizontal; ++x) {
@@ -53,7 +52,11 @@ inline unsigned short* WriteCellsByRow(unsigned short* slots, const Grid& grid) 
     return slots;
 }
 
-/// The cells column by column.
+inline void FillCellsByRow(Array<unsigned short>& indices, const Grid& grid) {
+    SizeOnce(indices, grid.CellCount() * kIndicesPerCell);
+    WriteCellsByRow(indices.Data, grid);
+}
+
 inline void FillCellsByColumn(Array<unsigned short>& indices, const Grid& grid) {
     SizeOnce(indices, grid.CellCount() * kIndicesPerCell);
     unsigned short* slots = indices.Data;
@@ -61,6 +64,15 @@ inline void FillCellsByColumn(Array<unsigned short>& indices, const Grid& grid) 
         for (uint32_t y = 0; y < grid.vertical; ++y) {
             slots = WriteCell(slots, y * grid.Columns() + x, grid.Columns());
         }
+    }
+}
+
+/// Fills the texture coordinates of row \p y. \p uOf gives u for a column.
+template <typename UOf>
+void FillTexCoordRow(VertexAttribs& attribs, const Grid& grid, uint32_t y, UOf uOf, float v) {
+    Vector2<float>* row = attribs.texCoord.Data + size_t{y} * grid.Columns();
+    for (uint32_t x = 0; x <= grid.horizontal; ++x) {
+        row[x] = {uOf(x), v};
     }
 }
 

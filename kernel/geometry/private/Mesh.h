@@ -10,12 +10,22 @@ struct Mesh {
     Array<unsigned short> indices;
 };
 
-/// Gives an empty array its final size, without the spare room of one that grows on.
+/// Gives an empty array its final size, without spare room.
 template <typename T>
 void SizeOnce(Array<T>& array, uint32_t size) {
     array.Reserve(size);
     array.Size = size;
 }
+
+/// Sizes what every surface has: position, texCoord and vertexColor.
+inline void SizeVertices(VertexAttribs& attribs, uint32_t count) {
+    SizeOnce(attribs.position, count);
+    SizeOnce(attribs.texCoord, count);
+    SizeOnce(attribs.vertexColor, count);
+}
+
+constexpr Vector4<float> kOpaqueWhite = {1.0F, 1.0F, 1.0F, 1.0F};
+constexpr Vector4<float> kClearWhite = {1.0F, 1.0F, 1.0F, 0.0F};
 
 /// \return the mesh on the GPU, of GL_TRIANGLES; the caller frees it.
 inline GlGeometry Upload(const Mesh& mesh) {
@@ -23,18 +33,5 @@ inline GlGeometry Upload(const Mesh& mesh) {
     geometry.Create(mesh.attribs, mesh.indices);
     return geometry;
 }
-
-/// \name The CPU halves of the builders, with the builders' own arguments.
-/// @{
-Mesh MakeTesselatedQuad(unsigned short horizontal, unsigned short vertical, bool twoSided);
-Mesh MakeGlobe(float uScale, float vScale, float radius);
-Mesh MakeDome(float latRads, float uScale, float vScale);
-Mesh MakeTesselatedCylinder(float radius, float height, unsigned short horizontal,
-                            unsigned short vertical, float uScale, float vScale);
-Mesh MakeSpherePatch(float fov);
-Mesh MakeVignette(float xFraction, float yFraction);
-Mesh MakeUnitCubeLines();
-Mesh MakeCalibrationLines(int extraLines, bool fullGrid);
-/// @}
 
 }  // namespace OVR
