@@ -1,5 +1,7 @@
 #pragma once
 
+#include <android/native_window.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -7,13 +9,15 @@
 #include <mutex>
 #include <vector>
 
-/// A picture in RGBA, first row first, without padding.
+/// A picture in RGBA, first row first.
 struct WindowFrame {
     WindowFrame(int width, int height);
 
     int width;
     int height;
     int64_t timestampNs = 0;
+    ARect crop = {};    ///< The part that has the picture; empty: all.
+    int transform = 0;  ///< Bits of ANativeWindowTransform.
     std::unique_ptr<uint8_t[]> pixels;
 };
 

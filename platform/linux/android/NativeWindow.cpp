@@ -53,6 +53,15 @@ int32_t ANativeWindow_setBuffersGeometry(ANativeWindow* window, int32_t width, i
     return 0;
 }
 
+int32_t ANativeWindow_setBuffersTransform(ANativeWindow* window, int32_t transform) {
+    if (transform < 0 || transform > ANATIVEWINDOW_TRANSFORM_ROTATE_270) {
+        return -EINVAL;
+    }
+    const std::lock_guard<std::mutex> lock(window->mutex);
+    window->transform = transform;
+    return 0;
+}
+
 int32_t ANativeWindow_lock(ANativeWindow* window, ANativeWindow_Buffer* buffer, ARect* dirty) {
     const std::lock_guard<std::mutex> lock(window->mutex);
     if (window->locked != nullptr) {
@@ -78,6 +87,8 @@ int32_t ANativeWindow_unlockAndPost(ANativeWindow* window) {
     }
     auto frame = std::move(window->locked);
     frame->timestampNs = window->timestampNs.value_or(Now());
+    frame->crop = window->crop;
+    frame->transform = window->transform;
     lock.unlock();
     window->queue->Queue(std::move(frame));
     return 0;
@@ -86,6 +97,12 @@ int32_t ANativeWindow_unlockAndPost(ANativeWindow* window) {
 int native_window_set_buffers_timestamp(ANativeWindow* window, int64_t timestampNs) {
     const std::lock_guard<std::mutex> lock(window->mutex);
     window->timestampNs = timestampNs;
+    return 0;
+}
+
+int native_window_set_crop(ANativeWindow* window, const ARect* crop) {
+    const std::lock_guard<std::mutex> lock(window->mutex);
+    window->crop = crop != nullptr ? *crop : ARect{};
     return 0;
 }
 

@@ -19,6 +19,8 @@ struct ANativeWindow {
     std::mutex mutex;  ///< Guards all below.
     int width = 0;     ///< 0, 0: the consumer's default.
     int height = 0;
+    ARect crop = {};
+    int transform = 0;
     std::optional<int64_t> timestampNs;   ///< None: the time of the post.
     std::unique_ptr<WindowFrame> locked;  ///< The frame that the producer fills.
 };

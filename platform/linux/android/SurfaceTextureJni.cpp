@@ -64,7 +64,7 @@ jlong Java_android_graphics_SurfaceTexture_nativeGetTimestamp(JNIEnv* /*env*/, j
 void Java_android_graphics_SurfaceTexture_nativeGetTransformMatrix(JNIEnv* env, jobject /*self*/,
                                                                    jlong handle,
                                                                    jfloatArray values) {
-    const TextureConsumer::Matrix matrix = Consumer(handle).Transform();
+    const Matrix matrix = Consumer(handle).Transform();
     env->SetFloatArrayRegion(values, 0, static_cast<jsize>(matrix.size()), matrix.data());
 }
 

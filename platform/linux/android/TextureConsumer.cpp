@@ -4,15 +4,6 @@
 // After gl3.h, whose types it uses.
 #include <GLES2/gl2ext.h>
 
-namespace {
-
-constexpr TextureConsumer::Matrix kIdentity = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-
-/// In columns: s stays, t becomes 1 - t.
-constexpr TextureConsumer::Matrix kFlipped = {1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1, 0, 0, 1, 0, 1};
-
-}  // namespace
-
 TextureConsumer::Result TextureConsumer::Update() {
     const std::lock_guard<std::mutex> lock(mutex_);
     if (queue_->IsAbandoned()) {
@@ -42,9 +33,9 @@ int64_t TextureConsumer::Timestamp() const {
     return timestampNs_;
 }
 
-TextureConsumer::Matrix TextureConsumer::Transform() const {
+Matrix TextureConsumer::Transform() const {
     const std::lock_guard<std::mutex> lock(mutex_);
-    return latched_ ? kFlipped : kIdentity;
+    return matrix_;
 }
 
 TextureConsumer::Result TextureConsumer::CheckContext() {
@@ -71,6 +62,6 @@ TextureConsumer::Result TextureConsumer::Latch(const WindowFrame& frame) {
     image_->Upload(frame);
     image_->ShowIn(GL_TEXTURE_EXTERNAL_OES);
     timestampNs_ = frame.timestampNs;
-    latched_ = true;
+    matrix_ = TransformOf(frame);
     return Result::kDone;
 }

@@ -2,18 +2,17 @@
 
 #include <EGL/egl.h>
 
-#include <array>
 #include <memory>
 #include <mutex>
 
 #include "FrameQueue.h"
 #include "SharedImage.h"
+#include "TransformMatrix.h"
 
 /// Shows the newest frame of a queue in an external texture.
 class TextureConsumer {
 public:
     enum class Result { kDone, kReleased, kNoContext, kOtherContext, kFailed };
-    using Matrix = std::array<float, 16>;
 
     explicit TextureConsumer(unsigned texture) : texture_(texture) {}
 
@@ -29,8 +28,7 @@ public:
 
     /// The latched frame's, in nanoseconds; 0 before the first.
     int64_t Timestamp() const;
-    /// Takes texture coordinates with t upwards to where the frame has them: its first row is at
-    /// t = 0. The identity before the first frame.
+    /// TransformOf the latched frame; the identity before the first.
     Matrix Transform() const;
 
 private:
@@ -48,5 +46,5 @@ private:
     std::unique_ptr<SharedImage> image_;
     std::unique_ptr<SharedImage> previous_;
     int64_t timestampNs_ = 0;
-    bool latched_ = false;
+    Matrix matrix_ = kIdentity;
 };

@@ -30,6 +30,16 @@ std::vector<uint8_t> ParameterSets(const AMediaFormat& format) {
     return sets;
 }
 
+int TransformFor(const AMediaFormat& format) {
+    const auto* degrees = format.Find<int32_t>("rotation-degrees");
+    switch (degrees != nullptr ? *degrees : 0) {
+        case 90: return ANATIVEWINDOW_TRANSFORM_ROTATE_90;
+        case 180: return ANATIVEWINDOW_TRANSFORM_ROTATE_180;
+        case 270: return ANATIVEWINDOW_TRANSFORM_ROTATE_270;
+        default: return ANATIVEWINDOW_TRANSFORM_IDENTITY;
+    }
+}
+
 bool IsSize(const int32_t* value) {
     constexpr int32_t kLargest = 1 << 14;
     return value != nullptr && *value > 0 && *value <= kLargest;
@@ -50,10 +60,13 @@ media_status_t Codec::Configure(const AMediaFormat& format, ANativeWindow* windo
     if (configuration_) {
         return AMEDIA_ERROR_INVALID_OPERATION;
     }
-    configuration_ =
-        Configuration{{}, CapacityFor(format, *width, *height), ParameterSets(format), nullptr};
+    configuration_ = Configuration{{},
+                                   CapacityFor(format, *width, *height),
+                                   ParameterSets(format),
+                                   TransformFor(format),
+                                   nullptr};
     if (window != nullptr) {
-        configuration_->renderer = std::make_shared<WindowRenderer>(window, flow_);
+        configuration_->renderer = NewRenderer(window);
     }
     return AMEDIA_OK;
 }
@@ -99,6 +112,19 @@ media_status_t Codec::Flush() {
     decoder->Flush();
     const PictureFormat announced = session_->Output().Format();
     session_ = NewSession(std::move(decoder), announced);
+    return AMEDIA_OK;
+}
+
+media_status_t Codec::SetWindow(ANativeWindow* window) {
+    if (window == nullptr) {
+        return AMEDIA_ERROR_INVALID_PARAMETER;
+    }
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (!configuration_ || configuration_->renderer == nullptr) {
+        return AMEDIA_ERROR_INVALID_OPERATION;
+    }
+    configuration_->renderer = NewRenderer(window);
+    flow_->EndTurn();  // Nobody may latch the old window's picture.
     return AMEDIA_OK;
 }
 
@@ -191,6 +217,10 @@ size_t Codec::InputCapacity() {
 std::shared_ptr<DecodeSession> Codec::Session() {
     const std::lock_guard<std::mutex> lock(mutex_);
     return session_;
+}
+
+std::shared_ptr<WindowRenderer> Codec::NewRenderer(ANativeWindow* window) {
+    return std::make_shared<WindowRenderer>(window, configuration_->transform, flow_);
 }
 
 std::shared_ptr<WindowRenderer> Codec::Renderer() {

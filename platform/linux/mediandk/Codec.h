@@ -24,6 +24,7 @@ public:
     media_status_t Start();
     media_status_t Stop();
     media_status_t Flush();
+    media_status_t SetWindow(ANativeWindow* window);
 
     ssize_t DequeueInput(int64_t timeoutUs);
     uint8_t* InputData(size_t index, size_t* capacity);
@@ -50,12 +51,14 @@ private:
         PictureFormat announced;
         size_t inputCapacity;
         std::vector<uint8_t> parameterSets;
+        int transform;
         std::shared_ptr<WindowRenderer> renderer;
     };
 
     std::shared_ptr<DecodeSession> Session();
     std::shared_ptr<DecodeSession> NewSession(std::unique_ptr<VideoDecoder> decoder,
                                               const PictureFormat& announced);
+    std::shared_ptr<WindowRenderer> NewRenderer(ANativeWindow* window);
     std::shared_ptr<WindowRenderer> Renderer();
     void Show(const Picture& picture, std::optional<int64_t> timestampNs);
 

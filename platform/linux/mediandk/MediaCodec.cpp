@@ -44,6 +44,10 @@ AMediaFormat* Describe(const PictureFormat& picture) {
     AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_HEIGHT, picture.height);
     AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_STRIDE, picture.width);
     AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_SLICE_HEIGHT, picture.height);
+    AMediaFormat_setInt32(format, "crop-left", 0);
+    AMediaFormat_setInt32(format, "crop-top", 0);
+    AMediaFormat_setInt32(format, "crop-right", picture.width - 1);
+    AMediaFormat_setInt32(format, "crop-bottom", picture.height - 1);
     AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_COLOR_FORMAT, kYuv420Planar);
     AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_COLOR_RANGE,
                           picture.fullRange ? kFullRange : kLimitedRange);
@@ -92,6 +96,10 @@ media_status_t AMediaCodec_stop(AMediaCodec* codec) {
 
 media_status_t AMediaCodec_flush(AMediaCodec* codec) {
     return With(codec, [](Codec& object) { return object.Flush(); });
+}
+
+media_status_t AMediaCodec_setOutputSurface(AMediaCodec* codec, ANativeWindow* surface) {
+    return With(codec, [=](Codec& object) { return object.SetWindow(surface); });
 }
 
 ssize_t AMediaCodec_dequeueInputBuffer(AMediaCodec* codec, int64_t timeoutUs) {

@@ -4,15 +4,16 @@
 
 #include <utility>
 
-WindowRenderer::WindowRenderer(ANativeWindow* window, std::shared_ptr<FrameFlow> flow)
-    : window_(window), flow_(std::move(flow)) {
+WindowRenderer::WindowRenderer(ANativeWindow* window, int transform,
+                               std::shared_ptr<FrameFlow> flow)
+    : window_(window), transform_(transform), flow_(std::move(flow)) {
     ANativeWindow_acquire(window_);
-    const auto latch = [](void* flow) { static_cast<FrameFlow*>(flow)->Latch(); };
-    native_window_set_latch_listener(window_, latch, flow_.get());
+    const auto latch = [](void* self) { static_cast<WindowRenderer*>(self)->flow_->Latch(); };
+    native_window_set_latch_listener(window_, latch, this);
 }
 
 WindowRenderer::~WindowRenderer() {
-    native_window_remove_latch_listener(window_, flow_.get());
+    native_window_remove_latch_listener(window_, this);
     ANativeWindow_release(window_);
 }
 
@@ -27,5 +28,6 @@ bool WindowRenderer::Render(const Picture& picture, int64_t timestampNs) {
     }
     ConvertToRgba(picture, static_cast<uint8_t*>(buffer.bits), buffer.stride * kPixelSize);
     native_window_set_buffers_timestamp(window_, timestampNs);
+    ANativeWindow_setBuffersTransform(window_, transform_);
     return ANativeWindow_unlockAndPost(window_) == 0;
 }

@@ -11,8 +11,9 @@
 /// Draws pictures into a window and holds a reference to it. Thread-safe.
 class WindowRenderer {
 public:
+    /// \param transform bits of ANativeWindowTransform.
     /// \param flow counts the latched pictures.
-    WindowRenderer(ANativeWindow* window, std::shared_ptr<FrameFlow> flow);
+    WindowRenderer(ANativeWindow* window, int transform, std::shared_ptr<FrameFlow> flow);
     ~WindowRenderer();
     WindowRenderer(const WindowRenderer&) = delete;
     WindowRenderer& operator=(const WindowRenderer&) = delete;
@@ -22,6 +23,7 @@ public:
 
 private:
     ANativeWindow* window_;
+    const int transform_;
     const std::shared_ptr<FrameFlow> flow_;
     std::mutex mutex_;
 };

@@ -12,6 +12,7 @@ AMediaFormat* NewFormat(const CodecClient::Setup& setup) {
     AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_WIDTH, setup.width);
     AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_HEIGHT, setup.height);
     AMediaFormat_setString(format, AMEDIAFORMAT_KEY_MIME, setup.mimeType.c_str());
+    AMediaFormat_setInt32(format, "rotation-degrees", setup.rotation);
     if (!setup.parameterSets.empty()) {
         AMediaFormat_setBuffer(format, AMEDIAFORMAT_KEY_CSD_0, setup.parameterSets.data(),
                                setup.parameterSets.size());

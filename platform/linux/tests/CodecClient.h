@@ -30,6 +30,7 @@ public:
         int height = 240;
         ANativeWindow* window = nullptr;
         std::vector<uint8_t> parameterSets;
+        int rotation = 0;  ///< Degrees.
     };
 
     explicit CodecClient(const Setup& setup);

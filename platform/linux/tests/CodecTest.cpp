@@ -27,7 +27,7 @@ TestStream GrayRamp(const std::string& encoder, int bFrames) {
 }
 
 CodecClient::Setup SetupFor(const TestStream& stream) {
-    return {stream.MimeType(), stream.width, stream.height, nullptr, {}};
+    return {stream.MimeType(), stream.width, stream.height, nullptr, {}, 0};
 }
 
 std::vector<TestOutput> DecodeAll(CodecClient& client, const std::vector<TestUnit>& units) {

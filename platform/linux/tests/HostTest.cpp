@@ -97,7 +97,7 @@ TEST_F(HostOfDecoder, SeesEveryPictureOnceInLockStep) {
     constexpr int kCount = 40;
     const TestStream stream = BrighteningStream(2);
     const auto units = Encode(stream, kCount);
-    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}});
+    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}, 0});
     const Host host(HostDecoder_acquire());
     HostDecoder_setLockStep(host.get(), 1);
     const auto pictures = Play(client, host.get(), units);
@@ -112,7 +112,7 @@ TEST_F(HostOfDecoder, SeesEveryPictureOnceInLockStep) {
 TEST_F(HostOfDecoder, SteppingHoldsAPictureThatWasShown) {
     constexpr int kCount = 8;
     const TestStream stream = BrighteningStream(0);
-    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}});
+    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}, 0});
     const Host host(HostDecoder_acquire());
     HostDecoder_setStepping(host.get(), 1);
     client.Feed(Encode(stream, kCount));
@@ -137,7 +137,7 @@ TEST_F(HostOfDecoder, SteppingHoldsAPictureThatWasShown) {
 
 TEST_F(HostOfDecoder, KeepsTimeOutsWhileAPictureWaitsToBeShown) {
     const TestStream stream = BrighteningStream(0);
-    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}});
+    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}, 0});
     const Host host(HostDecoder_acquire());
     HostDecoder_setLockStep(host.get(), 1);
     client.Feed(Encode(stream, 8));
@@ -188,9 +188,31 @@ TEST_F(HostOfDecoder, AppliesToTheThreadsNewestDecoderAsLongAsThatLives) {
     EXPECT_EQ(HostDecoder_acquire(), nullptr);
 }
 
+TEST_F(HostOfDecoder, GoesOnWithAnotherWindow) {
+    const TestStream stream = BrighteningStream(0);
+    const auto units = Encode(stream, 4);
+    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}, 90});
+    const Host host(HostDecoder_acquire());
+    HostDecoder_setLockStep(host.get(), 1);
+    const Drainer drainer(client.Get());
+    EXPECT_EQ(QueueUnit(client.Get(), units[0], 0), 0);
+    EXPECT_EQ(QueueUnit(client.Get(), units[1], 0), 0);
+    EXPECT_EQ(HostDecoder_waitForFrame(host.get(), 0, kLongUs, nullptr), HOST_READY);
+    const TestWindow other;
+    EXPECT_LT(AMediaCodec_setOutputSurface(client.Get(), nullptr), 0);
+    EXPECT_EQ(AMediaCodec_setOutputSurface(client.Get(), other.window), AMEDIA_OK);
+    EXPECT_EQ(HostDecoder_waitForFrame(host.get(), 1, kLongUs, nullptr), HOST_READY);
+    for (const auto& queue : {window.queue, other.queue}) {
+        const auto frame = queue->Acquire();
+        ASSERT_NE(frame, nullptr);
+        EXPECT_EQ(frame->timestampNs, queue == other.queue ? kFrameTimeUs * 1000 : 0);
+        EXPECT_EQ(frame->transform, ANATIVEWINDOW_TRANSFORM_ROTATE_90);
+    }
+}
+
 TEST_F(HostOfDecoder, DoesNotWaitForPicturesThatNobodyCanShow) {
     const TestStream stream = BrighteningStream(0);
-    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}});
+    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}, 0});
     const Host host(HostDecoder_acquire());
     HostDecoder_setLockStep(host.get(), 1);
     window.queue->Abandon();

@@ -119,6 +119,41 @@ TEST_F(SurfaceTexture, ShowsTheNewestPictureFirstRowFirst) {
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
 }
 
+TEST_F(SurfaceTexture, MapsTheUprightPictureToTheCroppedAndTurnedBuffer) {
+    // The picture is in columns 2 to 6 and rows 1 to 3 of 8 by 4 texels, each less half a texel.
+    constexpr ARect kCrop = {2, 1, 7, 4};
+    constexpr float kLeft = 2.5F / 8;
+    constexpr float kRight = 6.5F / 8;
+    constexpr float kTop = 1.5F / 4;
+    constexpr float kBottom = 3.5F / 4;
+    const struct {
+        int transform;
+        std::array<float, 2> bottomLeft;
+        std::array<float, 2> bottomRight;
+        std::array<float, 2> topLeft;
+    } cases[] = {
+        {ANATIVEWINDOW_TRANSFORM_IDENTITY, {kLeft, kBottom}, {kRight, kBottom}, {kLeft, kTop}},
+        {ANATIVEWINDOW_TRANSFORM_ROTATE_90, {kRight, kBottom}, {kRight, kTop}, {kLeft, kBottom}},
+        {ANATIVEWINDOW_TRANSFORM_ROTATE_180, {kRight, kTop}, {kLeft, kTop}, {kRight, kBottom}},
+        {ANATIVEWINDOW_TRANSFORM_ROTATE_270, {kLeft, kTop}, {kLeft, kBottom}, {kRight, kTop}},
+    };
+    for (const auto& [transform, bottomLeft, bottomRight, topLeft] : cases) {
+        SCOPED_TRACE(transform);
+        native_window_set_crop(window, &kCrop);
+        ASSERT_EQ(ANativeWindow_setBuffersTransform(window, transform), 0);
+        Post(window, 8, 4, Pattern(8, 4, transform), 0);
+        EXPECT_EQ(texture->Call("updateTexImage"), "");
+        const std::array<float, 16> matrix = TransformOf(*texture);
+        for (size_t i = 0; i < 2; ++i) {
+            EXPECT_FLOAT_EQ(matrix.at(12 + i), bottomLeft.at(i));
+            EXPECT_FLOAT_EQ(matrix.at(12 + i) + matrix.at(i), bottomRight.at(i));
+            EXPECT_FLOAT_EQ(matrix.at(12 + i) + matrix.at(4 + i), topLeft.at(i));
+        }
+        EXPECT_EQ(ReadExternal(name, 8, 4), Pattern(8, 4, transform)) << "the buffer is untouched";
+    }
+    EXPECT_LT(ANativeWindow_setBuffersTransform(window, 8), 0);
+}
+
 TEST_F(SurfaceTexture, KeepsItsPictureWhereTheNextIsTooLarge) {
     Post(window, 4, 4, Pattern(4, 4, 0), 0);
     EXPECT_EQ(texture->Call("updateTexImage"), "");

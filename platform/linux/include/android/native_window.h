@@ -23,6 +23,16 @@ enum {
     WINDOW_FORMAT_RGBA_8888 = 1,
 };
 
+/// What the consumer does to a buffer to show it upright. Bits: the flips come before the rotation.
+enum ANativeWindowTransform {
+    ANATIVEWINDOW_TRANSFORM_IDENTITY = 0,
+    ANATIVEWINDOW_TRANSFORM_MIRROR_HORIZONTAL = 1,
+    ANATIVEWINDOW_TRANSFORM_MIRROR_VERTICAL = 2,
+    ANATIVEWINDOW_TRANSFORM_ROTATE_90 = 4,  ///< Clockwise.
+    ANATIVEWINDOW_TRANSFORM_ROTATE_180 = 3,
+    ANATIVEWINDOW_TRANSFORM_ROTATE_270 = 7,
+};
+
 typedef struct ANativeWindow_Buffer {
     int32_t width;
     int32_t height;
@@ -44,6 +54,10 @@ int32_t ANativeWindow_getFormat(ANativeWindow* window);
 /// \param format WINDOW_FORMAT_RGBA_8888, or 0 for the same.
 int32_t ANativeWindow_setBuffersGeometry(ANativeWindow* window, int32_t width, int32_t height,
                                          int32_t format);
+
+/// Sets the transform of the next buffers.
+/// \param transform bits of ANativeWindowTransform.
+int32_t ANativeWindow_setBuffersTransform(ANativeWindow* window, int32_t transform);
 
 /// Locks a buffer, whose contents are undefined. The caller writes every pixel.
 /// \param dirty grown to the whole buffer; may be null.

@@ -49,12 +49,18 @@ enum {
 AMediaCodec* AMediaCodec_createDecoderByType(const char* mimeType);
 media_status_t AMediaCodec_delete(AMediaCodec* codec);
 
-/// The format must have a width and a height. "csd-0", "csd-1" and "max-input-size" are used, too.
-/// Without a window, AMediaCodec_getOutputBuffer gives the pictures.
+/// The format must have a width and a height. "csd-0", "csd-1", "max-input-size" and
+/// "rotation-degrees" are used, too. The latter turns the picture clockwise, by 0, 90, 180 or 270
+/// degrees, in the window's transform only. Without a window, AMediaCodec_getOutputBuffer gives the
+/// pictures.
 media_status_t AMediaCodec_configure(AMediaCodec* codec, const AMediaFormat* format,
                                      ANativeWindow* surface, AMediaCrypto* crypto, uint32_t flags);
 media_status_t AMediaCodec_start(AMediaCodec* codec);
 media_status_t AMediaCodec_stop(AMediaCodec* codec);
+
+/// Gives the pictures that are released from now on to another window. The codec must be configured
+/// with a window.
+media_status_t AMediaCodec_setOutputSurface(AMediaCodec* codec, ANativeWindow* surface);
 
 /// Drops all input and output, including the buffers that the caller holds. Waits of other threads
 /// end with an error.
@@ -73,7 +79,9 @@ ssize_t AMediaCodec_dequeueOutputBuffer(AMediaCodec* codec, AMediaCodecBufferInf
 /// The picture as planes Y, U, V without padding, chroma halved both ways.
 /// \return null with a window, and unless the caller holds a buffer with a picture.
 uint8_t* AMediaCodec_getOutputBuffer(AMediaCodec* codec, size_t index, size_t* size);
-/// The format of the next pictures, which the caller deletes. Null before start.
+/// The format of the next pictures, which the caller deletes. Null before start. "width" and
+/// "height" are those of the buffer. "crop-left", "crop-top", "crop-right" and "crop-bottom" are
+/// the first and last column and row of the picture in it.
 AMediaFormat* AMediaCodec_getOutputFormat(AMediaCodec* codec);
 
 /// Returns the buffer. If \p render is true, the window gets its picture first.

@@ -12,6 +12,10 @@ extern "C" {
 /// Sets the time stamp of the next buffers, in nanoseconds.
 int native_window_set_buffers_timestamp(ANativeWindow* window, int64_t timestampNs);
 
+/// Sets the part of the next buffers that has the picture, in pixels. Right and bottom are outside
+/// of it. Null selects the whole buffer.
+int native_window_set_crop(ANativeWindow* window, const ARect* crop);
+
 /// Calls \p listener with \p context, on the consumer's thread, whenever the consumer latches a
 /// buffer. All windows of a consumer share one listener. It must not call the window.
 void native_window_set_latch_listener(ANativeWindow* window, void (*listener)(void* context),

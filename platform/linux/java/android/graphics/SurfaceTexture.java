@@ -70,9 +70,14 @@ public class SurfaceTexture {
     }
 
     /**
-     * Gives the matrix, column by column, that takes texture coordinates with t upwards to the
-     * texture's own. The picture's first row is at the texture's t = 0, so that is a vertical flip;
-     * the identity before the first picture. Sampling without it gives the first row first.
+     * Gives the matrix, column by column, that maps a place (s, t, 0, 1) in the upright picture, with
+     * t = 0 at the bottom, to the place in the texture where it is sampled. The identity before the
+     * first picture.
+     *
+     * <p>The picture's first row is at t = 0 of the texture, so the matrix is a vertical flip for a
+     * picture that fills its buffer. It also has the rotation that the producer asks for, and the crop
+     * of a picture that does not fill its buffer: that leaves out half a texel on each side of a
+     * direction that is cropped, so that linear filtering does not reach the padding.
      *
      * @throws IllegalArgumentException unless there is room for exactly 16 values
      */
