@@ -10,13 +10,6 @@
 
 namespace {
 
-constexpr double kFieldOfViewDegrees = 47.0;
-constexpr float kAspect = 1.0F;  // Deliberately not the output's: a square view fills any frame.
-constexpr float kNearPlane = 0.1F;
-constexpr float kFarPlane = 100.0F;
-
-constexpr float kFarthestCamera = 3.0F;
-constexpr float kCameraStepPerZoom = 0.5F;
 constexpr float kInitialZoom = 2.0F;
 
 /// The error checks of bindTextures, for one kind of source.
@@ -109,7 +102,7 @@ GPUTextureFilterBaseImpl::GPUTextureFilterBaseImpl(uint32_t targetTexture, uint3
       m_maskFormat(maskFormat),
       m_maskWidth(maskWidth),
       m_maskHeight(maskHeight),
-      m_projection(Perspective(kFieldOfViewDegrees, kAspect, kNearPlane, kFarPlane)) {
+      m_projection(CameraProjection()) {
     updateMatrixState(0.0F, 0.0F, kInitialZoom, 0.0F);
     m_quad = OVR::BuildTesselatedQuad(1, 1, false);
     m_stickerQuad = OVR::BuildTesselatedQuadInside(0.0F, 0.0F, false);
@@ -122,13 +115,8 @@ GPUTextureFilterBaseImpl::~GPUTextureFilterBaseImpl() {
     m_stickerQuad.Free();
 }
 
-// At zoom 6 the camera stands in the picture's plane and the whole matrix is NaN; beyond, it looks
-// at the picture from behind.
 void GPUTextureFilterBaseImpl::updateMatrixState(float x, float /*y*/, float zoom, float /*w*/) {
-    const float distance = kFarthestCamera - kCameraStepPerZoom * zoom;
-    const OVR::Matrix4<float> view =
-        LookAt({x, 0.0F, distance}, {x, 0.0F, 0.0F}, {0.0F, 1.0F, 0.0F});
-    m_mvpMatrix = Multiply(m_projection, view);
+    m_mvpMatrix = Multiply(m_projection, CameraView(x, 0.0F, zoom));
 }
 
 void GPUTextureFilterBaseImpl::updateStickerPaintPosition(int32_t x, int32_t y) {

@@ -6,6 +6,14 @@
 
 namespace {
 
+constexpr double kFieldOfViewDegrees = 47.0;
+constexpr float kAspect = 1.0F;  // Not the output's: a square view fills any frame.
+constexpr float kNearPlane = 0.1F;
+constexpr float kFarPlane = 100.0F;
+
+constexpr float kFarthestCamera = 3.0F;
+constexpr float kCameraStepPerZoom = 0.5F;
+
 using Matrix = OVR::Matrix4<float>;
 using Vector = OVR::Vector3<float>;
 
@@ -60,4 +68,13 @@ Matrix Multiply(const Matrix& left, const Matrix& right) {
         }
     }
     return product;
+}
+
+Matrix CameraProjection() {
+    return Perspective(kFieldOfViewDegrees, kAspect, kNearPlane, kFarPlane);
+}
+
+Matrix CameraView(float x, float y, float zoom) {
+    const float distance = kFarthestCamera - kCameraStepPerZoom * zoom;
+    return LookAt({x, y, distance}, {x, y, 0.0F}, {0.0F, 1.0F, 0.0F});
 }

@@ -16,3 +16,10 @@ OVR::Matrix4<float> LookAt(const OVR::Vector3<float>& eye, const OVR::Vector3<fl
 
 /// left × right: \p right is applied first.
 OVR::Matrix4<float> Multiply(const OVR::Matrix4<float>& left, const OVR::Matrix4<float>& right);
+
+/// The renderers' camera: a vertical field of view of 47 degrees, for a square output.
+OVR::Matrix4<float> CameraProjection();
+
+/// The camera at (\p x, \p y, 3 - zoom / 2), which looks at (x, y, 0). At zoom 6 it stands in the
+/// picture's plane and the matrix is NaN; beyond, it looks at the picture from behind.
+OVR::Matrix4<float> CameraView(float x, float y, float zoom);

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+/// All GL names of a renderer. They are deleted together, or forgotten together after the context
+/// was lost.
+///
+/// \thread the GL thread.
+class GLNames {
+public:
+    GLNames() = default;
+    ~GLNames();
+    GLNames(const GLNames&) = delete;
+    GLNames& operator=(const GLNames&) = delete;
+
+    uint32_t makeTexture();
+    uint32_t makeBuffer();
+    uint32_t makeVertexArray();
+    uint32_t makeFramebuffer();
+    /// Takes a program over.
+    void keepProgram(uint32_t program);
+
+    /// No name is deleted any more.
+    void forget() { count_ = 0; }
+
+private:
+    using Delete = void (*)(uint32_t name);
+    struct Entry {
+        Delete remove;
+        uint32_t name;
+    };
+
+    uint32_t keep(uint32_t name, Delete remove);
+
+    /// A texture and two buffers for the frames, likewise for the mask; two meshes of a buffer and
+    /// a vertex array; a framebuffer; three programs.
+    static constexpr size_t kMost = 6 + 4 + 1 + 3;
+    Entry entries_[kMost] = {};
+    size_t count_ = 0;
+};

@@ -1,0 +1,159 @@
+#include "GuardedDraw.h"
+
+#include <optional>
+
+#include <GLES2/gl2ext.h>
+
+#include "Failure.h"
+#include "GLStateGuard.h"
+#include "PicturePlace.h"
+#include "Sources.h"
+
+namespace {
+
+constexpr int32_t kCloseWaitMs = 50;
+
+bool IsDelayed(const VERendererOptions& options) {
+    const bool raw = options.source == VE_SOURCE_RGB || options.source == VE_SOURCE_RGBA;
+    return raw && !options.drawAtOnce;
+}
+
+DecoderSettings SettingsOf(const VERendererOptions& options, const GLFeatures& features) {
+    DecoderSettings settings = {};
+    settings.source = options.source;
+    settings.width = options.sourceWidth;
+    settings.height = options.sourceHeight;
+    settings.maxPictureSize = features.maxTextureSize;
+    settings.closeWaitMs = options.closeWaitMs > 0 ? options.closeWaitMs : kCloseWaitMs;
+    settings.javaVM = options.javaVM;
+    settings.onPicture = options.onPicture;
+    settings.listener = options.listener;
+    return settings;
+}
+
+std::unique_ptr<PictureSource> MakeSource(GLNames& names, const GLFeatures& features,
+                                          const VERendererOptions& options) {
+    switch (options.source) {
+        case VE_SOURCE_H264:
+        case VE_SOURCE_MJPEG:
+            return std::make_unique<DecodedSource>(names, SettingsOf(options, features));
+        case VE_SOURCE_TEXTURE_2D: return std::make_unique<TextureSource>(false);
+        case VE_SOURCE_TEXTURE_EXTERNAL: return std::make_unique<TextureSource>(true);
+        default: break;
+    }
+    const uint32_t format = options.source == VE_SOURCE_RGBA ? GL_RGBA : GL_RGB;
+    return std::make_unique<FrameSource>(
+        names, PixelLayout{format, options.sourceWidth, options.sourceHeight}, IsDelayed(options));
+}
+
+Mask MakeMask(GLNames& names, const VERendererOptions& options) {
+    if (options.maskFormat == 0) {
+        return {names, nullptr, false};
+    }
+    const uint32_t format = options.maskFormat == VE_MASK_RGBA ? GL_RGBA : GL_RGB;
+    const PixelLayout layout = {format, options.maskWidth, options.maskHeight};
+    return {names, &layout, IsDelayed(options)};
+}
+
+/// The GL state of one draw.
+class DrawScope {
+public:
+    DrawScope(const GLFeatures& features, bool keepState) : features_(features) {
+        if (keepState) {
+            guard_.emplace(features);
+        }
+        SetDrawState(features);
+    }
+    ~DrawScope() {
+        if (!guard_) {
+            UnbindAll(features_);
+        }
+    }
+    DrawScope(const DrawScope&) = delete;
+    DrawScope& operator=(const DrawScope&) = delete;
+
+private:
+    const GLFeatures& features_;
+    std::optional<GLStateGuard> guard_;
+};
+
+OVR::Matrix4<float> ViewOf(const VEDrawOptions& options) {
+    const VEView view = options.view != nullptr ? *options.view : VEView{0, 0, VE_ZOOM_FIT};
+    return Multiply(CameraProjection(), CameraView(view.x, view.y, view.zoom));
+}
+
+}  // namespace
+
+GuardedDraw::GuardedDraw(const GLFeatures& features, const VERendererOptions& options)
+    : features_(features),
+      keepState_(options.keepState),
+      output_(names_, options.outputTexture,
+              options.outputFormat == VE_FORMAT_RGB ? GL_RGB : GL_RGBA, options.outputWidth,
+              options.outputHeight),
+      pictureMesh_(names_),
+      stickerMesh_(names_),
+      source_(MakeSource(names_, features, options)),
+      mask_(MakeMask(names_, options)) {
+    pictureProgram_.build(names_, source_->isExternal(), false);
+}
+
+VEDrawn GuardedDraw::draw(const VEDrawOptions& options) {
+    const DrawScope scope(features_, keepState_);
+    stage(options);
+    Picture picture = {};
+    const bool hasPicture = source_->take(options, picture);
+    mask_.take(options);
+    if (!hasPicture) {
+        return {sizeof(VEDrawn), false, false, VE_NO_TIME};
+    }
+    const OVR::Matrix4<float> view = ViewOf(options);
+    output_.begin();
+    drawPicture(picture, options, view);
+    if (options.stickerTexture != 0) {
+        drawStickers(options, view);
+    }
+    return {sizeof(VEDrawn), true, picture.isNew, picture.ptsUs};
+}
+
+/// All that can fail, before anything changes.
+void GuardedDraw::stage(const VEDrawOptions& options) {
+    if (options.mask != nullptr || options.maskTexture != 0) {
+        maskedProgram_.build(names_, source_->isExternal(), true);
+    }
+    if (options.stickerTexture != 0) {
+        stickerProgram_.build(names_);
+    }
+    mask_.stage(options);
+    source_->stage(options);
+}
+
+void GuardedDraw::drawPicture(const Picture& picture, const VEDrawOptions& options,
+                              const OVR::Matrix4<float>& view) const {
+    const bool masked = mask_.texture() != 0 && !options.hideMask;
+    const PictureProgram& program = masked ? maskedProgram_ : pictureProgram_;
+    program.use(view, Multiply(picture.place, TurnedPlace(options.rotation, options.mirror)));
+    if (masked) {
+        GLES3::glActiveTexture(GL_TEXTURE1);
+        GLES3::glBindTexture(GL_TEXTURE_2D, mask_.texture());
+        GLES3::glActiveTexture(GL_TEXTURE0);
+    }
+    GLES3::glBindTexture(source_->isExternal() ? GL_TEXTURE_EXTERNAL_OES : GL_TEXTURE_2D,
+                         picture.texture);
+    pictureMesh_.draw();
+}
+
+void GuardedDraw::drawStickers(const VEDrawOptions& options,
+                               const OVR::Matrix4<float>& view) const {
+    stickerProgram_.use(view);
+    GLES3::glBindTexture(GL_TEXTURE_2D, options.stickerTexture);
+    stickerMesh_.draw({options.stickers, options.stickerCount, output_.width(), output_.height(),
+                       options.mirror});
+}
+
+VEResult GuardedDraw::close(VEContext context) {
+    const VEResult result = source_->close(context);
+    if (context == VE_CONTEXT_LOST) {
+        names_.forget();
+    }
+    return result;
+}

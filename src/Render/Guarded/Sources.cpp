@@ -1,0 +1,78 @@
+#include "Sources.h"
+
+#include "Failure.h"
+#include "PicturePlace.h"
+#include "gl/GLES3.h"
+
+namespace {
+
+void RequireNoTexture(const VEDrawOptions& options) {
+    Require(options.sourceTexture == 0 && options.sourceMatrix == nullptr, VE_ERROR_UNSUPPORTED);
+}
+
+}  // namespace
+
+FrameSource::FrameSource(GLNames& names, const PixelLayout& layout, bool delayed)
+    : pixels_(names, layout, delayed) {}
+
+void FrameSource::stage(const VEDrawOptions& options) {
+    RequireNoTexture(options);
+    pixels_.stage(options.frame);
+}
+
+bool FrameSource::take(const VEDrawOptions& options, Picture& picture) {
+    const bool isNew = pixels_.commit(options.frame);
+    picture = {pixels_.name(), IdentityPlace(), isNew, VE_NO_TIME};
+    return pixels_.filled();
+}
+
+void TextureSource::stage(const VEDrawOptions& options) {
+    Require(options.frame == nullptr, VE_ERROR_UNSUPPORTED);
+}
+
+bool TextureSource::take(const VEDrawOptions& options, Picture& picture) {
+    picture = {options.sourceTexture, SourcePlace(options.sourceMatrix), true, VE_NO_TIME};
+    return options.sourceTexture != 0;
+}
+
+DecodedSource::DecodedSource(GLNames& names, DecoderSettings settings)
+    : texture_(names.makeTexture()) {
+    GLES3::glBindTexture(GL_TEXTURE_EXTERNAL_OES, texture_);
+    GLES3::glTexParameteri(GL_TEXTURE_EXTERNAL_OES, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    GLES3::glTexParameteri(GL_TEXTURE_EXTERNAL_OES, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    GLES3::glTexParameteri(GL_TEXTURE_EXTERNAL_OES, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    GLES3::glTexParameteri(GL_TEXTURE_EXTERNAL_OES, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+    settings.externalTexture = texture_;
+    const VEResult result = OpenDecoder(settings, decoder_);
+    Require(result == VE_OK, result);
+}
+
+DecodedSource::~DecodedSource() {
+    if (decoder_ != nullptr) {
+        decoder_->close(false);
+    }
+}
+
+void DecodedSource::stage(const VEDrawOptions& options) {
+    RequireNoTexture(options);
+    Require(options.frame == nullptr, VE_ERROR_UNSUPPORTED);
+    latched_.isNew = false;
+    const VEResult result = decoder_->latch(latched_);
+    Require(result == VE_OK, result);
+    if (latched_.isNew) {
+        hasPicture_ = true;
+        hasNewPicture_ = true;
+    }
+}
+
+bool DecodedSource::take(const VEDrawOptions& /*options*/, Picture& picture) {
+    picture = {texture_, SourcePlace(latched_.matrix), hasNewPicture_, latched_.ptsUs};
+    hasNewPicture_ = false;
+    return hasPicture_;
+}
+
+VEResult DecodedSource::close(VEContext context) {
+    const VEResult result = decoder_->close(context == VE_CONTEXT_LOST);
+    decoder_.reset();
+    return result;
+}
