@@ -4,7 +4,6 @@
 #include <linux_platform/Host.h>
 
 #include <array>
-#include <cstdlib>
 #include <iostream>
 #include <string>
 
@@ -12,6 +11,7 @@
 #include "offscreen/OffscreenContext.h"
 #include "support/Backdrop.h"
 #include "support/CommandLine.h"
+#include "support/ComparePicture.h"
 #include "support/PngFile.h"
 #include "support/RunTool.h"
 #include "support/ToolError.h"
@@ -84,22 +84,6 @@ Image Picture(const Arguments& arguments) {
     return drawn;
 }
 
-/// Rounding differs from one GL to another, and so do single pixels at edges.
-void Compare(const Image& drawn, const Image& expected) {
-    constexpr int kSameToTheEye = 12;
-    if (drawn.pixels.size() != expected.pixels.size()) {
-        throw ToolError("the page's picture has another size");
-    }
-    size_t different = 0;
-    for (size_t i = 0; i < drawn.pixels.size(); ++i) {
-        different += std::abs(drawn.pixels[i] - expected.pixels[i]) > kSameToTheEye ? 1 : 0;
-    }
-    if (different * 500 > drawn.pixels.size()) {
-        throw ToolError("not the page's picture: " + std::to_string(different) + " of " +
-                        std::to_string(drawn.pixels.size()) + " values differ");
-    }
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -111,7 +95,7 @@ int main(int argc, char** argv) {
                 WritePng(arguments.out, picture);
             }
             if (!arguments.expected.empty()) {
-                Compare(picture, ReadPng(arguments.expected));
+                ComparePicture(picture, arguments.expected);
             }
         }
         return int{kExitDone};

@@ -1,11 +1,67 @@
 #include "Painter.h"
 
 #include "Edges.h"
-#include "Shaders.h"
 #include "kernel/geometry/TesselatedQuad.h"
 #include "support/ToolError.h"
 
 namespace {
+
+// Sources in the dialect of version 300.
+
+constexpr char kMeshVertexShader[] = R"(
+in vec4 Position;
+in vec4 VertexColor;
+in vec2 TexCoord;
+uniform highp mat4 Mvpm;
+out highp vec3 place;
+out lowp vec4 color;
+out highp vec2 uv;
+void main() {
+    place = Position.xyz;
+    color = VertexColor;
+    uv = TexCoord;
+    gl_Position = Mvpm * Position;
+}
+)";
+
+// Flat shading: the normal comes from how the place changes across the picture.
+constexpr char kFacesShader[] = R"(
+precision highp float;
+in vec3 place;
+const vec3 kFront = vec3(0.36, 0.62, 0.90);
+const vec3 kBack = vec3(0.95, 0.62, 0.30);
+const vec3 kLight = vec3(0.35, 0.75, 0.56);
+void main() {
+    vec3 normal = normalize(cross(dFdx(place), dFdy(place)));
+    float light = 0.62 + 0.38 * abs(dot(normal, kLight));
+    gl_FragColor = vec4((gl_FrontFacing ? kFront : kBack) * light, 1.0);
+}
+)";
+
+constexpr char kPictureShader[] = R"(
+precision highp float;
+in vec2 uv;
+in lowp vec4 color;
+uniform sampler2D Texture0;
+uniform float TexCoordOffset;
+void main() {
+    gl_FragColor = vec4(texture2D(Texture0, uv + TexCoordOffset).rgb, color.a);
+}
+)";
+
+constexpr char kVertexColorShader[] = R"(
+in lowp vec4 color;
+void main() {
+    gl_FragColor = color;
+}
+)";
+
+constexpr char kOneColorShader[] = R"(
+uniform lowp vec4 UniformColor;
+void main() {
+    gl_FragColor = UniformColor;
+}
+)";
 
 constexpr float kPaper[] = {0.94F, 0.94F, 0.93F};
 constexpr Point kInk = {0.10F, 0.12F, 0.20F};

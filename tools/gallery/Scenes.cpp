@@ -75,7 +75,6 @@ const std::vector<Scene>& Scenes() {
         {"quad-inside", QuadInside, Paint::Faces, kBold, kSticker},
         {"globe", Globe, Paint::Faces, kFaint, {{1.2F, 1.4F, 2.6F}, kOrigin, 40}},
         {"globe-inside", Globe, Paint::Panorama, 0, {kOrigin, {0, 0, -1}, 75}},
-        {"globe-inside-up", Globe, Paint::Panorama, 0, {kOrigin, {1, 0.9F, 0}, 75}},
         {"dome", Dome, Paint::Faces, kFaint, kAboveDome},
         {"dome-below", Dome, Paint::Faces, kFaint, kBelowDome},
         {"cylinder", Cylinder, Paint::Faces, kBold, kBesideTube},

@@ -1,5 +1,6 @@
-// Draws every mesh of the kernel into a PNG file of its own.
+// Draws every mesh of the kernel, each into a PNG file.
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 
@@ -8,34 +9,78 @@
 #include "Scenes.h"
 #include "offscreen/OffscreenContext.h"
 #include "support/CommandLine.h"
+#include "support/ComparePicture.h"
 #include "support/PngFile.h"
 #include "support/RunTool.h"
 #include "support/ToolError.h"
 
 namespace {
 
-int Run(int argc, char** argv) {
+struct Arguments {
     std::string out;
+    std::string expected;
     std::string photo;
-    std::string size = "480x360";
-    CLI::App app("Draws every mesh of the kernel, each into a picture of its own.", "gallery");
+    std::string size = "360x270";
+};
+
+bool Parse(int argc, char** argv, Arguments& arguments) {
+    CLI::App app("Draws every mesh of the kernel, each into a PNG file.", "gallery");
     app.formatter(std::make_shared<PlainHelp>());
-    app.add_option("--out", out, "Where to write the pictures")->type_name("FOLDER")->required();
-    app.add_option("--photo", photo, "A picture to show on the meshes")->type_name("FILE");
-    app.add_option("--size", size, "Size of each picture (default: 480x360)")->type_name("WxH");
-    if (!ParseCommandLine(app, argc, argv)) {
-        return kExitDone;
+    app.add_option("--out", arguments.out, "Write the pictures into this folder")
+        ->type_name("FOLDER");
+    app.add_option("--expect", arguments.expected, "Compare the pictures with those of this folder")
+        ->type_name("FOLDER");
+    app.add_option("--photo", arguments.photo, "A picture to show on the meshes")
+        ->type_name("FILE");
+    app.add_option("--size", arguments.size, "Size of each picture (default: 360x270)")
+        ->type_name("WxH");
+    return ParseCommandLine(app, argc, argv);
+}
+
+/// \throws ToolError when \p folder has a picture without a scene
+void CheckNothingElseIn(const std::string& folder) {
+    for (const auto& file : std::filesystem::directory_iterator(folder)) {
+        const std::string name = file.path().stem();
+        if (std::none_of(Scenes().begin(), Scenes().end(),
+                         [&name](const Scene& scene) { return scene.name == name; })) {
+            throw ToolError(file.path().string() + " is no picture of the gallery");
+        }
     }
+}
+
+void DrawAll(const Arguments& arguments) {
     const OffscreenContext context;
     if (!GLES3::LoadGLFunctions()) {
         throw ToolError("this GL lacks functions of OpenGL ES 3");
     }
-    Painter painter(ParseSize(size), DrawPanorama(), LoadPhoto(photo));
-    std::filesystem::create_directories(out);
+    Painter painter(ParseSize(arguments.size), DrawPanorama(), LoadPhoto(arguments.photo));
     for (const Scene& scene : Scenes()) {
-        const std::string file = out + "/" + scene.name + ".png";
-        WritePng(file, painter.Draw(scene));
-        std::cout << file << '\n';
+        const Image picture = painter.Draw(scene);
+        const std::string file = "/" + scene.name + ".png";
+        if (!arguments.out.empty()) {
+            WritePng(arguments.out + file, picture);
+            std::cout << arguments.out + file << '\n';
+        }
+        if (!arguments.expected.empty()) {
+            ComparePicture(picture, arguments.expected + file);
+        }
+    }
+}
+
+int Run(int argc, char** argv) {
+    Arguments arguments;
+    if (!Parse(argc, argv, arguments)) {
+        return kExitDone;
+    }
+    if (arguments.out.empty() && arguments.expected.empty()) {
+        throw ToolError("give --out or --expect");
+    }
+    if (!arguments.out.empty()) {
+        std::filesystem::create_directories(arguments.out);
+    }
+    DrawAll(arguments);
+    if (!arguments.expected.empty()) {
+        CheckNothingElseIn(arguments.expected);
     }
     return kExitDone;
 }
