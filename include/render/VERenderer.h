@@ -28,7 +28,9 @@
 ///
 /// A renderer of compressed video attaches the thread that creates it to the Java VM, and leaves it
 /// attached. A thread of its own hands decoded pictures on. VEDestroyRenderer tells that thread to
-/// end and does not wait for it: do not unload the library within some milliseconds afterwards.
+/// end and does not wait for the end; it waits up to 50 ms for a decoder call under way. A longer
+/// call is logged, and the thread deletes the decoder after it. Do not unload the library within
+/// some milliseconds after VEDestroyRenderer, or before such a call returns.
 ///
 /// Ownership
 /// ---------
@@ -47,6 +49,11 @@
 /// 0: done, also where there was nothing to do. -1: bad argument, nothing was done, nothing logged.
 /// GL errors below the interface are logged (Android log, priority INFO) and never returned. When
 /// memory runs out, std::bad_alloc passes through.
+///
+/// Whether the platform has a decoder is not checked: without one the platform's functions get a
+/// null decoder, and crash if they do not check it either. render/VERendererExt.h is the guarded
+/// way: it checks every result and returns the reason. A decoder that fails is asked for pictures
+/// once a millisecond.
 ///
 /// Failures of Java and of the decoder are logged at most. Java exceptions stay pending: look for
 /// them after creation and updates, or at least before the next JNI calls. Without a Java VM a

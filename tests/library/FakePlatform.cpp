@@ -122,19 +122,25 @@ int FakePlatform::threadsInOutput() {
     return waiting_;
 }
 
-struct AMediaCodec {};
+struct AMediaCodec {
+    volatile int alive = 1;
+};
 struct AMediaFormat {};
 struct ANativeWindow {};
 
 namespace {
 
-AMediaCodec codec;
 AMediaFormat format;
 ANativeWindow window;
 
 media_status_t Noted(const std::string& call) {
     Platform().note(call);
     return AMEDIA_OK;
+}
+
+/// Handles die with delete: a sanitizer reports this look at a dead one.
+bool IsAlive(const AMediaCodec* codec) {
+    return codec != nullptr && codec->alive == 1;
 }
 
 }  // namespace
@@ -166,7 +172,7 @@ void AMediaFormat_setString(AMediaFormat*, const char* key, const char* value) {
 AMediaCodec* AMediaCodec_createDecoderByType(const char* type) {
     const std::string call = std::string("AMediaCodec_createDecoderByType ") + type;
     Platform().note(call);
-    return Platform().fails(call) ? nullptr : &codec;
+    return Platform().fails(call) ? nullptr : new AMediaCodec;
 }
 
 media_status_t AMediaCodec_configure(AMediaCodec*, const AMediaFormat*, ANativeWindow* surface,
@@ -179,15 +185,18 @@ media_status_t AMediaCodec_start(AMediaCodec*) {
     return Noted("AMediaCodec_start");
 }
 
-media_status_t AMediaCodec_stop(AMediaCodec*) {
+media_status_t AMediaCodec_stop(AMediaCodec* codec) {
+    IsAlive(codec);
     return Noted("AMediaCodec_stop");
 }
 
-media_status_t AMediaCodec_delete(AMediaCodec*) {
+media_status_t AMediaCodec_delete(AMediaCodec* codec) {
+    delete codec;
     return Noted("AMediaCodec_delete");
 }
 
-ssize_t AMediaCodec_dequeueInputBuffer(AMediaCodec*, int64_t timeoutUs) {
+ssize_t AMediaCodec_dequeueInputBuffer(AMediaCodec* codec, int64_t timeoutUs) {
+    IsAlive(codec);
     Platform().note("AMediaCodec_dequeueInputBuffer " + std::to_string(timeoutUs));
     return Platform().inputIndex;
 }
@@ -205,19 +214,25 @@ media_status_t AMediaCodec_queueInputBuffer(AMediaCodec*, size_t index, off_t of
                  " " + std::to_string(flags));
 }
 
-ssize_t AMediaCodec_dequeueOutputBuffer(AMediaCodec*, AMediaCodecBufferInfo* info,
+ssize_t AMediaCodec_dequeueOutputBuffer(AMediaCodec* codec, AMediaCodecBufferInfo* info,
                                         int64_t timeoutUs) {
+    IsAlive(codec);
     Platform().passOutput();
     Platform().outputTimeout = static_cast<long>(timeoutUs);
     ++Platform().polls;
     info->size = Platform().outputSize;
-    std::this_thread::sleep_for(std::chrono::microseconds(100));
-    return Platform().outputIndex;
+    const ssize_t index = Platform().outputIndex;
+    if (index >= AMEDIACODEC_INFO_OUTPUT_BUFFERS_CHANGED) {  // Errors come at once.
+        std::this_thread::sleep_for(std::chrono::microseconds(100));
+    }
+    IsAlive(codec);
+    return index;
 }
 
-media_status_t AMediaCodec_releaseOutputBuffer(AMediaCodec*, size_t, bool render) {
+media_status_t AMediaCodec_releaseOutputBuffer(AMediaCodec* codec, size_t, bool render) {
+    IsAlive(codec);
     ++(render ? Platform().rendered : Platform().returnedEmpty);
-    return AMEDIA_OK;
+    return Platform().releaseStatus;
 }
 
 }  // extern "C"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <jni.h>
+#include <media/NdkMediaError.h>
 
 #include <atomic>
 #include <condition_variable>
@@ -35,6 +36,7 @@ public:
     std::atomic<long> inputIndex{3};
     std::atomic<long> outputIndex{-1};
     std::atomic<int> outputSize{0};
+    std::atomic<media_status_t> releaseStatus{AMEDIA_OK};
     std::vector<unsigned char> inputBuffer = std::vector<unsigned char>(64);
 
     // What the decoder thread does.

@@ -2,6 +2,7 @@
 // and what becomes of failures. The platform is a fake; GL is real.
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <chrono>
 #include <filesystem>
@@ -39,6 +40,7 @@ protected:
         platform.failing.clear();
         platform.listener = nullptr;
         platform.outputIndex = -1;
+        platform.releaseStatus = AMEDIA_OK;
         platform.unblockOutput();
         platform.takeJournal();
         LogCapture::Take();
@@ -260,17 +262,79 @@ TEST_F(DecodeCalls, TheDecoderThreadRendersFramesWithDataOnly) {
     VEDestroyRenderer(handle);
 }
 
-TEST_F(DecodeCalls, DestructionDoesNotWaitForABlockedDecoderThread) {
+TEST_F(DecodeCalls, ADecoderCallThatOutlastsDestructionIsFollowedByDelete) {
     platform.blockOutput();
     void* handle = create();
     WaitUntil([this] { return platform.threadsInOutput() == 1; });
+    platform.takeJournal();
+    LogCapture::Take();
     VEDestroyRenderer(handle);
     EXPECT_EQ(1, platform.threadsInOutput());
+    EXPECT_EQ((Journal{"ANativeWindow_release", "AMediaCodec_stop", "DeleteGlobalRef",
+                       "DeleteGlobalRef"}),
+              platform.takeJournal());
+    EXPECT_EQ("a decoder call takes longer than 50 ms: the decoder is deleted after it",
+              LogCapture::TakeTexts().at(2));
     const int polls = platform.polls;
     platform.unblockOutput();
-    WaitUntil([this] { return platform.threadsInOutput() == 0; });
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_LE(platform.polls, polls + 1) << "the thread goes on";
+    WaitUntil([this] { return LiveThreads() <= threadsBefore; });
+    EXPECT_EQ(Journal{"AMediaCodec_delete"}, platform.takeJournal());
+    EXPECT_EQ(polls + 1, platform.polls) << "the thread goes on";
+}
+
+TEST_F(DecodeCalls, DestructionWaitsForADecoderCallThatStopEnds) {
+    platform.listener = [this](const std::string& call) {
+        if (call == "AMediaCodec_stop") {
+            EXPECT_EQ(1, platform.threadsInOutput());
+            platform.unblockOutput();
+        } else if (call == "AMediaCodec_delete") {
+            EXPECT_EQ(0, platform.threadsInOutput());
+        }
+    };
+    platform.blockOutput();
+    void* handle = create();
+    WaitUntil([this] { return platform.threadsInOutput() == 1; });
+    platform.takeJournal();
+    VEDestroyRenderer(handle);
+    EXPECT_EQ((Journal{"ANativeWindow_release", "AMediaCodec_stop", "AMediaCodec_delete",
+                       "DeleteGlobalRef", "DeleteGlobalRef"}),
+              platform.takeJournal());
+}
+
+TEST_F(DecodeCalls, AFailingDecoderIsAskedAtMostOnceAMillisecond) {
+    const auto expectPauses = [this] {
+        const auto start = std::chrono::steady_clock::now();
+        const int polls = platform.polls;
+        void* handle = create();
+        WaitUntil([&] { return platform.polls > polls + 50; });
+        const std::chrono::duration<double, std::milli> milliseconds =
+            std::chrono::steady_clock::now() - start;
+        EXPECT_LE(platform.polls - polls, 2 * milliseconds.count());
+        VEDestroyRenderer(handle);
+    };
+    platform.outputIndex = AMEDIA_ERROR_UNKNOWN;
+    expectPauses();
+    platform.outputIndex = 0;
+    platform.releaseStatus = AMEDIA_ERROR_UNKNOWN;
+    expectPauses();
+}
+
+TEST_F(DecodeCalls, WithoutADecoderTheThreadSleeps) {
+    platform.failing = {"AMediaCodec_createDecoderByType video/avc"};
+    const auto sleeps = [] {
+        rusage usage = {};
+        getrusage(RUSAGE_SELF, &usage);
+        return usage.ru_nvcsw;
+    };
+    void* handle = create();
+    long ownSleeps = 0;
+    const long before = sleeps();
+    bool threadSleeps = false;
+    WaitUntil([&] {
+        threadSleeps = threadSleeps || sleeps() - before > ++ownSleeps + 50;
+        return threadSleeps;
+    });
+    VEDestroyRenderer(handle);
 }
 
 TEST_F(DecodeCalls, AThousandLivesLeaveNoThreadAndTouchNothingFreed) {
@@ -278,18 +342,19 @@ TEST_F(DecodeCalls, AThousandLivesLeaveNoThreadAndTouchNothingFreed) {
     platform.outputSize = 1;
     char unit[16] = {};
     for (int life = 0; life < 1000; ++life) {
-        if (life % 10 == 0) {
+        const bool blocks = life % 100 == 0;
+        if (blocks) {
             platform.blockOutput();
         }
         void* handle = create();
         VEUpdateCompressedData(handle, unit, sizeof(unit));
         VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
         VEDestroyRenderer(handle);
-        if (life % 10 == 9) {
+        if (blocks) {
             platform.unblockOutput();
-            platform.takeJournal();
-            LogCapture::Take();
         }
+        platform.takeJournal();
+        LogCapture::Take();
     }
 }
 

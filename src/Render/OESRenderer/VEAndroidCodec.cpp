@@ -24,22 +24,32 @@ AMediaFormat* MakeFormat(int width, int height, const char* mimeType) {
     return format;
 }
 
+AMediaCodec* MakeCodec(ANativeWindow* window, int width, int height, const char* mimeType) {
+    const AMediaFormat* format = MakeFormat(width, height, mimeType);
+    AMediaCodec* codec = AMediaCodec_createDecoderByType(mimeType);
+    AMediaCodec_configure(codec, format, window, nullptr, 0);
+    AMediaCodec_start(codec);
+    return codec;
+}
+
+/// Try again, or a change of format or buffers: no error.
+bool IsNotice(ssize_t index) {
+    return index < 0 && index >= AMEDIACODEC_INFO_OUTPUT_BUFFERS_CHANGED;
+}
+
 }  // namespace
 
 AndroidCodec::AndroidCodec(JNIEnv* env, jobject surface, int width, int height,
                            const char* mimeType)
-    : window(ANativeWindow_fromSurface(env, surface)) {
-    const AMediaFormat* format = MakeFormat(width, height, mimeType);
-    codec = AMediaCodec_createDecoderByType(mimeType);
-    AMediaCodec_configure(codec, format, window, nullptr, 0);
-    AMediaCodec_start(codec);
+    : window(ANativeWindow_fromSurface(env, surface)),
+      codec(MakeCodec(window, width, height, mimeType)) {
     LogWithFileTag(ANDROID_LOG_INFO, kSourceFile,
                    "\n AndroidCodec init success, width (%d), height (%d), type (%s) \n", width,
                    height, mimeType);
 }
 
 void AndroidCodec::flush(const void* data, int size) {
-    AMediaCodec* decoder = codec;
+    AMediaCodec* decoder = codec.get();
     if (decoder == nullptr || data == nullptr || size <= 0) {
         return;
     }
@@ -56,17 +66,17 @@ void AndroidCodec::flush(const void* data, int size) {
     AMediaCodec_queueInputBuffer(decoder, slot, 0, bytes, 0, 0);
 }
 
-void AndroidCodec::update() {
-    AMediaCodec* decoder = codec;
-    if (decoder == nullptr) {
-        return;
-    }
+bool AndroidCodec::update() {
     AMediaCodecBufferInfo info = {};
-    const ssize_t index = AMediaCodec_dequeueOutputBuffer(decoder, &info, kOutputTimeoutUs);
+    const auto index = codec.use<ssize_t>(AMEDIA_ERROR_INVALID_OBJECT, [&](AMediaCodec* decoder) {
+        return AMediaCodec_dequeueOutputBuffer(decoder, &info, kOutputTimeoutUs);
+    });
     if (index < 0) {
-        return;
+        return IsNotice(index);
     }
-    AMediaCodec_releaseOutputBuffer(decoder, static_cast<size_t>(index), info.size != 0);
+    return codec.use(AMEDIA_ERROR_INVALID_OBJECT, [&](AMediaCodec* decoder) {
+        return AMediaCodec_releaseOutputBuffer(decoder, static_cast<size_t>(index), info.size != 0);
+    }) == AMEDIA_OK;
 }
 
 void AndroidCodec::shutDown() {
@@ -75,9 +85,6 @@ void AndroidCodec::shutDown() {
         ANativeWindow_release(window);
         window = nullptr;
     }
-    AMediaCodec* decoder = codec;
-    AMediaCodec_stop(decoder);
-    AMediaCodec_delete(decoder);
-    codec = nullptr;
+    codec.shutDown();
     LogWithFileTag(ANDROID_LOG_INFO, kSourceFile, "destroy android codec end..######renderer");
 }

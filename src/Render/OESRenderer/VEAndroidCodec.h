@@ -2,9 +2,8 @@
 
 #include <jni.h>
 
-#include <atomic>
+#include "SharedCodec.h"
 
-struct AMediaCodec;
 struct ANativeWindow;
 
 /// The platform's decoder, rendering into a Java Surface. Failures are not reported: units that
@@ -23,15 +22,16 @@ public:
     /// \param size bytes, not more than an input buffer holds; 0 or less does nothing.
     void flush(const void* data, int size);
 
-    /// Waits up to 1 ms for a decoded frame and releases it to the surface.
-    void update();
+    /// Waits up to 1 ms for a decoded picture and releases it to the surface.
+    /// \return false without a decoder, and when it failed: it may not have waited.
+    bool update();
 
-    /// Stops and deletes the decoder; flush and update then return at once. Call it once, before
+    /// Stops and deletes the decoder; flush and update then return at once. Waits up to 50 ms for a
+    /// call of update, which deletes the decoder itself if it takes longer. Call it once, before
     /// the object goes: the destructor releases nothing.
     void shutDown();
 
 private:
     ANativeWindow* window;
-    /// Atomic, since shutDown takes it away from under update.
-    std::atomic<AMediaCodec*> codec;
+    SharedCodec codec;
 };

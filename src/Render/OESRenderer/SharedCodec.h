@@ -1,0 +1,44 @@
+#pragma once
+
+#include <media/NdkMediaCodec.h>
+
+#include "CallGate.h"
+
+/// A platform decoder that its owner stops and deletes while the decoder thread may be in a call.
+class SharedCodec {
+public:
+    /// \param codec null for a decoder that could not be created.
+    explicit SharedCodec(AMediaCodec* codec) : codec_(codec) {}
+    SharedCodec(const SharedCodec&) = delete;
+    SharedCodec& operator=(const SharedCodec&) = delete;
+
+    /// For the owner's calls. \return null without a decoder and after shutDown.
+    AMediaCodec* get() const { return codec_; }
+
+    /// Calls \p call(codec), unless there is no decoder or it is being shut down.
+    /// \thread the decoder thread.
+    /// \return what the call gives, or \p otherwise.
+    template <class Result, class Call>
+    Result use(Result otherwise, Call call) {
+        AMediaCodec* codec = codec_;
+        if (codec == nullptr || !gate_.enter()) {
+            return otherwise;
+        }
+        const Result result = call(codec);
+        if (gate_.leave()) {
+            AMediaCodec_delete(codec);
+        }
+        return result;
+    }
+
+    /// Stops the decoder, waits up to 50 ms for the decoder thread's call, and deletes the decoder.
+    /// When the call takes longer, the decoder thread deletes it after the call. Stop and delete
+    /// are called without a decoder, too. \thread the owner's. Call it once.
+    void shutDown();
+
+private:
+    void waitForCall() const;
+
+    std::atomic<AMediaCodec*> codec_;
+    CallGate gate_;
+};
