@@ -18,8 +18,8 @@ struct LoadOnce {
 
 LoadOnce loadOnce;
 
-/// The entry point called \p name, or null. RTLD_NEXT reaches the GL libraries behind this one and
-/// passes over functions of the same name in the executable.
+/// The entry point called \p name, or null.
+// Frozen: second lookup
 template <typename Function>
 Function LoadGLFunction(const char* name) {
     if (auto* found = eglGetProcAddress(name)) {
@@ -28,7 +28,7 @@ Function LoadGLFunction(const char* name) {
     return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
 }
 
-/// Stores before it tests: a missing entry leaves null in its slot, whatever stood there.
+// Frozen: GL table
 template <typename Function>
 bool Resolve(Function& slot, const char* name) {
     slot = LoadGLFunction<Function>(name);

@@ -153,7 +153,7 @@
 ///
 /// A sticker is drawn for each (x, y) of the list, in list order, later ones over earlier ones. It
 /// replaces the picture's pixels, its alpha included: nothing is blended. A position is an anchor
-/// in output pixels counted from the first row and column; the sticker stands off it, by design:
+/// in output pixels counted from the first row and column; the sticker does not cover it:
 ///
 ///          first row of the output
 ///        ┌───────────────────────────────┐      Sizes are parts of the output's, at s = 1:
@@ -333,7 +333,7 @@ VE_EXPORT int VEUpdateCompressedData(void* handle, void* data, int size);
 
 /// Moves the view (see View), from the next drawn frame on.
 ///
-/// Acts in output mode VE_OUTPUT_MASKED only; elsewhere the view stays, deliberately.
+/// Acts in output mode VE_OUTPUT_MASKED only; in other modes the view stays as it is.
 /// \param a camera x, in units of the picture's half width: positive moves the picture to the left.
 /// \param b ignored: the view has no vertical movement.
 /// \param c zoom; 2 at the start.

@@ -36,7 +36,7 @@ int VECreateRendererHandleWithFormat(void** handle, int textureId, int format, V
             break;
         case VE_MODE_RGB:
         case VE_MODE_RGBA: *handle = AsHandle(new VEGLES3Renderer(textureId, format, mode)); break;
-        default: break;  // Accepted, and nothing is created: the handle stays as it was.
+        default: break;  // Frozen: mode 4
     }
     return kDone;
 }
@@ -77,14 +77,12 @@ int VEUpdateUserPosition(void* handle, float a, float b, float c, float d) {
     return AsRenderer(handle)->UpdateUserPosition(a, b, c, d);
 }
 
-// The base's destructor and the unsized release are those that fit every renderer: a delete
-// expression on the base would hand the base's size to the heap.
 void VEDestroyRenderer(void* handle) {
     if (handle == nullptr) {
         return;
     }
     VERendererBase* renderer = AsRenderer(handle);
     renderer->Destroy();
-    renderer->VERendererBase::~VERendererBase();
+    renderer->VERendererBase::~VERendererBase();  // Frozen: base destructor
     ::operator delete(handle);
 }

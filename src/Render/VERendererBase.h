@@ -17,6 +17,8 @@ public:
     VERendererBase(const VERendererBase&) = delete;
     VERendererBase& operator=(const VERendererBase&) = delete;
 
+    // Frozen: renderer slots
+
     /// Draws one frame. \return 0.
     virtual int Update(void* data, unsigned int size, bool colorMirror, void* maskData,
                        int stickerTexture, VEStickerList& stickers) = 0;

@@ -9,8 +9,10 @@
 
 namespace {
 
+// Frozen: log tags
 constexpr char kSourceFile[] = "src/common/VELog.cpp";
 
+// Frozen: timer queries
 std::atomic<int32_t> allowGpuTimerQueries{0};
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace {
 struct InitShutdown {
     InitShutdown() {
         OVR::Log* log = OVR::Log::GetDefaultLog();
-        log->LoggingMask = 0;  // The kernel keeps silent until a caller asks for its messages.
+        log->LoggingMask = 0;  // Frozen: silent kernel
         OVR::System::Init(log, OVR::DefaultAllocator::InitSystemSingleton());
     }
     ~InitShutdown() { OVR::System::Destroy(); }

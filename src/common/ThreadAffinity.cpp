@@ -12,7 +12,7 @@
 
 namespace {
 
-/// All engine services log under the tag of the logging service.
+// Frozen: log tags
 constexpr char kSourceFile[] = "src/common/VELog.cpp";
 
 /// Set sizes in bytes, in the order tried. The kernel only takes multiples of its own word, so
@@ -26,7 +26,7 @@ constexpr size_t kSetSizes[] = {4, 2, 1,
 }  // namespace
 
 int GetThreadAffinityMask(int tid) {
-    if (tid == 0) {
+    if (tid == 0) {  // Frozen: affinity mask
         return 0;
     }
     uint32_t mask[2] = {0, 0};
@@ -46,7 +46,7 @@ int SetThreadAffinityMask(int tid, int mask) {
         LogWithFileTag(ANDROID_LOG_ERROR, kSourceFile,
                        "Error in the syscall setaffinity: mask=0x%x err=0x%x",
                        static_cast<unsigned>(mask), static_cast<unsigned>(errno));
-        std::abort();
+        std::abort();  // Frozen: fatal affinity
     }
     return 0;
 }

@@ -11,8 +11,7 @@ namespace {
 
 constexpr size_t kTagSize = 128;
 
-/// Messages from this length on are formatted here: the system would cut them in a buffer of its
-/// own.
+// Frozen: long messages
 constexpr int kLongMessage = 512;
 
 void TagOf(const char* filePath, char (&tag)[kTagSize]) {

@@ -54,7 +54,7 @@ JNIEnv* attached;
 jint AttachCurrentThread(JavaVM*, void** env, void*) {
     Platform().note("AttachCurrentThread");
     *env = attached;
-    return JNI_OK;
+    return Platform().fails("AttachCurrentThread") ? JNI_ERR : JNI_OK;
 }
 
 const JNINativeInterface_ kEnvFunctions = [] {
@@ -135,7 +135,7 @@ ANativeWindow window;
 
 media_status_t Noted(const std::string& call) {
     Platform().note(call);
-    return AMEDIA_OK;
+    return Platform().fails(call) ? AMEDIA_ERROR_UNKNOWN : AMEDIA_OK;
 }
 
 /// Handles die with delete: a sanitizer reports this look at a dead one.
@@ -203,7 +203,7 @@ ssize_t AMediaCodec_dequeueInputBuffer(AMediaCodec* codec, int64_t timeoutUs) {
 
 uint8_t* AMediaCodec_getInputBuffer(AMediaCodec*, size_t index, size_t* capacity) {
     Platform().note("AMediaCodec_getInputBuffer " + std::to_string(index));
-    *capacity = Platform().inputBuffer.size();
+    *capacity = 1;  // Less than it has: nothing compares it with a unit's size.
     return Platform().inputBuffer.data();
 }
 

@@ -101,6 +101,7 @@ TEST_F(DecodeCalls, CreationAttachesBuildsTheSurfaceAndStartsTheDecoder) {
                   "###renderer\n",
               lines[2].text);
     EXPECT_EQ("VEOESRenderer", lines[2].tag);
+    EXPECT_TRUE(lines[0].priority == 4 && lines[1].priority == 4 && lines[2].priority == 4);
 
     VEDestroyRenderer(handle);
     EXPECT_EQ((Journal{"ANativeWindow_release", "AMediaCodec_stop", "AMediaCodec_delete",
@@ -175,17 +176,23 @@ TEST_F(DecodeCalls, FailuresAreLoggedAndNoStepIsSkipped) {
          {renderer + "FindClass( android/view/Surface ) failed ...######renderer\n"}},
         {"GetMethodID <init>(Landroid/graphics/SurfaceTexture;)V",
          {renderer + "GetMethodID( <init> ) failed ...######renderer\n"}},
+        {"AttachCurrentThread", {}},
         {"ANativeWindow_fromSurface", {}},
+        {"AMediaCodec_configure window none 0", {}},
+        {"AMediaCodec_start", {}},
     };
     for (const auto& [step, messages] : cases) {
         SCOPED_TRACE(step);
         platform.failing = {step};
         void* handle = create();
         EXPECT_EQ(23U, platform.takeJournal().size());
-        auto lines = LogCapture::TakeTexts();
+        const auto lines = LogCapture::Take();
         ASSERT_EQ(3 + messages.size(), lines.size());
         for (size_t i = 0; i < messages.size(); ++i) {
-            EXPECT_EQ(messages[i], lines[1 + i]);
+            const bool ofBridge = messages[i].compare(0, bridge.size(), bridge) == 0;
+            EXPECT_EQ(messages[i], lines[1 + i].text);
+            EXPECT_EQ(ofBridge ? "VEOESSurfaceTexture" : "VEOESRenderer", lines[1 + i].tag);
+            EXPECT_EQ(4, lines[1 + i].priority);
         }
         VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
         const bool latches = step != "GetMethodID updateTexImage()V" && step != "NewGlobalRef";
@@ -226,6 +233,24 @@ TEST_F(DecodeCalls, WithoutAJavaMachineARendererIsInert) {
                        "VEOESRenderer::Destroy ..######renderer",
                        "VEOESRenderer::Destroy success ..######renderer"}),
               LogCapture::TakeTexts());
+}
+
+TEST_F(DecodeCalls, OnlyOutputModeOneHasAMaskAndAView) {
+    static std::vector<float> distances;  // Of the camera, at each draw.
+    const auto real = GLES3::glUniformMatrix4fv;
+    GLES3::glUniformMatrix4fv = [](GLint, GLsizei, GLboolean, const GLfloat* matrix) {
+        distances.push_back(matrix[15]);
+    };
+    for (const int outputMode : {0, 1, 2}) {
+        void* handle = create(Mode(VE_MODE_H264, outputMode), platform.machine());
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_EQ(0, VEUpdateUserPosition(handle, 0, 0, 0, 0));
+            EXPECT_EQ(0, VEUpdateRenderer(handle, nullptr, 0, true, nullptr));
+        }
+        VEDestroyRenderer(handle);
+    }
+    GLES3::glUniformMatrix4fv = real;
+    EXPECT_EQ((std::vector<float>{2, 2, 3}), distances);
 }
 
 TEST_F(DecodeCalls, UnitsAreQueuedWholeOrDropped) {

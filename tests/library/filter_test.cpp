@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 #include "ShaderText.h"
 #include "gl/GLES3.h"
@@ -80,6 +81,22 @@ TEST_F(Filter, DrawsExternalSources) {
     scene.viewX = 0.2F;
     scene.zoom = 1.0F;
     expectShown();
+}
+
+TEST_F(Filter, ErrorChecksOfExternalSourcesReportTheirNumbers) {
+    auto filter = makeFilter<GPUTexture2TextureFilter>();
+    filter.Texture2FilterTexture(1, true, true, -1, {});
+    LogCapture::Take();
+    const auto real = std::exchange(GLES3::glGetError, [] { return GLenum{GL_INVALID_VALUE}; });
+    filter.Texture2FilterTexture(1, true, true, 5, {});
+    GLES3::glGetError = real;
+    std::vector<int> numbers;
+    for (const std::string& text : LogCapture::TakeTexts()) {
+        numbers.push_back(std::stoi(text.substr(text.rfind(':') + 1)));
+    }
+    EXPECT_EQ((std::vector<int>{242, 243, 244, 245, 246, 254, 255, 257, 258, 259, 260, 261, 264,
+                                265, 268, 269, 270, 275, 276, 277, 314, 315, 316, 317, 318}),
+              numbers);
 }
 
 TEST_F(Filter, DrawsExternalSourcesUnderAMask) {

@@ -206,6 +206,23 @@ TEST_F(GlCalls, EachStickerRebuildsTheOneMeshAndHiddenOnesNothing) {
     EXPECT_TRUE(Only(recorder.take(), {"glDeleteVertexArrays", "glGenBuffers"}).empty());
 }
 
+TEST_F(GlCalls, TheStickerListMayGrowDuringTheDraw) {
+    RendererHarness renderer(kPlain);
+    update(renderer);
+    static VEStickerList stickers;
+    static int draws = 0;
+    static decltype(GLES3::glDrawElements) real = nullptr;
+    stickers = {{1, 1}};
+    real = std::exchange(GLES3::glDrawElements, [](auto... arguments) {
+        stickers.resize(2, {2, 0});
+        ++draws;
+        real(arguments...);
+    });
+    VEUpdateRendererWithSticker(renderer.handle, nullptr, 0, true, nullptr, 77, stickers);
+    GLES3::glDrawElements = real;
+    EXPECT_EQ(3, draws);
+}
+
 TEST_F(GlCalls, TheFirstDrawAllocatesAndAttachesTheDestination) {
     RendererHarness renderer(kPlain, VE_FORMAT_RGB);
     update(renderer);
@@ -269,7 +286,12 @@ TEST_F(GlCalls, ARendererThatNeverDrewDeletesTheProgramItNeverBuilt) {
 std::vector<int> CheckedLines(RendererHarness& renderer, void* mask, int stickerTexture,
                               VEStickerList stickers = {}) {
     static uint8_t pixels[4 * 2 * 3] = {};
-    const auto real = std::exchange(GLES3::glGetError, [] { return GLenum{GL_INVALID_VALUE}; });
+    static size_t errors = 0;
+    errors = 0;
+    const auto real = std::exchange(GLES3::glGetError, [] {
+        ++errors;
+        return GLenum{GL_INVALID_VALUE};
+    });
     LogCapture::Take();
     VEUpdateRendererWithSticker(renderer.handle, pixels, 0, true, mask, stickerTexture, stickers);
     GLES3::glGetError = real;
@@ -283,6 +305,7 @@ std::vector<int> CheckedLines(RendererHarness& renderer, void* mask, int sticker
         EXPECT_EQ('\n', line.text.back());
         lines.push_back(std::stoi(line.text.substr(start.size())));
     }
+    EXPECT_EQ(lines.size(), errors) << "one glGetError for each check";
     return lines;
 }
 

@@ -1,8 +1,29 @@
+#include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstring>
 
 #include "gl/GLES3.h"
+#include "src/Render/VERendererBase.h"
 #include "support/LogCapture.h"
 #include "support/RendererHarness.h"
+
+namespace {
+
+const char* missingFunction = "";
+
+}  // namespace
+
+/// Stands in front of EGL's, to hide a GL function.
+extern "C" auto eglGetProcAddress(const char* name) -> void (*)() {
+    if (std::strcmp(name, missingFunction) == 0) {
+        return nullptr;
+    }
+    using Lookup = void (*(*)(const char*))();
+    static const auto real = reinterpret_cast<Lookup>(dlsym(RTLD_NEXT, "eglGetProcAddress"));
+    return real(name);
+}
 
 namespace {
 
@@ -84,6 +105,46 @@ TEST(Interface, LifeIsLoggedOnceEachUnderTheRenderersTag) {
     EXPECT_EQ("VEGLES3Renderer", lines[0].tag);
     EXPECT_EQ("VEGPUData2TextureFilter", lines[1].tag);
     EXPECT_EQ(4, lines[0].priority);
+}
+
+/// The index of a virtual function, as the C++ ABI has it in a pointer to the member.
+template <typename Member>
+size_t SlotOf(Member member) {
+    uintptr_t words[2];
+    std::memcpy(words, &member, sizeof(words));
+    return words[0] / sizeof(void*);
+}
+
+TEST(Interface, TheVirtualFunctionsKeepTheirOrder) {
+    EXPECT_EQ(0U, SlotOf(&VERendererBase::Update));
+    EXPECT_EQ(1U, SlotOf(&VERendererBase::Destroy));
+    EXPECT_EQ(2U, SlotOf(&VERendererBase::UpdateCompressedData));
+    EXPECT_EQ(3U, SlotOf(&VERendererBase::UpdateUserPosition));
+}
+
+/// With a loader that fails: exits with 42 when both kinds of renderer log that and go on.
+void CreateWithoutAFunction() {
+    const OffscreenContext context;
+    missingFunction = "glBindVertexArrayOES";
+    LogCapture::Take();
+    void* handle = kUntouched;
+    VERendererMode raw = Mode(0, VE_MODE_RGBA);
+    VERendererMode compressed = Mode(0, VE_MODE_H264);
+    VECreateRendererHandle(&handle, 1, &raw, nullptr);
+    VECreateRendererHandle(&handle, 1, &compressed, nullptr);
+    const auto lines = LogCapture::Take();
+    _exit(lines.size() == 4 && lines[0].tag == "VEGPUTextureFilterBase" && lines[0].priority == 4 &&
+                  lines[0].text ==
+                      "\n Failed to load GLES3 core entry points! ...###debug_renderer\n" &&
+                  lines[1].tag == "VEGLES3Renderer" && lines[2].tag == "VEOESRenderer" &&
+                  lines[2].text == "\n Failed to load GLES3 core entry points! ...######renderer\n"
+              ? 42
+              : 1);
+}
+
+TEST(InterfaceDeathTest, AMissingGlFunctionIsLoggedOnly) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");  // A fresh process: the table loads once.
+    EXPECT_EXIT(CreateWithoutAFunction(), testing::ExitedWithCode(42), "");
 }
 
 TEST(Interface, OtherOutputModesDrawNothing) {

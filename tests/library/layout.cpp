@@ -3,6 +3,7 @@
 // pointers of 32 bits and of 64 bits.
 
 #include <cstddef>
+#include <type_traits>
 
 #include "kernel/GlGeometry.h"
 #include "kernel/GlProgram.h"
@@ -10,6 +11,8 @@
 #include "render/GPUTextureFilter/GLFbo.h"
 #include "render/GPUTextureFilter/GLStateSave.h"
 #include "render/GPUTextureFilter/GLTexture.h"
+#include "render/GPUTextureFilter/VEGPUData2TextureFilter.h"
+#include "render/GPUTextureFilter/VEGPUTexture2TextureFilter.h"
 #include "render/Timer.h"
 #include "render/VERenderer.h"
 #include "render/VEStickerList.h"
@@ -39,6 +42,7 @@ EXPECT_SIZE(VEStickerList, 12, 24);
 
 // A table of virtual functions, then four numbers.
 EXPECT_SIZE(VERendererBase, 20, 24);
+static_assert(!std::has_virtual_destructor<VERendererBase>::value, "VERendererBase");
 
 EXPECT_AT(GLTexture, m_format, 0, 0);
 EXPECT_AT(GLTexture, m_pixels, 4, 8);
@@ -58,6 +62,9 @@ EXPECT_AT(GLFbo, m_height, 12, 12);
 EXPECT_AT(GLFbo, m_format, 16, 16);
 EXPECT_SIZE(GLFbo, 20, 20);
 EXPECT_SIZE(GLStateSave, 68, 68);
+EXPECT_SIZE(GPUTextureFilterBaseImpl, 308, 312);
+EXPECT_SIZE(GPUData2TextureFilter, 316, 328);
+EXPECT_SIZE(GPUTexture2TextureFilter, 312, 320);
 
 // Two doubles, a flag and two time stamps of two C longs each.
 EXPECT_SIZE(Timer, 40, 56);

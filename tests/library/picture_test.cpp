@@ -34,14 +34,17 @@ TEST(Picture, ShowsRgbAndRgbaFramesOfAnySize) {
     }
 }
 
-TEST(Picture, AnRgbDestinationHasNoAlpha) {
+TEST(Picture, OnlyADestinationOfFormat3HasNoAlpha) {
     TestContext context;
     const Image frame = Solid(8, 8, {10, 20, 30, 40});
-    RendererHarness renderer(Plain(VE_MODE_RGBA, 8, 8), VE_FORMAT_RGB);
-    Scene scene;
-    scene.source = &frame;
-    renderer.show(scene);
-    EXPECT_EQ((Rgba{10, 20, 30, 255}), renderer.readBack().pixel(3, 3));
+    for (const int format : {0, 3, 4, 5}) {
+        RendererHarness renderer(Plain(VE_MODE_RGBA, 8, 8), format);
+        Scene scene;
+        scene.source = &frame;
+        renderer.show(scene);
+        const uint8_t alpha = format == 3 ? 255 : 40;
+        EXPECT_EQ((Rgba{10, 20, 30, alpha}), renderer.readBack().pixel(3, 3)) << format;
+    }
 }
 
 TEST(Picture, TheViewIsFixedWithoutAMask) {
@@ -114,8 +117,8 @@ Image KeyColumns(int channels) {
 TEST(Picture, TheMaskKeysThePictureAndIsNeverMirrored) {
     TestContext context;
     const Image frame = Noise(50, 40, 4, 11);
-    for (const int maskFormat : {VE_MASK_RGBA, VE_MASK_RGB}) {
-        const Image mask = KeyColumns(maskFormat == VE_MASK_RGBA ? 4 : 3);
+    for (const int maskFormat : {5, 3, 0, 4}) {
+        const Image mask = KeyColumns(maskFormat == 5 ? 4 : 3);
         RendererHarness renderer(Masked(50, 40, maskFormat, 4, 3));
         Scene scene;
         scene.source = &frame;

@@ -10,7 +10,7 @@ struct GLFbo {
     /// attaches it. Leaves unit 0 active, texture 0 on unit 1 and framebuffer 0 bound.
     void bindTexture(uint32_t texture) const;
 
-    uint32_t m_extraFbo = 0;  ///< A second framebuffer that release deletes; none so far.
+    uint32_t m_extraFbo = 0;  ///< Always 0. Frozen: extra framebuffer
     uint32_t m_fbo = 0;
     uint32_t m_width = 0;
     uint32_t m_height = 0;

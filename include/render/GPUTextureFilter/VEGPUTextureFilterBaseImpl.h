@@ -62,7 +62,7 @@ protected:
     int32_t m_texture1Loc = -1;
     int32_t m_texture2Loc = -1;
     int32_t m_colorMirrorLoc = -1;
-    int32_t m_spareLocs[2] = {-1, -1};
+    int32_t m_spareLocs[2] = {-1, -1};  // Frozen: record fields
     int32_t m_matrixLoc = -1;
     int32_t m_stickerLoc = -1;
 

@@ -23,6 +23,7 @@ VEGLES3Renderer::VEGLES3Renderer(int textureId, int format, VERendererMode* mode
           static_cast<uint32_t>(mode->textureWidth), static_cast<uint32_t>(mode->textureHeight),
           MaskFormat(*mode), static_cast<uint32_t>(mode->maskWidth),
           static_cast<uint32_t>(mode->maskHeight))) {
+    // Frozen: log texts
     LogWithFileTag(ANDROID_LOG_INFO, kSourceFile,
                    "\n VEGLES3Renderer textureId(%d), textureWidth (%d), textureHieght(%d),"
                    "extractWidth(%d), extractHeight(%d) .. ######renderer\n",
@@ -53,7 +54,7 @@ int VEGLES3Renderer::UpdateCompressedData(void* /*data*/, int /*size*/) {
 }
 
 int VEGLES3Renderer::UpdateUserPosition(float a, float b, float c, float d) {
-    if (outputMode == VE_OUTPUT_MASKED) {
+    if (outputMode == VE_OUTPUT_MASKED) {  // Frozen: view without mask
         filter->UpdateUserPosition(a, b, c, d);
     }
     return 0;

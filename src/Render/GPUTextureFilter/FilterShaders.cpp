@@ -1,6 +1,6 @@
 #include "FilterShaders.h"
 
-// The texts are compared and cached by drivers to the letter, trailing blanks included.
+// Frozen: shader texts
 
 const char kFilterVertexShader[] =
     "attribute vec4 Position;\n"

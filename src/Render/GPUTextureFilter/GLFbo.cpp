@@ -10,8 +10,7 @@ void GLFbo::bindTexture(uint32_t texture) const {
                         GL_UNSIGNED_BYTE, nullptr);
     GLES3::glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
     GLES3::glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
-    // Required as it is, though no mipmaps are ever made: whoever samples the output sets the
-    // filter that suits the use.
+    // Frozen: destination storage
     GLES3::glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
     GLES3::glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
     GLES3::glBindTexture(GL_TEXTURE_2D, 0);

@@ -41,7 +41,7 @@ GLStateSave::~GLStateSave() {
                                AsEnum(m_blendSrcAlpha), AsEnum(m_blendDstAlpha));
     SetEnabled(GL_BLEND, m_blendEnabled);
     GLES3::glBindBuffer(GL_ARRAY_BUFFER, static_cast<GLuint>(m_arrayBuffer));
-    GLES3::glBindVertexArrayOES(0);  // Reset, not restored: the caller's was never captured.
+    GLES3::glBindVertexArrayOES(0);  // Frozen: saved state
     SetEnabled(GL_SCISSOR_TEST, m_scissorEnabled);
     GLES3::glScissor(m_scissorBox[0], m_scissorBox[1], m_scissorBox[2], m_scissorBox[3]);
     SetEnabled(GL_DEPTH_TEST, m_depthEnabled);

@@ -73,6 +73,7 @@ void GLTexture::loadData(const void* data) {
 }
 
 /// Copies the pending buffer into the texture and leaves both bound.
+// Frozen: pending unpack buffer
 void GLTexture::finishPending() {
     GLES3::glBindTexture(GL_TEXTURE_2D, m_textureId);
     GLES3::glBindBuffer(GL_PIXEL_UNPACK_BUFFER, m_pbo[m_pendingPbo]);

@@ -18,7 +18,7 @@ GPUData2TextureFilter::~GPUData2TextureFilter() {
 void GPUData2TextureFilter::Draw2FilterTexture(const void* pixels, bool mirror,
                                                int32_t stickerTexture,
                                                const VEStickerList& stickers) {
-    if (m_sourceTexture == nullptr) {
+    if (m_sourceTexture == nullptr) {  // Frozen: first calls
         createSourceTexture();
         return;
     }

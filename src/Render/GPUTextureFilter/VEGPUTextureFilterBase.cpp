@@ -10,8 +10,7 @@ namespace {
 
 constexpr char kSourceFile[] = "src/Render/GPUTextureFilter/VEGPUTextureFilterBase.cpp";
 
-/// Sent for every fragment shader, also for those that sample 2D textures only: one set of
-/// directives keeps all of them in the same shading-language version.
+// Frozen: fragment directives
 constexpr char kFragmentDirectives[] =
     "#extension GL_OES_EGL_image_external : enable\n"
     "#extension GL_OES_EGL_image_external_essl3 : enable\n";
@@ -29,6 +28,7 @@ GPUTextureFilterBase::GPUTextureFilterBase() {
 
 uint32_t GPUTextureFilterBase::BuildGLProgram(const char* vertexSource,
                                               const char* fragmentSource) {
+    // Frozen: kept shaders
     return OVR::BuildProgram(nullptr, vertexSource, kFragmentDirectives, fragmentSource,
                              kProgramVersion)
         .Program;
@@ -53,7 +53,7 @@ void GPUTextureFilterBase::DeleteFBO(GLFbo* fbo) {
     if (fbo == nullptr) {
         return;
     }
-    GLES3::glDeleteFramebuffers(1, &fbo->m_extraFbo);
+    GLES3::glDeleteFramebuffers(1, &fbo->m_extraFbo);  // Frozen: extra framebuffer
     GLES3::glDeleteFramebuffers(1, &fbo->m_fbo);
     delete fbo;
 }
@@ -77,8 +77,7 @@ void GPUTextureFilterBase::DeleteTexture(GLTexture* texture) {
     }
     if (texture->m_usePbo) {
         delete[] texture->m_pixels;
-        // The framebuffer entry point, deliberately: the two pixel buffers live on until their
-        // context is destroyed, and framebuffers that share their names are deleted.
+        // Frozen: pixel-buffer names
         GLES3::glDeleteFramebuffers(2, texture->m_pbo);
     }
     GLES3::glDeleteTextures(1, &texture->m_textureId);

@@ -37,7 +37,7 @@ constexpr TextureChecks kTexture2DChecks = {
 /// Distance of \p pixel from the center, in halves of the target's size. A target that is one pixel
 /// wide has no half: the result is then infinite or NaN.
 float FromCenter(int32_t pixel, uint32_t half) {
-    // Subtracted in unsigned arithmetic, which wraps as 32-bit registers do.
+    // Frozen: sticker placement
     const auto distance = static_cast<int32_t>(static_cast<uint32_t>(pixel) - half);
     return static_cast<float>(distance) / static_cast<float>(half);
 }
@@ -73,7 +73,7 @@ void BindTexture(GLenum target, GLuint texture, DrawCheck check) {
     CheckGLError(check);
 }
 
-/// Texture 0 goes to the unit active now; the other units keep their textures.
+// Frozen: state left behind
 void Unbind() {
     GLES3::glBindVertexArrayOES(0);
     CheckGLError(DrawCheck::UnbindVertexArrayOES);
@@ -109,18 +109,19 @@ GPUTextureFilterBaseImpl::GPUTextureFilterBaseImpl(uint32_t targetTexture, uint3
 }
 
 GPUTextureFilterBaseImpl::~GPUTextureFilterBaseImpl() {
-    DeleteGLProgram(m_program);
+    DeleteGLProgram(m_program);  // Frozen: program never built
     DeleteFBO(m_fbo);
     m_quad.Free();
     m_stickerQuad.Free();
 }
 
+// Frozen: ignored coordinates
 void GPUTextureFilterBaseImpl::updateMatrixState(float x, float /*y*/, float zoom, float /*w*/) {
     m_mvpMatrix = Multiply(m_projection, CameraView(x, 0.0F, zoom));
 }
 
 void GPUTextureFilterBaseImpl::updateStickerPaintPosition(int32_t x, int32_t y) {
-    if (x == -1 && y == -1) {
+    if (x == -1 && y == -1) {  // Frozen: hidden pair
         m_stickerVisible = false;
         return;
     }
@@ -134,7 +135,7 @@ void GPUTextureFilterBaseImpl::updateStickerPaintPosition(int32_t x, int32_t y) 
 void GPUTextureFilterBaseImpl::draw(uint32_t sourceTexture, uint32_t maskTexture, bool mirror,
                                     bool sourceIsExternal, int32_t stickerTexture,
                                     const VEStickerList& stickers) {
-    if (m_program == kNone) {
+    if (m_program == kNone) {  // Frozen: first draw decides
         setUp(sourceIsExternal, maskTexture != kNone);
     }
     const GLStateSave callersState;
@@ -171,7 +172,7 @@ void GPUTextureFilterBaseImpl::buildProgram(bool sourceIsExternal, bool masked) 
     m_texture2Loc = FindUniform(m_program, "Texture2", DrawCheck::StickerTextureLocation);
 }
 
-/// Clears in the caller's clear colour: it is the background around the picture.
+// Frozen: clear color
 void GPUTextureFilterBaseImpl::beginTarget() const {
     GLES3::glBindFramebuffer(GL_FRAMEBUFFER, m_fbo->m_fbo);
     Disable(GL_DEPTH_TEST, DrawCheck::DepthTest);
@@ -180,7 +181,7 @@ void GPUTextureFilterBaseImpl::beginTarget() const {
     Disable(GL_CULL_FACE, DrawCheck::CullFace);
     Disable(GL_BLEND, DrawCheck::Blend);
 
-    // The target has no depth; the entry is sent all the same.
+    // Frozen: depth attachment
     static constexpr GLenum kAttachments[] = {GL_COLOR_ATTACHMENT0, GL_DEPTH_ATTACHMENT};
     GLES3::glInvalidateFramebuffer(GL_FRAMEBUFFER, 2, kAttachments);
     GLES3::glViewport(0, 0, static_cast<GLsizei>(m_targetWidth),
@@ -218,10 +219,11 @@ void GPUTextureFilterBaseImpl::bindTextures(uint32_t sourceTexture, uint32_t mas
     }
 }
 
-/// One mesh serves all stickers in turn, rebuilt at each position. They replace what is below them:
-/// blending is off, and their alpha is written as it is.
+// Frozen: one sticker mesh
+// Frozen: unblended stickers
 void GPUTextureFilterBaseImpl::drawStickers(const VEStickerList& stickers) {
-    // NOLINTNEXTLINE(modernize-loop-convert): the size is read again at each step.
+    // Frozen: sticker list size
+    // NOLINTNEXTLINE(modernize-loop-convert)
     for (size_t i = 0; i < stickers.size(); ++i) {
         updateStickerPaintPosition(stickers[i].first, stickers[i].second);
         if (m_stickerVisible) {

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr double kFieldOfViewDegrees = 47.0;
-constexpr float kAspect = 1.0F;  // Not the output's: a square view fills any frame.
+constexpr float kAspect = 1.0F;  // Frozen: square view
 constexpr float kNearPlane = 0.1F;
 constexpr float kFarPlane = 100.0F;
 

@@ -9,8 +9,8 @@
 /// \param fovYDegrees vertical field of view. \param aspect width / height.
 OVR::Matrix4<float> Perspective(double fovYDegrees, float aspect, float zNear, float zFar);
 
-/// Right-handed view from \p eye towards \p target. All NaN (but for the last row) when the two
-/// coincide.
+/// Right-handed view from \p eye towards \p target. When the two are the same point, all
+/// elements are NaN except the last row.
 OVR::Matrix4<float> LookAt(const OVR::Vector3<float>& eye, const OVR::Vector3<float>& target,
                            const OVR::Vector3<float>& up);
 
@@ -21,5 +21,6 @@ OVR::Matrix4<float> Multiply(const OVR::Matrix4<float>& left, const OVR::Matrix4
 OVR::Matrix4<float> CameraProjection();
 
 /// The camera at (\p x, \p y, 3 - zoom / 2), which looks at (x, y, 0). At zoom 6 it stands in the
-/// picture's plane and the matrix is NaN; beyond, it looks at the picture from behind.
+/// picture's plane and the matrix is NaN. Above 6 it looks at the picture from behind.
+// Frozen: zoom 6
 OVR::Matrix4<float> CameraView(float x, float y, float zoom);

@@ -15,7 +15,7 @@ constexpr char kSourceFile[] = "src/Render/OESRenderer/VEAndroidCodec.cpp";
 constexpr int64_t kInputTimeoutUs = 2000;
 constexpr int64_t kOutputTimeoutUs = 1000;
 
-/// The format is left to the process: it is small, and there is one per renderer.
+// Frozen: decoder format
 AMediaFormat* MakeFormat(int width, int height, const char* mimeType) {
     AMediaFormat* format = AMediaFormat_new();
     AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_WIDTH, width);
@@ -61,8 +61,8 @@ void AndroidCodec::flush(const void* data, int size) {
     const auto bytes = static_cast<size_t>(size);
     size_t capacity = 0;
     uint8_t* buffer = AMediaCodec_getInputBuffer(decoder, slot, &capacity);
-    std::memcpy(buffer, data, bytes);
-    // Every unit carries time 0: frames are shown in the order in which they come out.
+    std::memcpy(buffer, data, bytes);  // Frozen: unit size
+    // Frozen: units
     AMediaCodec_queueInputBuffer(decoder, slot, 0, bytes, 0, 0);
 }
 

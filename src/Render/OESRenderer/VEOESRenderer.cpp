@@ -25,7 +25,8 @@ void Log(const char* text) {
     LogWithFileTag(ANDROID_LOG_INFO, kSourceFile, "%s", text);
 }
 
-/// Logs \p failure when \p result is null; callers go on with it all the same.
+/// Logs \p failure when \p result is null.
+// Frozen: unchecked results
 template <typename T>
 T Checked(T result, const char* failure) {
     if (result == nullptr) {
@@ -36,7 +37,7 @@ T Checked(T result, const char* failure) {
 
 /// Start routine of the decoder thread; owns its argument, a share in the loop.
 void* Codec_Thread_Fun(void* argument) {
-    pthread_detach(pthread_self());  // Nobody will join it.
+    pthread_detach(pthread_self());  // Frozen: decoder thread
     const std::unique_ptr<std::shared_ptr<DecodeLoop>> loop(
         static_cast<std::shared_ptr<DecodeLoop>*>(argument));
     (*loop)->run();
@@ -54,7 +55,7 @@ VEOESRenderer::VEOESRenderer(int textureId, int format, VERendererMode* mode, vo
         Log("\n JNI_OnLoad() not called yet ...######renderer\n");
         return;
     }
-    this->javaVM->AttachCurrentThread(EnvSlot{&env}, nullptr);
+    this->javaVM->AttachCurrentThread(EnvSlot{&env}, nullptr);  // Frozen: attached thread
     LocalInit();
     startDecoding(*mode);
     filter = new GPUTexture2TextureFilter(static_cast<uint32_t>(textureId), TargetFormat(format),
@@ -62,6 +63,7 @@ VEOESRenderer::VEOESRenderer(int textureId, int format, VERendererMode* mode, vo
                                           static_cast<uint32_t>(mode->textureHeight),
                                           MaskFormat(*mode), static_cast<uint32_t>(mode->maskWidth),
                                           static_cast<uint32_t>(mode->maskHeight));
+    // Frozen: log texts
     LogWithFileTag(ANDROID_LOG_INFO, kSourceFile,
                    "\n VEOESRenderer textureId(%d), textureWidth (%d), textureHieght(%d), "
                    "maskWidth(%d), maskHeight(%d)... ###renderer\n",

@@ -10,7 +10,8 @@ namespace {
 constexpr char kSourceFile[] = "src/Render/OESRenderer/VEOESSurfaceTexture.cpp";
 constexpr char kClassName[] = "android/graphics/SurfaceTexture";
 
-/// Logs \p failure when \p result is null; callers go on with it all the same.
+/// Logs \p failure when \p result is null.
+// Frozen: unchecked results
 template <typename T>
 T Checked(T result, const char* failure) {
     if (result == nullptr) {
@@ -19,6 +20,7 @@ T Checked(T result, const char* failure) {
     return result;
 }
 
+// Frozen: external texture
 void SetParameter(GLenum name, GLenum value) {
     GLES3::glTexParameterf(GL_TEXTURE_EXTERNAL_OES, name, static_cast<GLfloat>(value));
 }
