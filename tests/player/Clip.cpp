@@ -98,10 +98,10 @@ void MakeClip(const std::string& path, const ClipKind& kind) {
         audio.push_back(std::make_unique<NoiseTrack>(muxer, name));
     }
     muxer.Begin({});
-    const ColourConverter converter(video.Encoder(), AV_PIX_FMT_RGBA);
+    const ColorConverter converter(video.Encoder(), AV_PIX_FMT_RGBA);
     for (int i = 1; i <= kind.frames; ++i) {
         LibavPtr<AVFrame> picture = MakePicture(kind.size);
-        converter.Convert(Solid(kind.size, FrameColour(i)).pixels.data(), *picture);
+        converter.Convert(Solid(kind.size, FrameColor(i)).pixels.data(), *picture);
         video.Write(*picture);
         for (const auto& track : audio) {
             track->WriteUntil(video.Seconds());

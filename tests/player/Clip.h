@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "export/Colours.h"
+#include "export/Colors.h"
 #include "support/Image.h"
 #include "support/Libav.h"
 
@@ -12,14 +12,14 @@ struct ClipKind {
     int frames = 20;
     Size size = {64, 48};
     AVRational frameRate = {25, 1};
-    ColourTags tags = {AVCOL_RANGE_MPEG, AVCOL_SPC_SMPTE170M, AVCOL_PRI_SMPTE170M,
-                       AVCOL_TRC_SMPTE170M};
+    ColorTags tags = {AVCOL_RANGE_MPEG, AVCOL_SPC_SMPTE170M, AVCOL_PRI_SMPTE170M,
+                      AVCOL_TRC_SMPTE170M};
     const char* container = "matroska";
     std::vector<const char*> audio;  ///< Encoders, one for each track.
 };
 
 /// Writes H.264 video with frames that are shown in another order than they are decoded in. Frame
-/// n, from 1 on, is all of its FrameColour. The audio is noise as long as the video.
+/// n, from 1 on, is all of its FrameColor. The audio is noise as long as the video.
 void MakeClip(const std::string& path, const ClipKind& kind);
 
 struct AudioPacket {

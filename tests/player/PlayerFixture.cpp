@@ -36,7 +36,7 @@ Image Pattern(Size size) {
     return image;
 }
 
-Pixel FrameColour(int frame) {
+Pixel FrameColor(int frame) {
     return {static_cast<uint8_t>(40 + 50 * (frame % 5)), static_cast<uint8_t>(20 * frame),
             static_cast<uint8_t>(250 - 20 * frame), 255};
 }
@@ -86,7 +86,7 @@ void PlayerTest::WriteImage(const std::string& name, const Image& image) const {
 void PlayerTest::WriteClip(const std::string& name, int count, Size size) const {
     const NumberedPath path(name + "/%04d.png");
     for (int i = 1; i <= count; ++i) {
-        WriteImage(path.At(i), Solid(size, FrameColour(i)));
+        WriteImage(path.At(i), Solid(size, FrameColor(i)));
     }
 }
 

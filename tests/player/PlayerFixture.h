@@ -23,7 +23,7 @@ Image Solid(Size size, const Pixel& colour);
 /// A picture whose pixels all differ from their neighbours.
 Image Pattern(Size size);
 /// A colour for each frame number, opaque and far from its neighbours'.
-Pixel FrameColour(int frame);
+Pixel FrameColor(int frame);
 
 /// Runs the tools in an empty directory of its own.
 class PlayerTest : public ::testing::Test {
@@ -40,7 +40,7 @@ protected:
     std::string Path(const std::string& name) const { return (directory_ / name).string(); }
     Image Read(const std::string& name) const;
     void WriteImage(const std::string& name, const Image& image) const;
-    /// \p count pictures "<name>/0001.png" …, each all of its FrameColour.
+    /// \p count pictures "<name>/0001.png" …, each all of its FrameColor.
     void WriteClip(const std::string& name, int count, Size size) const;
     std::set<std::string> Files() const;
 

@@ -2,9 +2,12 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 
 #include "Clip.h"
 #include "PlayerFixture.h"
+#include "export/Output.h"
 #include "support/VideoFile.h"
 
 namespace {
@@ -32,7 +35,31 @@ std::vector<Image> ReadAny(const std::string& path) {
     return frames;
 }
 
+std::string ReadText(const std::string& path) {
+    std::ostringstream text;
+    text << std::ifstream(path).rdbuf();
+    return text.str();
+}
+
 }  // namespace
+
+TEST_F(PlayerTest, HelpAndPageHaveTheWordsOfEveryKind) {
+    std::string table = "| `--out` | holds | alpha | audio copied |\n|---|---|---|---|\n";
+    for (const OutputKind& kind : OutputKinds()) {
+        const std::string audio = kind.audio != nullptr ? kind.audio : "none";
+        for (const std::string& words : {std::string(kind.holds), audio}) {
+            EXPECT_NE(words, "") << kind.example;
+        }
+        table += "| `" + std::string(kind.example) + "` | " + kind.holds + " | " +
+                 Words(kind.alpha) + " | " + audio + " |\n";
+    }
+    EXPECT_NE(ReadText(PLAYER_PAGE).find("\n\n" + table + "\n"), std::string::npos) << table;
+
+    ASSERT_EQ(Play("--help > help").status, 0);
+    const std::string help = ReadText(Path("help"));
+    EXPECT_NE(help.find(OutputExamples()), std::string::npos) << help;
+    EXPECT_NE(help.find("\nOutput:\n" + OutputNotes()), std::string::npos) << help;
+}
 
 TEST_F(PlayerTest, EveryKindHoldsEveryFrameInOrderByBothPaths) {
     ClipKind kind;
@@ -47,7 +74,7 @@ TEST_F(PlayerTest, EveryKindHoldsEveryFrameInOrderByBothPaths) {
             for (size_t i = 0; i < frames.size(); ++i) {
                 ASSERT_EQ(frames[i].size.width, 64);
                 ASSERT_EQ(frames[i].size.height, 48);
-                EXPECT_TRUE(Near(At(frames[i], 32, 24), FrameColour(static_cast<int>(i) + 1), 9))
+                EXPECT_TRUE(Near(At(frames[i], 32, 24), FrameColor(static_cast<int>(i) + 1), 9))
                     << out << ", " << path << ", frame " << i + 1;
             }
         }
@@ -96,7 +123,7 @@ TEST_F(PlayerTest, AlphaIsKeptAndLeavesNoTraceOfTheFrameBefore) {
     EXPECT_TRUE(Near(At(ReadFrames(Path("out.mkv"))[0], 80, 32), kBlue));
 }
 
-TEST_F(PlayerTest, VideoKeepsFrameRateAndColourTags) {
+TEST_F(PlayerTest, VideoKeepsFrameRateAndColorTags) {
     ClipKind kind;
     kind.frameRate = kNtsc;
     kind.tags = {AVCOL_RANGE_JPEG, AVCOL_SPC_BT2020_NCL, AVCOL_PRI_BT2020, AVCOL_TRC_SMPTE2084};
@@ -109,7 +136,7 @@ TEST_F(PlayerTest, VideoKeepsFrameRateAndColourTags) {
         EXPECT_EQ(file.Codec().color_space, AVCOL_SPC_BT2020_NCL) << out;
         EXPECT_EQ(file.Codec().color_primaries, AVCOL_PRI_BT2020) << out;
         EXPECT_EQ(file.Codec().color_trc, AVCOL_TRC_SMPTE2084) << out;
-        EXPECT_TRUE(Near(At(ReadFrames(Path(out))[4], 32, 24), FrameColour(5))) << out;
+        EXPECT_TRUE(Near(At(ReadFrames(Path(out))[4], 32, 24), FrameColor(5))) << out;
     }
 }
 

@@ -38,7 +38,7 @@ TEST_F(PlayerTest, MaskKeysByItsAlphaAndItsLastFrameIsHeld) {
         const Image out = Read("out/" + std::to_string(frame) + ".png");
         for (int i = 0; i < 4; ++i) {
             const int alpha = (frame == 1 ? firstAlpha : lastAlpha).at(static_cast<size_t>(i));
-            const Pixel shown = WithAlpha(FrameColour(frame), static_cast<uint8_t>(alpha));
+            const Pixel shown = WithAlpha(FrameColor(frame), static_cast<uint8_t>(alpha));
             EXPECT_EQ(At(out, 2 * i + 1, 2), alpha < 0 ? kKeyedOut : shown) << frame << ", " << i;
         }
     }
@@ -46,7 +46,7 @@ TEST_F(PlayerTest, MaskKeysByItsAlphaAndItsLastFrameIsHeld) {
     PlayWell(play + " --mask-format rgb");
     const Image opaque = Read("out/1.png");
     EXPECT_EQ(At(opaque, 1, 2), kKeyedOut);
-    EXPECT_EQ(At(opaque, 7, 2), FrameColour(1));
+    EXPECT_EQ(At(opaque, 7, 2), FrameColor(1));
 }
 
 TEST_F(PlayerTest, MaskWithoutAlphaKeysByItsBrightness) {
@@ -57,7 +57,7 @@ TEST_F(PlayerTest, MaskWithoutAlphaKeysByItsBrightness) {
     const Image out = Read("out.png");
     EXPECT_EQ(At(out, 1, 2), kKeyedOut);
     for (int i = 1; i < 4; ++i) {
-        EXPECT_EQ(At(out, 2 * i, 2), WithAlpha(FrameColour(1), gray.at(static_cast<size_t>(i))));
+        EXPECT_EQ(At(out, 2 * i, 2), WithAlpha(FrameColor(1), gray.at(static_cast<size_t>(i))));
     }
 }
 
@@ -72,7 +72,7 @@ TEST_F(PlayerTest, MaskFromAVideoIsBlackWhereTheVideoIs) {
     PlayWell("in/%04d.png --fit --mask mask.mp4 --out out/%d.png");
     const Image out = Read("out/2.png");
     EXPECT_EQ(At(out, 8, 32), kKeyedOut);
-    EXPECT_EQ(At(out, 56, 32), FrameColour(2));
+    EXPECT_EQ(At(out, 56, 32), FrameColor(2));
 }
 
 TEST_F(PlayerTest, MaskIsScaledToItsSizeAndNotMirrored) {
@@ -81,5 +81,5 @@ TEST_F(PlayerTest, MaskIsScaledToItsSizeAndNotMirrored) {
     WriteImage("mask.png", MaskOf({Pixel{}, Pixel{}, kWhite, kWhite}));
     PlayWell("in/%04d.png --fit --mirror --mask mask.png --mask-size 32x16 --out out.png");
     EXPECT_EQ(At(Read("out.png"), 1, 2), kKeyedOut);
-    EXPECT_EQ(At(Read("out.png"), 6, 2), FrameColour(1));
+    EXPECT_EQ(At(Read("out.png"), 6, 2), FrameColor(1));
 }

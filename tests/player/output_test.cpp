@@ -24,7 +24,7 @@ bool Near(const uint8_t* pixel, const Pixel& expected) {
 TEST_F(PlayerTest, OnePictureHoldsTheFirstDrawnFrame) {
     WriteClip("in", 3, {8, 8});
     PlayWell("in/%04d.png --start 0.04 --out out.png");
-    EXPECT_EQ(Read("out.png").pixels, Solid({8, 8}, FrameColour(2)).pixels);
+    EXPECT_EQ(Read("out.png").pixels, Solid({8, 8}, FrameColor(2)).pixels);
 }
 
 TEST_F(PlayerTest, Mp4HoldsEveryFrameInItsColours) {
@@ -40,7 +40,7 @@ TEST_F(PlayerTest, Mp4HoldsEveryFrameInItsColours) {
             EXPECT_EQ(frame->width, size.width);
             EXPECT_EQ(frame->colorspace, colorSpace);
             EXPECT_EQ(frame->color_range, AVCOL_RANGE_MPEG);
-            EXPECT_TRUE(Near(converter.Convert(*frame), FrameColour(++count))) << count;
+            EXPECT_TRUE(Near(converter.Convert(*frame), FrameColor(++count))) << count;
         }
         EXPECT_EQ(count, 10);
         EXPECT_EQ(reader.Lost() + reader.Damaged(), 0);
@@ -49,7 +49,7 @@ TEST_F(PlayerTest, Mp4HoldsEveryFrameInItsColours) {
     // The start is found also where it is no key frame.
     PlayWell("out.mp4 --start 0.2 --frames 1 --out sixth.png");
     const Image sixth = Read("sixth.png");
-    EXPECT_TRUE(Near(sixth.At(0, 8), FrameColour(6)));
+    EXPECT_TRUE(Near(sixth.At(0, 8), FrameColor(6)));
 }
 
 TEST_F(PlayerTest, Mp4ShowsTheBackdropThroughTransparentParts) {
@@ -82,5 +82,5 @@ TEST_F(PlayerTest, BrokenInputIsDrawnAsFarAsItDecodes) {
     EXPECT_EQ(result.status, 1);
     EXPECT_NE(result.errors.find("in/%04d.png is broken: 1 frames lost"), std::string::npos);
     EXPECT_NE(result.errors.find("4 frames in, 4 out, 1 failed"), std::string::npos);
-    EXPECT_EQ(At(Read("out/3.png"), 8, 8), FrameColour(4));
+    EXPECT_EQ(At(Read("out/3.png"), 8, 8), FrameColor(4));
 }

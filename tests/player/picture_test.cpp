@@ -14,7 +14,7 @@ TEST_F(PlayerTest, EveryFrameComesOutOnceAndInOrder) {
     for (const std::string options : {"--rgba", "--rgb", "--rgba --fit", "--rgb --fit"}) {
         PlayWell("in/%04d.png " + options + " --out out/%d.png");
         for (int i = 1; i <= 5; ++i) {
-            EXPECT_EQ(Read(kOut.At(i)).pixels, Solid({7, 5}, FrameColour(i)).pixels)
+            EXPECT_EQ(Read(kOut.At(i)).pixels, Solid({7, 5}, FrameColor(i)).pixels)
                 << options << ", frame " << i;
         }
         EXPECT_FALSE(std::filesystem::exists(Path(kOut.At(6))));
@@ -46,7 +46,7 @@ TEST_F(PlayerTest, StartAndFramesChooseAPartOfTheInput) {
     WriteClip("in", 10, {8, 8});
     PlayWell("in/%04d.png --start 0.12 --frames 4 --out out/%d.png");
     for (int i = 1; i <= 4; ++i) {
-        EXPECT_EQ(At(Read(kOut.At(i)), 4, 4), FrameColour(i + 3));
+        EXPECT_EQ(At(Read(kOut.At(i)), 4, 4), FrameColor(i + 3));
     }
     EXPECT_FALSE(std::filesystem::exists(Path(kOut.At(5))));
 }
@@ -58,7 +58,7 @@ TEST_F(PlayerTest, ViewMovesWithTheFrameThatIsShown) {
         // Each step moves the picture to the left by an eighth of the frame.
         const Image frame = Read(kOut.At(i));
         const int edge = 200 - (i - 1) * 25;
-        EXPECT_EQ(At(frame, edge - 2, 5), FrameColour(i)) << i;
+        EXPECT_EQ(At(frame, edge - 2, 5), FrameColor(i)) << i;
         if (edge < 200) {
             EXPECT_EQ(At(frame, edge + 1, 5), (Pixel{9, 8, 7, 6})) << i;
         }

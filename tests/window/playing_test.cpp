@@ -20,7 +20,7 @@ protected:
     /// Saves, and expects the frame of the time that the file's name tells. \return that time
     double ExpectFrame() {
         const Saved saved = Save();
-        const Pixel colour = FrameColour(static_cast<int>(std::lround(saved.seconds * kRate)) + 1);
+        const Pixel colour = FrameColor(static_cast<int>(std::lround(saved.seconds * kRate)) + 1);
         const Pixel found = At(saved.image, kSize.width / 2, kSize.height / 2);
         for (size_t i = 0; i < colour.size(); ++i) {
             EXPECT_NEAR(found.at(i), colour.at(i), 5) << "at " << saved.seconds;

@@ -46,6 +46,17 @@ void VideoFile::Open() {
     stream_->discard = AVDISCARD_DEFAULT;
 }
 
+std::vector<std::string> VideoFile::AudioCodecs() const {
+    std::vector<std::string> codecs;
+    for (unsigned i = 0; i < input_->nb_streams; ++i) {
+        const AVCodecParameters& codec = *input_->streams[i]->codecpar;
+        if (codec.codec_type == AVMEDIA_TYPE_AUDIO) {
+            codecs.emplace_back(avcodec_get_name(codec.codec_id));
+        }
+    }
+    return codecs;
+}
+
 /// Goes to the last key frame before the start. Where that fails, the file is read from its
 /// beginning, to the same effect.
 void VideoFile::Seek() {

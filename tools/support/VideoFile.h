@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "support/Libav.h"
 
@@ -22,6 +23,8 @@ public:
     const AVInputFormat& Format() const { return *input_->iformat; }
     const AVStream& Stream() const { return *stream_; }
     const AVCodecParameters& Codec() const { return *stream_->codecpar; }
+    /// The name of the codec of each audio track.
+    std::vector<std::string> AudioCodecs() const;
     AVRational FrameRate() const;
 
     /// How many frames there should be from the start on; 0 when the file does not tell.

@@ -53,7 +53,7 @@ View ParseView(const std::string& text) {
             static_cast<float>(w)};
 }
 
-Rgba ParseColour(const std::string& text) {
+Rgba ParseColor(const std::string& text) {
     const auto [red, green, blue, alpha] = ParseNumbers<4>(text, 0.0, 255.0);
     return {static_cast<uint8_t>(red), static_cast<uint8_t>(green), static_cast<uint8_t>(blue),
             static_cast<uint8_t>(alpha)};
@@ -72,7 +72,7 @@ Backdrop ParseBackdrop(const std::string& text) {
     constexpr size_t kLength = 7;
     const bool hex = text.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string::npos;
     if (text.size() != kLength || text[0] != '#' || !hex) {
-        throw ToolError(text + " is neither checker nor a colour #rrggbb");
+        throw ToolError(text + " is neither checker nor a color #rrggbb");
     }
     const unsigned long rgb = std::stoul(text.substr(1), nullptr, 16);
     return Backdrop({static_cast<uint8_t>(rgb >> 16), static_cast<uint8_t>(rgb >> 8),

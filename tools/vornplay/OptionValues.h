@@ -26,6 +26,6 @@ View Between(const View& from, const View& to, double progress);
 // Parsers of option values. All throw ToolError.
 
 View ParseView(const std::string& text);                     ///< "X,Y,ZOOM,W"
-Rgba ParseColour(const std::string& text);                   ///< "R,G,B,A", each 0 … 255
+Rgba ParseColor(const std::string& text);                    ///< "R,G,B,A", each 0 … 255
 std::pair<int, int> ParsePosition(const std::string& text);  ///< "X,Y"
 Backdrop ParseBackdrop(const std::string& text);             ///< "checker" or "#rrggbb"

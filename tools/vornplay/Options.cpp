@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "export/Output.h"
 #include "support/CommandLine.h"
 #include "support/ToolError.h"
 
@@ -12,10 +13,7 @@ namespace {
 constexpr int64_t kMostFrames = 1'000'000'000;
 
 constexpr char kNotes[] =
-    "Output: x.png holds the first drawn frame of the run, with its alpha; dir/%04d.png all of\n"
-    "them, from number 1 on; x.mp4 and x.mkv an H.264 video of them over the backdrop; x.webm a\n"
-    "VP9 video with alpha; x.webp an animation with alpha; x.gif one with 256 colours a frame.\n"
-    "Videos keep the input's audio, where their kind takes it. Alpha is not premultiplied.\n"
+    "Alpha is not premultiplied. Audio is copied as it is.\n"
     "\n"
     "Path: by default, H.264 and Motion-JPEG video is handed over compressed and decoded by the\n"
     "platform, which a Java machine belongs to ($JAVA_HOME, or the system's); anything\n"
@@ -28,7 +26,7 @@ constexpr char kNotes[] =
     "drawn, and its last one is held.\n"
     "\n"
     "View: the picture is 2 wide and 2 high around 0,0. ZOOM 2 crops it by 1.15, 1.4 fits, less\n"
-    "shows the clear colour around it, 6 nothing. Y and W have no effect. Without --mask, a view\n"
+    "shows the clear color around it, 6 nothing. Y and W have no effect. Without --mask, a view\n"
     "makes the result opaque.\n"
     "\n"
     "Examples:\n"
@@ -157,8 +155,8 @@ void AddViewOptions(CLI::App& app, Options& options) {
            "--fit", [&options] { options.view = FitView(); },
            "Look so that the picture fills the frame exactly")
         ->excludes(view);
-    AddParsed(app, "--clear", options.clear, ParseColour, "R,G,B,A",
-              "Colour around the picture (default: 0,0,0,255)");
+    AddParsed(app, "--clear", options.clear, ParseColor, "R,G,B,A",
+              "Color around the picture (default: 0,0,0,255)");
     for (const char* name : {"--mirror", "--view", "--view-to", "--fit", "--clear"}) {
         app.get_option(name)->group("View");
     }
@@ -182,8 +180,7 @@ void ReadScriptInto(Options& options, const std::string& path) {
 
 void AddOutputOptions(CLI::App& app, Options& options) {
     app.add_option("--out", options.out,
-                   "Write to x.png, dir/%04d.png, x.mp4, .mkv, .webm, .webp or .gif (default: show "
-                   "it in a window)")
+                   "Write to " + OutputExamples() + " (default: show it in a window)")
         ->type_name("FILE");
     AddParsed(app, "--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
               "Behind transparent parts in mp4 and mkv (default: checker)");
@@ -204,7 +201,7 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
     Options options;
     CLI::App app("Plays a video through the renderer, into a window or a file.", "vornplay");
     app.formatter(std::make_shared<PlainHelp>());
-    app.footer(kNotes);
+    app.footer("Output:\n" + OutputNotes() + kNotes);
     AddInputOptions(app, options);
     AddPathOptions(app, options);
     AddMaskOptions(app, options);

@@ -23,8 +23,11 @@ Player::Player(const Options& options) : options_(options) {
         mask_.emplace(options.mask, options.maskSize, options.rgbMask);
     }
     path_ = OpenPath(options, Settings(), [this] { return NextMask(); });
-    sink_ = MakeFrameSink(options, path_->Target().FrameSize(), path_->File());
-    limit_ = sink_ != nullptr && sink_->Limit() > 0 ? sink_->Limit() : options.frames;
+    if (!options.out.empty()) {
+        output_ =
+            OpenOutput({options.out, path_->Target().FrameSize(), options.backdrop, path_->File()});
+    }
+    limit_ = output_.has_value() && output_->limit > 0 ? output_->limit : options.frames;
     expected_ = ExpectedFrames();
     if (options.viewTo.has_value() && expected_ == 0) {
         throw ToolError(options.input + ": its length is not known; --view-to needs --frames here");
@@ -88,8 +91,8 @@ int Player::Play() {
                                               ? ": no picture from the start time on"
                                               : ": no picture in it can be decoded"));
     }
-    if (sink_ != nullptr && out_ > 0) {
-        sink_->Finish(stopped_ || out_ == limit_);
+    if (output_.has_value() && out_ > 0) {
+        output_->sink->Finish(stopped_ || out_ == limit_);
     }
     return Report();
 }
@@ -110,18 +113,18 @@ bool Player::DrawNext() {
     if (!path_->DrawNext(view_, out_ + 1 == limit_)) {
         return false;
     }
-    if (sink_ != nullptr) {
-        sink_->Write(path_->Target().ReadBack());
+    if (output_.has_value()) {
+        output_->sink->Write(path_->Target().ReadBack());
     }
     ++out_;
     return true;
 }
 
 void Player::ReportAudio() const {
-    if (sink_ == nullptr || options_.quiet) {
+    if (!output_.has_value() || options_.quiet) {
         return;
     }
-    for (const std::string& codec : sink_->Audio().leftOut) {
+    for (const std::string& codec : output_->audio.leftOut) {
         std::cerr << "vornplay: " << options_.out << " does not take " << codec
                   << "; this audio is left out\n";
     }
@@ -134,7 +137,7 @@ void Player::ReportStop() const {
     }
     const double seconds = static_cast<double>(out_) / av_q2d(path_->File().FrameRate());
     std::cerr << " frames, at " << std::fixed << std::setprecision(2) << seconds << " s";
-    if (sink_ != nullptr) {
+    if (output_.has_value()) {
         std::cerr << "; " << options_.out << (out_ > 0 ? " holds them" : " was not written");
     }
     std::cerr << '\n';
@@ -175,8 +178,8 @@ RunSummary Player::Summarize(int exitStatus) const {
     summary.elapsedSeconds =
         std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
     summary.millisecondsPerDraw = path_->Target().MillisecondsPerDraw();
-    if (sink_ != nullptr) {
-        summary.audio = sink_->Audio();
+    if (output_.has_value()) {
+        summary.audio = output_->audio;
     }
     return summary;
 }

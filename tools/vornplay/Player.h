@@ -7,10 +7,10 @@
 #include <optional>
 
 #include "FramePath.h"
-#include "FrameSink.h"
 #include "Mask.h"
 #include "Options.h"
 #include "RunSummary.h"
+#include "export/Output.h"
 #include "offscreen/OffscreenContext.h"
 
 /// Draws every frame of the input and writes what comes out.
@@ -41,7 +41,7 @@ private:
     std::array<uint8_t, 4> opaqueMask_ = {255, 255, 255, 255};
     OffscreenContext context_;
     std::unique_ptr<FramePath> path_;
-    std::unique_ptr<FrameSink> sink_;
+    std::optional<Output> output_;
     int64_t expected_ = 0;
     int64_t limit_ = 0;
     View view_;  ///< Of the next frame.

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "export/AudioReport.h"
+#include "export/FrameSink.h"
 #include "support/Image.h"
 #include "support/Libav.h"
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "AudioReport.h"
+#include "FrameSink.h"
 #include "Muxer.h"
 #include "support/VideoFile.h"
 

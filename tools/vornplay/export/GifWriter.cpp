@@ -38,7 +38,7 @@ void GifWriter::FreeGraph::operator()(AVFilterGraph* graph) const {
 
 GifWriter::GifWriter(const std::string& path, Size size, AVRational frameRate)
     : muxer_(CheckRate(path, frameRate), "gif"),
-      video_(muxer_, Coding(), size, frameRate, ColourTags()),
+      video_(muxer_, Coding(), size, frameRate, ColorTags()),
       graph_(avfilter_graph_alloc()) {
     OpenPalettes(size, frameRate);
     muxer_.Begin({{"loop", "0"}});

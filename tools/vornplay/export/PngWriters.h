@@ -12,7 +12,6 @@ public:
     explicit PngWriter(std::string path) : path_(std::move(path)) {}
 
     void Write(const Image& frame) override;
-    int64_t Limit() const override { return 1; }
 
 private:
     std::string path_;

@@ -18,7 +18,7 @@ const AVCodec& FindEncoder(const Muxer& muxer, const VideoCoding& coding) {
     return *codec;
 }
 
-void Tag(AVCodecContext& encoder, const ColourTags& tags) {
+void Tag(AVCodecContext& encoder, const ColorTags& tags) {
     encoder.color_range = tags.range;
     encoder.colorspace = tags.matrix;
     encoder.color_primaries = tags.primaries;
@@ -28,7 +28,7 @@ void Tag(AVCodecContext& encoder, const ColourTags& tags) {
 }  // namespace
 
 VideoTrack::VideoTrack(Muxer& muxer, const VideoCoding& coding, Size size, AVRational frameRate,
-                       const ColourTags& tags)
+                       const ColorTags& tags)
     : muxer_(muxer) {
     const AVCodec& codec = FindEncoder(muxer, coding);
     encoder_.reset(avcodec_alloc_context3(&codec));

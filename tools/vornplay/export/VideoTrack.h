@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "Colours.h"
+#include "Colors.h"
 #include "Muxer.h"
 
 /// How the pictures of a track are compressed.
@@ -18,7 +18,7 @@ class VideoTrack {
 public:
     /// \throws ToolError
     VideoTrack(Muxer& muxer, const VideoCoding& coding, Size size, AVRational frameRate,
-               const ColourTags& tags);
+               const ColorTags& tags);
 
     const AVCodecContext& Encoder() const { return *encoder_; }
 

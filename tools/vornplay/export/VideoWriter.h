@@ -7,25 +7,20 @@
 #include "FrameSink.h"
 #include "VideoTrack.h"
 
-/// A kind of video file.
+/// How a video is put into a file.
 struct VideoFormat {
-    const char* extension;
-    const char* container;
+    const char* container;  ///< libavformat's name of it.
     VideoCoding coding;
     LibavOptions muxing;
-    bool alpha;  ///< Keeps the alpha; else frames are laid over the backdrop.
-    bool even;   ///< Width and height must be even.
+    bool even;  ///< Width and height must be even.
 };
 
-/// The format that files of this extension have; null if it is none of video.
-const VideoFormat* FindVideoFormat(const std::string& extension);
-
-/// Writes video of a constant frame rate, with the audio and the colour tags of the input.
+/// Writes video of a constant frame rate, with the audio and the color tags of the input. Frames
+/// are laid over the backdrop unless the coding has alpha.
 class VideoWriter : public FrameSink {
 public:
     /// \throws ToolError
-    VideoWriter(const VideoFormat& format, const Options& options, Size size,
-                const VideoFile& input);
+    VideoWriter(const VideoFormat& format, const OutputSettings& settings);
 
     void Write(const Image& frame) override;
     void Finish(bool cutShort) override;
@@ -34,12 +29,11 @@ public:
 private:
     const uint8_t* Pixels(const Image& frame);
 
-    const VideoFormat& format_;
     Backdrop backdrop_;
     Muxer muxer_;
     VideoTrack video_;
     AudioCopy audio_;
-    ColourConverter converter_;
+    ColorConverter converter_;
     LibavPtr<AVFrame> picture_{av_frame_alloc()};
-    std::vector<uint8_t> rgb_;
+    std::vector<uint8_t> rgb_;  ///< The frame over the backdrop; empty if alpha is kept.
 };

@@ -1,4 +1,4 @@
-#include "Colours.h"
+#include "Colors.h"
 
 #include <array>
 
@@ -11,20 +11,23 @@ extern "C" {
 
 namespace {
 
-bool IsYuv(int format) {
+bool HasFlag(int format, uint64_t flags) {
     const AVPixFmtDescriptor* description = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(format));
-    return description != nullptr &&
-           (description->flags & (AV_PIX_FMT_FLAG_RGB | AV_PIX_FMT_FLAG_PAL)) == 0;
+    return description != nullptr && (description->flags & flags) != 0;
 }
 
-/// Of the ones that are no plain matrix none can be kept.
+bool IsRgb(int format) {
+    return HasFlag(format, AV_PIX_FMT_FLAG_RGB | AV_PIX_FMT_FLAG_PAL);
+}
+
+/// Only a plain matrix can be kept.
 bool IsMatrix(AVColorSpace space) {
     return space == AVCOL_SPC_BT709 || space == AVCOL_SPC_FCC || space == AVCOL_SPC_BT470BG ||
            space == AVCOL_SPC_SMPTE170M || space == AVCOL_SPC_SMPTE240M ||
            space == AVCOL_SPC_BT2020_NCL;
 }
 
-ColourTags UsualTags(Size size) {
+ColorTags UsualTags(Size size) {
     if (UsualColorSpace(size.width, size.height) == AVCOL_SPC_BT709) {
         return {AVCOL_RANGE_MPEG, AVCOL_SPC_BT709, AVCOL_PRI_BT709, AVCOL_TRC_BT709};
     }
@@ -33,9 +36,16 @@ ColourTags UsualTags(Size size) {
 
 }  // namespace
 
-ColourTags TagsOf(const AVCodecParameters& video, Size size) {
-    ColourTags tags = UsualTags(size);
-    if (!IsYuv(video.format)) {
+bool HasAlpha(AVPixelFormat format) {
+    return HasFlag(format, AV_PIX_FMT_FLAG_ALPHA);
+}
+
+ColorTags TagsOf(const AVCodecParameters& video, Size size, AVPixelFormat format) {
+    if (IsRgb(format)) {
+        return {};
+    }
+    ColorTags tags = UsualTags(size);
+    if (video.format == AV_PIX_FMT_NONE || IsRgb(video.format)) {
         return tags;
     }
     if (HasFullRange(video.format, video.color_range)) {
@@ -53,7 +63,7 @@ ColourTags TagsOf(const AVCodecParameters& video, Size size) {
     return tags;
 }
 
-ColourConverter::ColourConverter(const AVCodecContext& encoder, AVPixelFormat source)
+ColorConverter::ColorConverter(const AVCodecContext& encoder, AVPixelFormat source)
     : sourceRowBytes_(av_image_get_linesize(source, encoder.width, 0)) {
     constexpr int kFlags = SWS_BICUBIC | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INP;
     constexpr int kUnchanged = 1 << 16;
@@ -69,7 +79,7 @@ ColourConverter::ColourConverter(const AVCodecContext& encoder, AVPixelFormat so
                              kUnchanged);
 }
 
-void ColourConverter::Convert(const uint8_t* pixels, AVFrame& picture) const {
+void ColorConverter::Convert(const uint8_t* pixels, AVFrame& picture) const {
     const std::array<const uint8_t*, 4> planes = {pixels};
     const std::array<int, 4> strides = {sourceRowBytes_};
     sws_scale(scaler_.get(), planes.data(), strides.data(), 0, picture.height, picture.data,

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "support/Backdrop.h"
+#include "support/Image.h"
+#include "support/VideoFile.h"
+
+/// What an output is made from.
+struct OutputSettings {
+    std::string path;
+    Size size;               ///< Of every frame.
+    Backdrop backdrop;       ///< For files without alpha.
+    const VideoFile& input;  ///< Gives the frame rate, the color tags and the audio.
+};
+
+/// What becomes of the input's audio tracks, by the names of their codecs.
+struct AudioReport {
+    std::vector<std::string> copied;
+    std::vector<std::string> leftOut;
+};
+
+/// Writes drawn frames to a file, or to several.
+class FrameSink {
+public:
+    FrameSink() = default;
+    virtual ~FrameSink() = default;
+    FrameSink(const FrameSink&) = delete;
+    FrameSink& operator=(const FrameSink&) = delete;
+
+    /// \throws ToolError
+    virtual void Write(const Image& frame) = 0;
+
+    /// Completes the output; without it there is none.
+    /// \param cutShort the input goes on after the last frame that was written
+    /// \throws ToolError
+    virtual void Finish(bool cutShort) { (void)cutShort; }
+
+    /// Empty for a writer that does not look at audio.
+    virtual AudioReport Audio() const { return {}; }
+};

@@ -1,0 +1,71 @@
+#include "OutputKinds.h"
+
+#include "GifWriter.h"
+#include "PngWriters.h"
+#include "VideoWriter.h"
+#include "WebpWriter.h"
+
+namespace {
+
+VideoCoding H264() {
+    // Options of the usual encoder; others do without.
+    return {AV_CODEC_ID_H264, nullptr, AV_PIX_FMT_YUV420P, {{"crf", "18"}, {"preset", "fast"}}};
+}
+
+VideoCoding Vp9() {
+    // Alpha is a second stream, whose packets must pair with the first one's: none may be hidden.
+    return {AV_CODEC_ID_VP9,
+            "libvpx-vp9",
+            AV_PIX_FMT_YUVA420P,
+            {{"crf", "18"},
+             {"deadline", "good"},
+             {"cpu-used", "4"},
+             {"row-mt", "1"},
+             {"auto-alt-ref", "0"}}};
+}
+
+auto Video(const VideoFormat& format) {
+    return [format](const OutputSettings& settings) {
+        return std::make_unique<VideoWriter>(format, settings);
+    };
+}
+
+std::unique_ptr<FrameSink> Png(const OutputSettings& settings) {
+    return std::make_unique<PngWriter>(settings.path);
+}
+
+std::unique_ptr<FrameSink> NumberedPng(const OutputSettings& settings) {
+    return std::make_unique<PngSequence>(settings.path);
+}
+
+std::unique_ptr<FrameSink> Webp(const OutputSettings& settings) {
+    return std::make_unique<WebpWriter>(settings.path, settings.input.FrameRate());
+}
+
+std::unique_ptr<FrameSink> Gif(const OutputSettings& settings) {
+    return std::make_unique<GifWriter>(settings.path, settings.size, settings.input.FrameRate());
+}
+
+}  // namespace
+
+const std::vector<OutputKind>& OutputKinds() {
+    using Frames = OutputFrames;
+    using Alpha = OutputAlpha;
+    static const std::vector<OutputKind> kKinds = {
+        {"x.png", "the first drawn frame", Frames::kFirst, Alpha::kKept, nullptr, Png},
+        {"dir/%04d.png", "all drawn frames, numbered from 1 on", Frames::kNumbered, Alpha::kKept,
+         nullptr, NumberedPng},
+        // The index goes to the front, so that playing can begin before all of the file is there.
+        {"x.mp4", "H.264 video", Frames::kAll, Alpha::kFlattened,
+         "AAC, MP3, AC-3, Opus, FLAC and more",
+         Video({"mp4", H264(), {{"movflags", "+faststart"}}, true})},
+        {"x.mkv", "H.264 video", Frames::kAll, Alpha::kFlattened, "almost any",
+         Video({"matroska", H264(), {}, true})},
+        {"x.webm", "VP9 video", Frames::kAll, Alpha::kKept, "Opus and Vorbis",
+         Video({"webm", Vp9(), {}, false})},
+        {"x.webp", "an animation of lossy pictures", Frames::kAll, Alpha::kKept, nullptr, Webp},
+        {"x.gif", "an animation with 256 colors for each frame", Frames::kAll, Alpha::kOneBit,
+         nullptr, Gif},
+    };
+    return kKinds;
+}
