@@ -10,6 +10,7 @@
 #include "kernel/geometry/Globe.h"
 #include "kernel/geometry/SpherePatch.h"
 #include "kernel/geometry/TesselatedCylinder.h"
+#include "kernel/geometry/Torus.h"
 
 namespace {
 
@@ -126,5 +127,32 @@ PlainMesh PlainPatch(float fov) {
 }
 
 MESH(patch, "sphere patch", OVR::BuildSpherePatch(1), PlainPatch(1));
+
+PlainMesh PlainTorus(float radius, float tubeRadius, unsigned horizontal, unsigned vertical) {
+    PlainMesh mesh = PlainGrid(horizontal + 1, vertical + 1, horizontal * vertical * 6);
+    std::vector<std::pair<float, float>> circle(horizontal + 1);
+    const auto hf = static_cast<float>(horizontal);
+    const auto vf = static_cast<float>(vertical);
+    for (unsigned x = 0; x <= horizontal; ++x) {
+        const float xf = static_cast<float>(x % horizontal) / hf;
+        const float angle = kPi * 0.5F - (xf * (kPi + kPi) - kPi);
+        circle[x] = {std::cos(angle), std::sin(angle)};
+    }
+    VertexCursor vertex(mesh);
+    for (unsigned y = 0; y <= vertical; ++y) {
+        const float angle = static_cast<float>(y % vertical) / vf * (kPi + kPi) - kPi;
+        const float ring = radius + std::cos(angle) * tubeRadius;
+        const float height = std::sin(angle) * tubeRadius;
+        const float v = static_cast<float>(vertical - y) / vf;
+        for (unsigned x = 0; x <= horizontal; ++x) {
+            vertex.put(circle[x].first * ring, height, circle[x].second * ring,
+                       static_cast<float>(x) / hf, v, 1, 1);
+        }
+    }
+    PutCellsByRow(mesh, horizontal, vertical);
+    return mesh;
+}
+
+MESH(torus, "torus, 64 x 64", OVR::BuildTorus(1, 0.5F, 64, 64, 1, 1), PlainTorus(1, 0.5F, 64, 64));
 
 }  // namespace

@@ -19,8 +19,7 @@ namespace OVR {
 /// - Axis: z.
 /// - Seam: none.
 /// - Cells: none, but lines: for each place from -1 to 1 the horizontal, then the vertical.
-/// Vertices:
-///   the first end of the horizontal, the first end of the vertical, then the second ends.
+///   Vertices: first end of the horizontal, first end of the vertical, then the second ends.
 /// - Size: L = 2 × extraLines + 1 lines each way, 4 × L vertices, 4 × L indices.
 /// - texCoord: u 0 at the first end and 1 at the second; v from 1 at the first place to 0 at the
 ///   last, 0.5 for a single one.
@@ -28,9 +27,8 @@ namespace OVR {
 ///
 /// The caller sets `primitiveType` to GL_LINES before drawing.
 ///
-/// \param extraLines lines on each side of the middle, at least 0. Indices wrap without notice
-/// above
-///                   8,191.
+/// \param extraLines lines on each side of the middle, at least 0. Above 8,191 indices wrap
+///                   without notice.
 /// \param fullGrid   false for ticks.
 /// \return a mesh of GL_TRIANGLES with position, texCoord and vertexColor; the caller frees it.
 OVR_EXPORT GlGeometry BuildCalibrationLines(int extraLines, bool fullGrid);

@@ -19,8 +19,7 @@ namespace OVR {
 /// - Front: the inside.
 /// - Size: 9,159 vertices, 53,760 indices.
 /// - texCoord: u from 0 at the seam to \p uScale, but 0.5 in both pole rows; v from \p vScale at
-/// the
-///   south pole to 0 at the north pole.
+///   the south pole to 0 at the north pole.
 /// - vertexColor: white.
 ///
 /// \param uScale, vScale how often the texture goes around and from pole to pole.

@@ -12,6 +12,7 @@
 #include "kernel/geometry/Globe.h"
 #include "kernel/geometry/SpherePatch.h"
 #include "kernel/geometry/TesselatedCylinder.h"
+#include "kernel/geometry/Torus.h"
 
 namespace {
 
@@ -202,6 +203,33 @@ TEST_F(RoundMesh, CylinderIndicesWrapAt16Bits) {
     ExpectCounts(wrapped, size_t{257} * 256, size_t{256} * 255 * 6);
     const std::vector<uint16_t> lastCell(wrapped.indices.end() - 6, wrapped.indices.end());
     EXPECT_EQ(lastCell, (std::vector<uint16_t>{65533, 65534, 254, 254, 65534, 255}));
+}
+
+TEST_F(RoundMesh, TorusIsClosedBothWaysAndFacesOutwards) {
+    constexpr size_t kColumns = 97;
+    const MeshOnGpu mesh = Take(OVR::BuildTorus(3, 1, 96, 64, 5, 2));
+    ExpectCounts(mesh, kColumns * 65, size_t{96} * 64 * 6);
+    ExpectSeamClosed(mesh, kColumns);
+    const auto vertex = [](size_t x, size_t y) { return y * kColumns + x; };
+    for (size_t x = 0; x < kColumns; ++x) {
+        ASSERT_TRUE(SameBits(mesh.position[x], mesh.position[vertex(x, 64)])) << x;
+    }
+    const std::vector<Triangle> triangles = TrianglesOf(mesh);
+    const auto awayFromTube = [](const Vector3<float>& p) {
+        const float toRing = 3 / std::hypot(p.x, p.z);
+        return Vector3<float>{p.x - p.x * toRing, p.y, p.z - p.z * toRing};
+    };
+    EXPECT_EQ(ExpectFacing(triangles, awayFromTube), 0U);
+    EXPECT_NEAR(AreaOf(triangles), 4 * kPiD * kPiD * 3, 0.2);
+    // From the inner side at -z; a quarter on in either direction lie -x and the bottom.
+    ExpectAt(mesh.position[0], {0, 0, -2}, 1e-5F);
+    ExpectAt(mesh.position[vertex(24, 16)], {-3, -1, 0}, 1e-5F);
+    ExpectAt(mesh.position[vertex(48, 32)], {0, 0, 4}, 1e-5F);
+    EXPECT_TRUE(SameBits(mesh.texCoord[0], Vector2<float>{0, 2}));
+    EXPECT_TRUE(SameBits(mesh.texCoord[vertex(48, 32)], Vector2<float>{2.5F, 1}));
+    EXPECT_TRUE(SameBits(mesh.texCoord.back(), Vector2<float>{5, 0}));
+    EXPECT_EQ(mesh.vertexColor.back().w, 1);
+    EXPECT_EQ(mesh.indices[6], 1);
 }
 
 TEST_F(RoundMesh, DegenerateArgumentsCollapseTheMesh) {

@@ -8,6 +8,7 @@
 #include "kernel/geometry/TesselatedCylinder.h"
 #include "kernel/geometry/TesselatedQuad.h"
 #include "kernel/geometry/TesselatedQuadInside.h"
+#include "kernel/geometry/Torus.h"
 #include "kernel/geometry/UnitCubeLines.h"
 #include "kernel/geometry/Vignette.h"
 
@@ -25,6 +26,7 @@ constexpr Camera kAhead = {kOrigin, {0, 0, -1}, 98};
 constexpr Camera kAboveDome = {{60, 150, 320}, {0, 40, 0}, 34};
 constexpr Camera kBelowDome = {{60, -90, 320}, {0, 40, 0}, 34};
 constexpr Camera kBesideTube = {{2.6F, 1.6F, 2.2F}, {0, 0, -0.1F}, 48, {0, 0, 1}};
+constexpr Camera kAboveRing = {{0, 2.4F, 3.6F}, {0, -0.1F, 0}, 42};
 
 /// Edges of coarse and of fine meshes.
 constexpr float kBold = 0.75F;
@@ -54,6 +56,10 @@ GlGeometry Patch() {
     return OVR::BuildSpherePatch(kPi / 2);
 }
 
+GlGeometry Torus() {
+    return OVR::BuildTorus(1, 0.45F, 48, 24, 4, 1);
+}
+
 GlGeometry Vignette() {
     return OVR::BuildVignette(0.5F, 0.5F);
 }
@@ -81,6 +87,8 @@ const std::vector<Scene>& Scenes() {
         {"cylinder-photo", Cylinder, Paint::Photo, 0, kBesideTube},
         {"sphere-patch", Patch, Paint::Faces, kFaint, {{-90, 80, 120}, {70, -2, 0}, 46}},
         {"sphere-patch-photo", Patch, Paint::Photo, 0, {kOrigin, {1, 0, 0}, 115}, 0.5F},
+        {"torus", Torus, Paint::Faces, kFaint, kAboveRing},
+        {"torus-photo", Torus, Paint::Photo, 0, kAboveRing},
         {"vignette", Vignette, Paint::Faces, kBold, kSquare},
         {"vignette-photo", Vignette, Paint::Shade, 0, {}},
         {"cube",
