@@ -15,7 +15,7 @@
 #include "support/PngFile.h"
 #include "support/RunTool.h"
 #include "support/ToolError.h"
-#include "vornplay/TargetTexture.h"
+#include "vornplay/Texture.h"
 #include "vornplay/UnitReader.h"
 
 namespace {

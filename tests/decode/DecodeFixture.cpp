@@ -45,27 +45,28 @@ DecodeTest::~DecodeTest() {
     std::filesystem::remove_all(directory_);
 }
 
-std::unique_ptr<DecodePath> DecodeTest::Open(const std::string& path, double startSeconds) {
+std::unique_ptr<CompressedSource> DecodeTest::Open(const std::string& path, double startSeconds) {
     RendererSettings settings;
     settings.javaVM = Machine();
-    return std::make_unique<DecodePath>(VideoFile(path, startSeconds), Options(), settings,
-                                        [] { return nullptr; });
+    return std::make_unique<CompressedSource>(VideoFile(path, startSeconds), settings,
+                                              [] { return nullptr; });
 }
 
 int DecodeTest::ExpectAsDecoded(const std::string& path, double startSeconds) {
     const auto player = Open(path, startSeconds);
     VideoReader reference(path, startSeconds);
-    const PlainModel model(player->Target().FrameSize());
+    const PlainModel model(player->GetRenderer().FrameSize());
     int count = 0;
     while (const AVFrame* frame = reference.Next()) {
-        EXPECT_TRUE(player->DrawNext({}, false)) << "frame " << count;
-        EXPECT_GE(model.Psnr(*frame, player->Target().ReadBack()), kGood) << "frame " << count;
+        EXPECT_TRUE(player->Next()) << "frame " << count;
+        player->Draw({});
+        EXPECT_GE(model.Psnr(*frame, player->GetRenderer().ReadBack()), kGood) << "frame " << count;
         ++count;
         if (HasFailure()) {
             return count;
         }
     }
-    EXPECT_FALSE(player->DrawNext({}, false)) << "a frame too many";
+    EXPECT_FALSE(player->Next()) << "a frame too many";
     EXPECT_EQ(player->Lost(), reference.Lost());
     EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
     return count;

@@ -8,7 +8,7 @@
 
 #include "MediaFile.h"
 #include "offscreen/OffscreenContext.h"
-#include "vornplay/DecodePath.h"
+#include "vornplay/CompressedSource.h"
 
 /// The process's Java machine, which checks every JNI call.
 JavaVM* Machine();
@@ -25,7 +25,8 @@ protected:
     std::string Path(const std::string& name) const { return (directory_ / name).string(); }
 
     /// A file as the player plays it in plain mode.
-    static std::unique_ptr<DecodePath> Open(const std::string& path, double startSeconds = 0.0);
+    static std::unique_ptr<CompressedSource> Open(const std::string& path,
+                                                  double startSeconds = 0.0);
 
     /// Every frame that libavcodec decodes comes out, once, in order and in its colours.
     /// \return how many

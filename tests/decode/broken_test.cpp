@@ -53,15 +53,16 @@ protected:
         WriteMedia(Path("whole.mkv"), stream, Units(stream), parameterSets_);
         std::vector<Image> drawn;
         const auto player = Open(Path("broken.mkv"));
-        while (player->DrawNext({}, false)) {
-            drawn.push_back(player->Target().ReadBack());
+        while (player->Next()) {
+            player->Draw({});
+            drawn.push_back(player->GetRenderer().ReadBack());
         }
         EXPECT_LE(drawn.size(), static_cast<size_t>(kCount));
         ASSERT_GE(drawn.size(), static_cast<size_t>(kCount - first));
         EXPECT_EQ(player->Lost(), kCount - static_cast<int>(drawn.size()));
 
         VideoReader reference(Path("whole.mkv"));
-        const PlainModel model(player->Target().FrameSize());
+        const PlainModel model(player->GetRenderer().FrameSize());
         for (int i = 0; i < kCount; ++i) {
             const AVFrame* frame = reference.Next();
             if (i >= first) {

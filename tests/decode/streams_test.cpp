@@ -94,11 +94,12 @@ TEST_F(DecodeTest, MeetsEachFrameWithItsMask) {
     settings.maskSize = {1, 1};
     size_t next = 0;
     // From the fourth picture on, which is no key frame.
-    DecodePath player(VideoFile(Path("clip.mp4"), 3 * 0.04), Options(), settings,
-                      [&] { return masks.at(next++).data(); });
+    CompressedSource player(VideoFile(Path("clip.mp4"), 3 * 0.04), settings,
+                            [&] { return masks.at(next++).data(); });
     for (size_t i = 0; i < kPictures - 3; ++i) {
-        ASSERT_TRUE(player.DrawNext({}, false));
-        const uint8_t* pixel = player.Target().ReadBack().At(250, 200);
+        ASSERT_TRUE(player.Next());
+        player.Draw({});
+        const uint8_t* pixel = player.GetRenderer().ReadBack().At(250, 200);
         if (i % 3 == 0) {
             EXPECT_NEAR(pixel[0], (30 + 37 * (static_cast<int>(i) + 3) % 190 - 16) * 255 / 219, 2);
             EXPECT_EQ(pixel[3], 100 + i);
@@ -107,7 +108,7 @@ TEST_F(DecodeTest, MeetsEachFrameWithItsMask) {
             EXPECT_EQ(pixel[3], 0);
         }
     }
-    EXPECT_FALSE(player.DrawNext({}, false));
+    EXPECT_FALSE(player.Next());
 }
 
 // Larger than the least that a decoder takes, but not than a picture of this size without

@@ -85,6 +85,11 @@ AVRational VideoFile::FrameRate() const {
     return rate.num > 0 && rate.den > 0 ? rate : kDefault;
 }
 
+std::string VideoFile::NoPicture() const {
+    return path_ + (startSeconds_ > 0.0 ? ": no picture from the start time on"
+                                        : ": no picture in it can be decoded");
+}
+
 int64_t VideoFile::ExpectedFrames() const {
     const double rate = av_q2d(FrameRate());
     auto frames = static_cast<double>(stream_->nb_frames);

@@ -27,6 +27,9 @@ public:
     std::vector<std::string> AudioCodecs() const;
     AVRational FrameRate() const;
 
+    /// What to tell the user if no picture of it can be had.
+    std::string NoPicture() const;
+
     /// How many frames there should be from the start on; 0 when the file does not tell.
     int64_t ExpectedFrames() const;
 

@@ -46,9 +46,7 @@ void VideoReader::OpenDecoder() {
 const AVFrame& VideoReader::First() {
     const AVFrame* frame = Next();
     if (frame == nullptr) {
-        throw ToolError(file_.Path() + (file_.StartSeconds() > 0.0
-                                            ? ": no picture from the start time on"
-                                            : ": no picture in it can be decoded"));
+        throw ToolError(file_.NoPicture());
     }
     return *frame;
 }

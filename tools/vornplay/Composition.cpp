@@ -4,7 +4,7 @@
 
 namespace {
 
-/// The keyframes around a time that name one property.
+/// The keyframes around a time that have a value for one property.
 template <typename Value>
 struct Span {
     const Value* from = nullptr;  ///< Null before the first one.
@@ -50,6 +50,24 @@ VEStickerList StickersOf(const Span<VEStickerList>& span) {
 }
 
 }  // namespace
+
+View FitView() {
+    // The camera stands 3 - zoom / 2 in front of the picture. At this distance half of the
+    // picture's height, which is 1, fills half of the field of view.
+    constexpr double kHalfFieldOfView = 23.5 * 3.14159265358979323846 / 180.0;
+    const double distance = 1.0 / std::tan(kHalfFieldOfView);
+    View view;
+    view.zoom = static_cast<float>(2.0 * (3.0 - distance));
+    return view;
+}
+
+View Between(const View& from, const View& to, double progress) {
+    const auto between = [t = static_cast<float>(progress)](float a, float b) {
+        return a * (1.0F - t) + b * t;
+    };
+    return {between(from.x, to.x), between(from.y, to.y), between(from.zoom, to.zoom),
+            between(from.w, to.w)};
+}
 
 Shot ShotAt(const std::vector<Keyframe>& keyframes, double seconds) {
     constexpr double kTimeTolerance = 1e-6;

@@ -21,7 +21,7 @@ void DecoderFeed::Read() {
     next_ = reader_.Next();
     if (next_ != nullptr) {
         const int64_t time = next_->pts != AV_NOPTS_VALUE ? next_->pts : next_->dts;
-        // Packets that the container cuts off are there for others to build on.
+        // The container cuts such packets off; later frames may be predicted from theirs.
         const bool hidden = (next_->flags & AV_PKT_FLAG_DISCARD) != 0;
         units_.push_back({time, hidden, !hidden && !file_.IsBeforeStart(time), false});
     }
@@ -30,7 +30,7 @@ void DecoderFeed::Read() {
 double DecoderFeed::NextTime() const {
     const AVStream& stream = file_.Stream();
     if (next_ == nullptr || next_->dts == AV_NOPTS_VALUE) {
-        return static_cast<double>(units_.size()) / av_q2d(file_.FrameRate());
+        return static_cast<double>(Units()) / av_q2d(file_.FrameRate());
     }
     const int64_t first = stream.start_time == AV_NOPTS_VALUE ? 0 : stream.start_time;
     return static_cast<double>(next_->dts - first) * av_q2d(stream.time_base) -
@@ -46,7 +46,7 @@ void DecoderFeed::FeedNext(int64_t timeoutUs) {
         atEnd_ = HostDecoder_endStream(decoder_.get(), timeoutUs) == HOST_READY;
         return;
     }
-    // A larger one would be written beyond the buffer's end.
+    // The renderer would copy a larger unit past the end of the input buffer.
     const bool fits = next_->size > 0 && static_cast<size_t>(next_->size) <= capacity_;
     if (fits && HasRoom(timeoutUs)) {
         queued_.push_back(units_.size() - 1);
@@ -55,8 +55,9 @@ void DecoderFeed::FeedNext(int64_t timeoutUs) {
     Read();
 }
 
-HostResult DecoderFeed::WaitForFrame(int64_t seen, int64_t timeoutUs, HostFrames& frames) {
-    const HostResult result = HostDecoder_waitForFrame(decoder_.get(), seen, timeoutUs, &frames);
+HostResult DecoderFeed::WaitForFrame(int64_t timeoutUs) {
+    const HostResult result =
+        HostDecoder_waitForFrame(decoder_.get(), frames_.delivered, timeoutUs, &frames_);
     if (result == HOST_CLOSED) {
         throw ToolError(file_.Path() + ": the platform's decoder gave up");
     }
@@ -64,30 +65,30 @@ HostResult DecoderFeed::WaitForFrame(int64_t seen, int64_t timeoutUs, HostFrames
     return result;
 }
 
-bool DecoderFeed::AwaitFrame(int64_t seen, HostFrames& frames) {
+bool DecoderFeed::AwaitFrame() {
     constexpr int64_t kPauseUs = 1000;
     HostResult result = HOST_TIMED_OUT;
     while (result == HOST_TIMED_OUT) {
         while (!AtEnd() && HasRoom(0)) {
             FeedNext(0);
         }
-        result = WaitForFrame(seen, kPauseUs, frames);
+        result = WaitForFrame(kPauseUs);
     }
     return result == HOST_READY;
 }
 
-bool DecoderFeed::Show(int64_t number) {
-    const size_t index = IndexOf(number);
+bool DecoderFeed::NoteFrame() {
+    const size_t index = NewestIndex();
     Unit& unit = units_.at(index);
     unit.out = true;
-    newest_ = std::max(newest_, index);
+    latest_ = std::max(latest_, index);
     started_ = started_ || unit.wanted;
     return started_ && !unit.hidden;
 }
 
 bool DecoderFeed::IsOverdue(size_t index) const {
     constexpr size_t kLongestReordering = 16;
-    return ended_ || index + kLongestReordering < newest_;
+    return ended_ || index + kLongestReordering < latest_;
 }
 
 int64_t DecoderFeed::Units() const {

@@ -8,38 +8,42 @@
 #include "Renderer.h"
 #include "UnitReader.h"
 
-/// Hands the units of a file to the platform's decoder by way of the renderer, and tells what
-/// becomes of them.
+/// Hands the access units of a file to the platform's decoder, through the renderer, and keeps
+/// count of the frames that come out.
 class DecoderFeed {
 public:
-    /// \param renderer the one that was created last. \throws ToolError
+    /// \param renderer created last on this thread. \throws ToolError
     DecoderFeed(VideoFile& file, Renderer& renderer);
 
+    /// After each frame the decoder waits until it was drawn.
     void SetLockStep(bool on) { HostDecoder_setLockStep(decoder_.get(), on ? 1 : 0); }
 
-    /// Each frame stays until Step().
+    /// After each frame the decoder waits for Step().
     void SetStepping(bool on) { HostDecoder_setStepping(decoder_.get(), on ? 1 : 0); }
     void Step() { HostDecoder_step(decoder_.get()); }
 
-    /// All units were handed over, and the decoder told so.
+    /// All units were handed over or dropped.
+    bool AllRead() const { return next_ == nullptr; }
+    /// The decoder was told that all units were handed over.
     bool AtEnd() const { return atEnd_; }
-    /// When the next unit is due, in seconds from the start on.
+    /// When the next unit, or the end, is due, in seconds from the start of playing.
     double NextTime() const;
-    /// Whether the decoder has room for a unit.
-    bool HasRoom(int64_t timeoutUs);
-    /// Hands the next unit over, or tells the end. Where there is no room in time the unit is lost;
-    /// the end is for another call.
+    /// Hands over the next unit, or the end of the stream. A unit for which the decoder has no room
+    /// in time is dropped; the end is not, so call again.
     void FeedNext(int64_t timeoutUs);
 
-    /// Waits until the decoder delivered more than \p seen frames. \throws ToolError
-    HostResult WaitForFrame(int64_t seen, int64_t timeoutUs, HostFrames& frames);
-    /// Waits as long as it takes, and keeps the decoder busy meanwhile. \return false after the
-    /// last frame. \throws ToolError
-    bool AwaitFrame(int64_t seen, HostFrames& frames);
-    /// When the frame of the unit of this number is shown, in the file's units, or AV_NOPTS_VALUE.
-    int64_t TimeOf(int64_t number) const { return UnitOf(number).time; }
-    /// Notes that the frame of the unit of this number came out. \return whether it is to be shown
-    bool Show(int64_t number);
+    /// Waits until the decoder delivers a frame that Frames() does not count yet, and counts it.
+    /// \throws ToolError
+    HostResult WaitForFrame(int64_t timeoutUs);
+    /// Waits as long as it takes, and feeds the decoder meanwhile. \return false after the last
+    /// frame. \throws ToolError
+    bool AwaitFrame();
+    const HostFrames& Frames() const { return frames_; }
+
+    /// When the newest frame is shown, in the file's units, or AV_NOPTS_VALUE.
+    int64_t Time() const { return units_.at(NewestIndex()).time; }
+    /// Notes that the newest frame came out. \return whether it should be shown
+    bool NoteFrame();
 
     /// Units from the start on that should have given a frame by now and did not.
     int64_t Lost() const;
@@ -52,14 +56,14 @@ private:
     };
     struct Unit {
         int64_t time;
-        bool hidden;  ///< Never to be shown.
-        bool wanted;  ///< To be shown, and not from before the start.
+        bool hidden;  ///< The container cuts it off.
+        bool wanted;  ///< Not hidden, and not from before the start.
         bool out;     ///< Its frame came out.
     };
 
     void Read();
-    size_t IndexOf(int64_t number) const { return queued_.at(static_cast<size_t>(number)); }
-    const Unit& UnitOf(int64_t number) const { return units_.at(IndexOf(number)); }
+    bool HasRoom(int64_t timeoutUs);
+    size_t NewestIndex() const { return queued_.at(static_cast<size_t>(frames_.unit)); }
     bool IsOverdue(size_t index) const;
 
     VideoFile& file_;
@@ -68,10 +72,11 @@ private:
     const size_t capacity_;
     UnitReader reader_;
     AVPacket* next_ = nullptr;
+    HostFrames frames_ = {0, 0, -1};
     std::vector<Unit> units_;     ///< All that were read.
-    std::vector<size_t> queued_;  ///< Which of them the decoder has got, by its numbers.
-    size_t newest_ = 0;           ///< The last of them whose frame came out.
+    std::vector<size_t> queued_;  ///< Indices of those that the decoder got, in its order.
+    size_t latest_ = 0;           ///< The largest index whose frame came out.
     bool started_ = false;        ///< A frame from the start on came out.
     bool atEnd_ = false;
-    bool ended_ = false;  ///< All frames are out.
+    bool ended_ = false;  ///< All frames came out.
 };

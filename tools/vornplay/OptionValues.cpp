@@ -1,6 +1,7 @@
 #include "OptionValues.h"
 
-#include <cmath>
+#include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <string>
 
@@ -27,24 +28,6 @@ std::array<double, count> ParseNumbers(const std::string& text, double low, doub
 }
 
 }  // namespace
-
-View FitView() {
-    // The camera stands at 3 - zoom / 2, and sees the picture's half height of 1 under half of the
-    // field of view.
-    constexpr double kHalfFieldOfView = 23.5 * 3.14159265358979323846 / 180.0;
-    const double distance = 1.0 / std::tan(kHalfFieldOfView);
-    View view;
-    view.zoom = static_cast<float>(2.0 * (3.0 - distance));
-    return view;
-}
-
-View Between(const View& from, const View& to, double progress) {
-    const auto between = [t = static_cast<float>(progress)](float a, float b) {
-        return a * (1.0F - t) + b * t;
-    };
-    return {between(from.x, to.x), between(from.y, to.y), between(from.zoom, to.zoom),
-            between(from.w, to.w)};
-}
 
 View ParseView(const std::string& text) {
     constexpr double kFarthest = 1e6;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "OptionValues.h"
 #include "export/Output.h"
 #include "support/CommandLine.h"
 #include "support/ToolError.h"
@@ -83,18 +84,18 @@ void AddInputOptions(CLI::App& app, Options& options) {
     }
 }
 
-PathOption ParsePath(const std::string& text) {
-    static const std::map<std::string, PathOption> kPaths = {
-        {"auto", PathOption::kAuto}, {"decode", PathOption::kDecode}, {"cpu", PathOption::kCpu}};
-    const auto found = kPaths.find(text);
-    if (found == kPaths.end()) {
+Handover ParseHandover(const std::string& text) {
+    static const std::map<std::string, Handover> kNames = {
+        {"auto", Handover::kAuto}, {"decode", Handover::kCompressed}, {"cpu", Handover::kPixels}};
+    const auto found = kNames.find(text);
+    if (found == kNames.end()) {
         throw ToolError(text + " is none of decode, cpu and auto");
     }
     return found->second;
 }
 
-void AddPathOptions(CLI::App& app, Options& options) {
-    AddParsed(app, "--path", options.path, ParsePath, "decode|cpu|auto",
+void AddHandoverOptions(CLI::App& app, Options& options) {
+    AddParsed(app, "--path", options.handover, ParseHandover, "decode|cpu|auto",
               "Hand over compressed frames or pixels (default: auto)");
     app.add_flag("--realtime", options.realtime,
                  "Keep the clip's pace, and tell how many frames were shown and dropped");
@@ -203,7 +204,7 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
     app.formatter(std::make_shared<PlainHelp>());
     app.footer("Output:\n" + OutputNotes() + kNotes);
     AddInputOptions(app, options);
-    AddPathOptions(app, options);
+    AddHandoverOptions(app, options);
     AddMaskOptions(app, options);
     AddStickerOptions(app, options);
     AddViewOptions(app, options);
@@ -214,7 +215,7 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
     if (!ParseCommandLine(app, argc, argv)) {
         return std::nullopt;
     }
-    if (options.realtime && options.path == PathOption::kCpu) {
+    if (options.realtime && options.handover == Handover::kPixels) {
         throw ToolError("--realtime is for compressed frames, not for --path cpu");
     }
     if (!script.empty()) {

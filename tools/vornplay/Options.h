@@ -4,18 +4,19 @@
 #include <optional>
 #include <string>
 
-#include "OptionValues.h"
 #include "Script.h"
 #include "render/VEStickerList.h"
+#include "support/Backdrop.h"
 #include "support/Image.h"
 
-enum class PathOption { kAuto, kDecode, kCpu };
+/// How frames go to the renderer.
+enum class Handover { kAuto, kCompressed, kPixels };
 
 /// What the command line asks for.
 struct Options {
     std::string input;
     std::string out;  ///< Empty: nothing is written.
-    PathOption path = PathOption::kAuto;
+    Handover handover = Handover::kAuto;
     std::string platform;  ///< Directory of the Android platform. Empty: the build's.
     bool realtime = false;
     bool rgb = false;

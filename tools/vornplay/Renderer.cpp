@@ -5,6 +5,28 @@
 
 #include "support/ToolError.h"
 
+namespace {
+
+/// VEDestroyRenderer leaves the renderer's pixel buffers in the context. The player makes many
+/// renderers in one context, one per seek. So it deletes the buffers, whose names it has to guess:
+/// nothing else here makes buffers, and the GL gives out low names first.
+void DeletePixelBuffers() {
+    constexpr GLuint kMostNames = 64;
+    glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);
+    for (GLuint name = 1; name <= kMostNames; ++name) {
+        if (glIsBuffer(name) == GL_TRUE) {
+            glDeleteBuffers(1, &name);
+        }
+    }
+}
+
+}  // namespace
+
+void Renderer::DestroyHandle::operator()(void* handle) const {
+    VEDestroyRenderer(handle);
+    DeletePixelBuffers();
+}
+
 Renderer::Renderer(RendererSettings settings)
     : settings_(std::move(settings)), image_(settings_.size) {
     CheckSizes();
@@ -38,7 +60,7 @@ void Renderer::Create() {
     mode.maskWidth = settings_.maskSize.width;
     mode.maskHeight = settings_.maskSize.height;
     void* handle = nullptr;
-    VECreateRendererHandle(&handle, static_cast<int>(target_.Name()), &mode, settings_.javaVM);
+    VECreateRendererHandle(&handle, static_cast<int>(texture_.Name()), &mode, settings_.javaVM);
     handle_.reset(handle);
     if (handle == nullptr) {
         throw ToolError("the renderer could not be created");
@@ -54,25 +76,27 @@ void Renderer::WarmUp() {
     }
 }
 
-void Renderer::SetView(const View& view) {
+void Renderer::SetShot(const Shot& shot) {
+    shot_ = shot;
+    const View& view = shot_.view;
     VEUpdateUserPosition(handle_.get(), view.x, view.y, view.zoom, view.w);
-}
-
-void Renderer::Draw(uint8_t* frame, uint8_t* mask) {
-    const auto start = std::chrono::steady_clock::now();
-    Update(frame, mask);
-    glFinish();
-    drawingTime_ += std::chrono::steady_clock::now() - start;
-    ++draws_;
 }
 
 void Renderer::HandOver(uint8_t* frame, uint8_t* mask) {
     const auto start = std::chrono::steady_clock::now();
-    // Each update draws. This one shows what was handed over before, which nobody will look at.
+    // Each update draws the frame that was handed over before. Nobody looks at that picture.
     glEnable(GL_RASTERIZER_DISCARD);
     Update(frame, mask);
     glDisable(GL_RASTERIZER_DISCARD);
     drawingTime_ += std::chrono::steady_clock::now() - start;
+}
+
+void Renderer::Draw(uint8_t* nextMask) {
+    const auto start = std::chrono::steady_clock::now();
+    Update(nullptr, nextMask);
+    glFinish();
+    drawingTime_ += std::chrono::steady_clock::now() - start;
+    ++draws_;
 }
 
 double Renderer::MillisecondsPerDraw() const {
@@ -80,17 +104,16 @@ double Renderer::MillisecondsPerDraw() const {
 }
 
 void Renderer::Update(uint8_t* frame, uint8_t* mask) {
-    // The renderer's flag set leaves the picture as it is.
-    const bool colorMirror = !settings_.mirror;
+    const bool colorMirror = !shot_.mirror;  // True leaves the picture as it is.
     if (sticker_.has_value()) {
         VEUpdateRendererWithSticker(handle_.get(), frame, 0, colorMirror, mask,
-                                    static_cast<int>(sticker_->Name()), settings_.positions);
+                                    static_cast<int>(sticker_->Name()), shot_.stickers);
     } else {
         VEUpdateRenderer(handle_.get(), frame, 0, colorMirror, mask);
     }
 }
 
 const Image& Renderer::ReadBack() {
-    reader_.Read(target_, image_);
+    reader_.Read(texture_, image_);
     return image_;
 }

@@ -3,68 +3,62 @@
 #include <chrono>
 #include <memory>
 #include <optional>
-#include <utility>
 
-#include "OptionValues.h"
-#include "TargetTexture.h"
+#include "Composition.h"
+#include "Texture.h"
 #include "render/VERenderer.h"
 #include "support/Image.h"
 #include "support/Libav.h"
 
+/// What a renderer is created with.
 struct RendererSettings {
     int source = VE_MODE_RGBA;  ///< VE_MODE_…
     void* javaVM = nullptr;     ///< For compressed sources.
     Size size;
     bool masked = false;
     Size maskSize;
-    bool rgbMask = false;  ///< Masks of 3 bytes a pixel, else 4.
-    bool mirror = false;
+    bool rgbMask = false;  ///< Masks have 3 bytes per pixel, not 4.
     Rgba clear = {0, 0, 0, 255};
     std::optional<Image> sticker;
-    VEStickerList positions;
 };
 
-/// A renderer with the texture that it draws into. Needs a current GL context as long as it lives.
+/// A renderer with the texture that it draws into. Needs a current GL context as long as it lives,
+/// one renderer at a time: when it goes, it deletes all pixel buffers of the context.
 ///
-/// Raw frames and masks are drawn one call after they were handed over: with frames 1, 2, 3, the
-/// texture shows nothing of use, frame 1, frame 2, and one more call without a frame draws frame 3.
-/// Of compressed frames it shows the one that the decoder delivered last.
+/// Raw frames and masks are drawn one call after they were handed over. Of compressed frames each
+/// call draws the newest that the decoder delivered.
 class Renderer {
 public:
     /// \throws ToolError
     explicit Renderer(RendererSettings settings);
 
-    /// Sets the view for the frame that the next call draws.
-    void SetView(const View& view);
+    /// Sets how the next draws look.
+    void SetShot(const Shot& shot);
 
-    /// Changes what the next draws show.
-    void SetMirror(bool mirror) { settings_.mirror = mirror; }
-    void SetPositions(VEStickerList positions) { settings_.positions = std::move(positions); }
-
-    /// Hands over compressed data: one access unit.
+    /// Hands over one access unit of compressed data.
     void Feed(AVPacket& unit) { VEUpdateCompressedData(handle_.get(), unit.data, unit.size); }
 
-    /// Draws, and takes the next raw frame and mask. \p mask is not read unless masked.
-    void Draw(uint8_t* frame, uint8_t* mask);
-
-    /// Takes a raw frame and a mask, null for none, without drawing: for Draw(nullptr, nullptr) to
-    /// show at once, as often as wanted.
+    /// Takes a raw frame and a mask, each null for none, without drawing them: the next Draw()
+    /// does.
     void HandOver(uint8_t* frame, uint8_t* mask);
+
+    /// Draws. \param nextMask null, or the mask for the draw after this one
+    void Draw(uint8_t* nextMask = nullptr);
 
     Size FrameSize() const { return settings_.size; }
 
-    /// What was drawn last; valid until the next call. \throws ToolError
+    /// The picture that was drawn last; valid until the next call. \throws ToolError
     const Image& ReadBack();
 
-    /// Where the result is.
-    GLuint TargetName() const { return target_.Name(); }
+    /// The texture with the picture that was drawn last.
+    GLuint TextureName() const { return texture_.Name(); }
 
-    /// Time that a draw took on average, the GL's included.
+    /// Average time per draw, the GL's included.
     double MillisecondsPerDraw() const;
 
 private:
     struct DestroyHandle {
-        void operator()(void* handle) const { VEDestroyRenderer(handle); }
+        void operator()(void* handle) const;
     };
 
     void CheckSizes() const;
@@ -73,11 +67,11 @@ private:
     void Update(uint8_t* frame, uint8_t* mask);
 
     RendererSettings settings_;
-    Texture target_;
+    Shot shot_;
+    Texture texture_;
     std::optional<Texture> sticker_;
     std::unique_ptr<void, DestroyHandle> handle_;
-    // Goes before the handle, with which framebuffers of the application's may be deleted.
-    TextureReader reader_;
+    TextureReader reader_;  // After the handle, which deletes framebuffers that are not its own.
     Image image_;
     std::chrono::duration<double, std::milli> drawingTime_{};
     int64_t draws_ = 0;

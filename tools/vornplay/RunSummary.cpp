@@ -1,5 +1,6 @@
 #include "RunSummary.h"
 
+#include <iostream>
 #include <nlohmann/json.hpp>
 
 #include "support/RunTool.h"
@@ -26,12 +27,21 @@ Json Head(const std::string& input, const std::string& output, int exitStatus) {
     return json;
 }
 
-/// Names of files need not be UTF-8.
+/// Replaces what is not UTF-8, which file names need not be.
 std::string Line(const Json& json) {
     return json.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 }  // namespace
+
+bool ReportBroken(const std::string& path, int64_t lost, int64_t damaged) {
+    if (lost == 0 && damaged == 0) {
+        return false;
+    }
+    std::cerr << "vornplay: " << path << " is broken: " << lost << " frames lost, " << damaged
+              << " damaged\n";
+    return true;
+}
 
 std::string ToJson(const RunSummary& summary) {
     Json json = Head(summary.input, summary.output, summary.exitStatus);

@@ -26,6 +26,9 @@ struct RunSummary {
     AudioReport audio;
 };
 
+/// Says on stderr what is broken in a file. \return whether something is
+bool ReportBroken(const std::string& path, int64_t lost, int64_t damaged);
+
 /// As one line of JSON.
 std::string ToJson(const RunSummary& summary);
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "OptionValues.h"
+#include "Composition.h"
 #include "window/Layout.h"
 
 // How views and pixels of the renderer's output belong together.

@@ -45,7 +45,7 @@ void Controls::HandleKey(const SDL_KeyboardEvent& key) {
 void Controls::HandleCommand(SDL_Keycode key) {
     switch (key) {
         case SDLK_SPACE: playback_.Toggle(); break;
-        case SDLK_m: stage_.Mirrored() = !stage_.Mirrored(); break;
+        case SDLK_m: stage_.NextShot().mirror = !stage_.NextShot().mirror; break;
         case SDLK_k: SwitchMask(); break;
         case SDLK_s: Save(); break;
         case SDLK_i: hud_.ToggleFigures(); break;
@@ -75,7 +75,7 @@ void Controls::Save() {
     try {
         const std::string path = SaveFrame(stage_);
         hud_.Say("Saved " + path);
-        if (!stage_.Asked().quiet) {
+        if (!stage_.GetOptions().quiet) {
             std::cerr << "vornplay: saved " << path << '\n';
         }
     } catch (const ToolError& error) {
@@ -118,7 +118,7 @@ void Controls::HandleMotion(const SDL_MouseMotionEvent& motion) {
         hud_.Say(kOnlySideways);
     }
     press_.x = motion.x;
-    View& view = stage_.Looking();
+    View& view = stage_.NextShot().view;
     view = Dragged(view, CurrentLayout().PictureDistance(across), stage_.FrameSize());
 }
 
@@ -133,7 +133,8 @@ void Controls::HandleWheel(const SDL_MouseWheelEvent& wheel) {
     SDL_GetMouseState(&x, &y);
     const Point middle = {size.width / 2.0, size.height / 2.0};
     const Point place = CurrentLayout().PictureAt(x, y).value_or(middle);
-    stage_.Looking() = Zoomed(stage_.Looking(), static_cast<double>(wheel.preciseY), place.x, size);
+    stage_.NextShot().view =
+        Zoomed(stage_.NextShot().view, static_cast<double>(wheel.preciseY), place.x, size);
 }
 
 void Controls::DropSticker(int x, int y) {
@@ -142,13 +143,13 @@ void Controls::DropSticker(int x, int y) {
         hud_.Say(kBesidePicture);
         return;
     }
-    stage_.Stickers().push_back(StickerAt(stage_.Seen(), *place, stage_.FrameSize()));
+    stage_.NextShot().stickers.push_back(StickerAt(stage_.SeenView(), *place, stage_.FrameSize()));
 }
 
 void Controls::TakeSticker() {
-    if (stage_.Stickers().empty()) {
+    if (stage_.NextShot().stickers.empty()) {
         hud_.Say(kNoStickerLeft);
         return;
     }
-    stage_.Stickers().pop_back();
+    stage_.NextShot().stickers.pop_back();
 }

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "Stage.h"
 #include "window/Pacer.h"
-#include "window/Stage.h"
 
 /// Moves a clip on at its pace, or as it is told to.
 class Playback {

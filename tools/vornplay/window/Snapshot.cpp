@@ -9,7 +9,7 @@
 namespace {
 
 std::string NameOf(const Stage& stage) {
-    std::string stem = std::filesystem::path(stage.Asked().input).stem().string();
+    std::string stem = std::filesystem::path(stage.GetOptions().input).stem().string();
     if (stem.empty() || stem.find('%') != std::string::npos) {
         stem = "frame";  // A numbered sequence.
     }
@@ -27,6 +27,6 @@ std::string SaveFrame(Stage& stage) {
         path = name + "-" + std::to_string(number) + ".png";
     }
     stage.Draw();  // What was asked for since it was drawn last is seen, too.
-    WritePng(path, stage.Path().Target().ReadBack());
+    WritePng(path, stage.ReadBack());
     return path;
 }

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "TargetTexture.h"
+#include "Texture.h"
 #include "window/FillProgram.h"
 #include "window/Layout.h"
 

@@ -17,7 +17,7 @@ std::string Format(const char* format, Values... values) {
 std::string MaskText(MaskUse masking) {
     switch (masking) {
         case MaskUse::kFile: return "Mask: the file's (output mode 1)";
-        case MaskUse::kWhole: return "Mask: all of the picture, opaque (output mode 1)";
+        case MaskUse::kOpaque: return "Mask: all of the picture, opaque (output mode 1)";
         case MaskUse::kNone: return "Mask: none, own alpha (output mode 0)";
     }
     return {};

@@ -6,7 +6,7 @@
 #include <iostream>
 #include <utility>
 
-#include "Report.h"
+#include "RunSummary.h"
 #include "support/RunTool.h"
 #include "window/Texts.h"
 
@@ -86,19 +86,19 @@ WindowPlayer::Clock::duration WindowPlayer::Refresh() {
     stage_.Draw();
     const Clock::duration drawing = Clock::now() - start;
     const Layout layout = window_.LayoutOf(stage_.FrameSize());
-    pass_.Draw(stage_.Path().Target().TargetName(), layout);
+    pass_.Draw(stage_.Source().GetRenderer().TextureName(), layout);
     hud_.Draw(FigureTexts(figures_, playback_, stage_), KeyTexts(stage_.Masking()), layout);
     window_.Present();
     return drawing;
 }
 
 int WindowPlayer::Report() {
-    LivePath& path = stage_.Path();
-    const bool broken = ReportBroken(options_.input, path.Lost(), path.Damaged());
+    const FrameSource& source = stage_.Source();
+    const bool broken = ReportBroken(options_.input, source.Lost(), source.Damaged());
     if (!options_.quiet) {
         std::cerr << playback_.FramesShown() << " frames shown, " << playback_.Dropped()
                   << " dropped, " << std::fixed << std::setprecision(2)
-                  << path.Target().MillisecondsPerDraw() << " ms a draw\n";
+                  << source.GetRenderer().MillisecondsPerDraw() << " ms a draw\n";
     }
     return broken ? kExitBroken : kExitDone;
 }

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "Options.h"
+#include "Stage.h"
 #include "window/Controls.h"
 #include "window/Figures.h"
 #include "window/GlWindow.h"
 #include "window/Hud.h"
 #include "window/Playback.h"
 #include "window/PresentPass.h"
-#include "window/Stage.h"
 
 /// Plays the input in a window, under the user's hands.
 class WindowPlayer {

@@ -1,63 +1,54 @@
-#include "window/Stage.h"
+#include "Stage.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
-#include "PathChoice.h"
+#include "DefaultSticker.h"
+#include "Handover.h"
+#include "PixelSource.h"
+#include "RealtimeSource.h"
 #include "support/PngFile.h"
 #include "support/ToolError.h"
-#include "window/DefaultSticker.h"
-#include "window/LiveCpuPath.h"
-#include "window/LiveDecodePath.h"
 
 namespace {
 
 /// Time stamps of some containers are rounded to milliseconds.
 constexpr double kTimeTolerance = 0.001;
 
-Image LoadSticker(const Options& options) {
-    return options.sticker.empty() ? DecodePng(kDefaultSticker, kDefaultStickerSize)
-                                   : ReadPng(options.sticker);
+std::optional<Image> LoadSticker(const Options& options) {
+    if (!options.sticker.empty()) {
+        return ReadPng(options.sticker);
+    }
+    if (options.WantsWindow()) {
+        return DecodePng(kDefaultSticker, kDefaultStickerSize);
+    }
+    return std::nullopt;
 }
 
-/// When the last frame of a file is shown; 0 where the file does not tell.
+MaskUse FirstMaskUse(const Options& options) {
+    if (!options.mask.empty()) {
+        return MaskUse::kFile;
+    }
+    return options.WantsWindow() || options.NeedsMask() ? MaskUse::kOpaque : MaskUse::kNone;
+}
+
+/// When the last frame of a file is shown; 0 if the file does not say.
 double LastSeconds(const VideoFile& file) {
     const auto frames = static_cast<double>(file.ExpectedFrames());
     return frames > 0 ? file.StartSeconds() + (frames - 1) / av_q2d(file.FrameRate()) : 0.0;
-}
-
-/// Renderers leave pixel buffers to the context. Here nobody else has buffers, and many renderers
-/// follow one another.
-void DeleteLeftBuffers() {
-    constexpr GLuint kMostNames = 64;
-    glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);
-    for (GLuint name = 1; name <= kMostNames; ++name) {
-        if (glIsBuffer(name) == GL_TRUE) {
-            glDeleteBuffers(1, &name);
-        }
-    }
 }
 
 }  // namespace
 
 Stage::Stage(const Options& options, VideoFile file)
     : options_(options),
-      machine_(MachineFor(file, options)),
       sticker_(LoadSticker(options)),
-      masking_(options.mask.empty() ? MaskUse::kWhole : MaskUse::kFile),
-      view_(options.view.value_or(View())),
-      positions_(options.positions),
-      mirrored_(options.mirror),
+      java_(JavaFor(file, options)),
+      masking_(FirstMaskUse(options)),
+      shot_{options.view.value_or(View()), options.mirror, options.positions},
       lastSeconds_(LastSeconds(file)) {
     Open(std::move(file));
-}
-
-void Stage::Draw() {
-    Renderer& renderer = path_->Target();
-    renderer.SetMirror(mirrored_);
-    renderer.SetPositions(positions_);
-    path_->Draw(view_);
 }
 
 void Stage::Seek(double seconds) {
@@ -72,10 +63,10 @@ void Stage::Seek(double seconds) {
 
 void Stage::SwitchMask() {
     switch (masking_) {
-        case MaskUse::kFile: masking_ = MaskUse::kWhole; break;
-        case MaskUse::kWhole: masking_ = MaskUse::kNone; break;
+        case MaskUse::kFile: masking_ = MaskUse::kOpaque; break;
+        case MaskUse::kOpaque: masking_ = MaskUse::kNone; break;
         case MaskUse::kNone:
-            masking_ = options_.mask.empty() ? MaskUse::kWhole : MaskUse::kFile;
+            masking_ = options_.mask.empty() ? MaskUse::kOpaque : MaskUse::kFile;
             break;
     }
     OpenAt(Seconds());
@@ -89,25 +80,27 @@ void Stage::OpenAt(double seconds) {
 }
 
 void Stage::Open(VideoFile file) {
-    const std::string path = file.Path();
-    path_ = nullptr;  // Before there is another: it deletes names that might be the other's.
-    DeleteLeftBuffers();
+    const std::string none = file.NoPicture();
+    source_ = nullptr;  // First, since there can be only one renderer at a time.
     OpenMask(file);
-    path_ = MakePath(std::move(file));
-    if (!path_->Next()) {
-        throw ToolError(path + ": no picture from the start time on");
+    source_ = MakeSource(std::move(file));
+    if (!Next()) {
+        throw ToolError(none);
     }
 }
 
-std::unique_ptr<LivePath> Stage::MakePath(VideoFile file) {
+std::unique_ptr<FrameSource> Stage::MakeSource(VideoFile file) {
     const auto nextMask = [this] { return NextMask(); };
-    if (machine_ != nullptr) {
-        return std::make_unique<LiveDecodePath>(std::move(file), options_, Settings(), nextMask);
+    if (java_ == nullptr) {
+        return std::make_unique<PixelSource>(std::move(file), Settings(), nextMask);
     }
-    return std::make_unique<LiveCpuPath>(std::move(file), options_, Settings(), nextMask);
+    if (options_.realtime) {
+        return std::make_unique<RealtimeSource>(std::move(file), Settings(), nextMask);
+    }
+    return std::make_unique<CompressedSource>(std::move(file), Settings(), nextMask);
 }
 
-/// The mask's first frame goes with the first one from the start time on.
+/// The mask's first frame belongs to the first frame that the options ask for.
 void Stage::OpenMask(const VideoFile& file) {
     mask_.reset();
     opaqueGiven_ = false;
@@ -128,7 +121,9 @@ uint8_t* Stage::NextMask() {
 RendererSettings Stage::Settings() const {
     constexpr Size kOnePixel = {1, 1};
     RendererSettings settings;
-    settings.javaVM = machine_;
+    settings.source = options_.rgb ? VE_MODE_RGB : VE_MODE_RGBA;
+    settings.javaVM = java_;
+    settings.size = options_.size;
     settings.masked = masking_ != MaskUse::kNone;
     settings.maskSize = mask_.has_value() ? mask_->FrameSize() : kOnePixel;
     settings.rgbMask = options_.rgbMask;

@@ -1,4 +1,4 @@
-#include "PathChoice.h"
+#include "Handover.h"
 
 #include <linux_platform/Host.h>
 
@@ -6,11 +6,7 @@
 #include <array>
 #include <iostream>
 #include <string_view>
-#include <utility>
 
-#include "CpuPath.h"
-#include "DecodePath.h"
-#include "RealtimePath.h"
 #include "support/ToolError.h"
 
 namespace {
@@ -29,7 +25,7 @@ bool IsDecodable(const AVCodecParameters& codec) {
     return known && std::find(kLayouts.begin(), kLayouts.end(), codec.format) != kLayouts.end();
 }
 
-/// Why not to hand the video over compressed; empty where nothing speaks against it.
+/// Why the video cannot go compressed; empty if it can.
 std::string Objection(const VideoFile& file, const Options& options) {
     const AVCodecParameters& codec = file.Codec();
     const bool scaled = options.size.width > 0 &&
@@ -40,11 +36,11 @@ std::string Objection(const VideoFile& file, const Options& options) {
     if (options.rgb || options.rgba) {
         return "--rgb and --rgba are for decoded frames";
     }
-    // The other path scales with more care.
-    return scaled && options.path != PathOption::kDecode ? "--size is not the input's" : "";
+    // Frames that go as pixels are scaled with more care.
+    return scaled && options.handover != Handover::kCompressed ? "--size is not the input's" : "";
 }
 
-/// \return null where there is no Java machine, and why in \p objection.
+/// \return null if there is no JVM, and then why in \p objection
 JavaVM* StartJava(const std::string& platform, std::string& objection) {
     const std::string jar = platform + "/android.jar";
     HostJavaOptions options = {};
@@ -53,22 +49,14 @@ JavaVM* StartJava(const std::string& platform, std::string& objection) {
         options.libraryPath = platform.c_str();
     }
     std::array<char, 512> error{};
-    JavaVM* machine = HostJava_start(&options, error.data(), error.size());
+    JavaVM* java = HostJava_start(&options, error.data(), error.size());
     objection = error.data();
-    return machine;
+    return java;
 }
 
-std::unique_ptr<FramePath> OpenPlatformPath(VideoFile file, const Options& options,
-                                            RendererSettings settings, const MaskSource& nextMask) {
-    if (options.realtime) {
-        return std::make_unique<RealtimePath>(std::move(file), options, std::move(settings),
-                                              nextMask);
-    }
-    return std::make_unique<DecodePath>(std::move(file), options, std::move(settings), nextMask);
-}
-
+/// Fails if the options insist on compressed frames; else says why they go as pixels, if asked to.
 void Refuse(const Options& options, const std::string& objection) {
-    if (options.path == PathOption::kDecode || options.realtime) {
+    if (options.handover == Handover::kCompressed || options.realtime) {
         throw ToolError(options.input + ": " + objection);
     }
     if (options.verbose) {
@@ -78,26 +66,14 @@ void Refuse(const Options& options, const std::string& objection) {
 
 }  // namespace
 
-JavaVM* MachineFor(const VideoFile& file, const Options& options) {
-    JavaVM* machine = nullptr;
-    if (options.path != PathOption::kCpu) {
-        std::string objection = Objection(file, options);
-        if (objection.empty()) {
-            machine = StartJava(options.platform, objection);
-        }
-        if (machine == nullptr) {
-            Refuse(options, objection);
-        }
+JavaVM* JavaFor(const VideoFile& file, const Options& options) {
+    if (options.handover == Handover::kPixels) {
+        return nullptr;
     }
-    return machine;
-}
-
-std::unique_ptr<FramePath> OpenPath(const Options& options, RendererSettings settings,
-                                    const MaskSource& nextMask) {
-    VideoFile file(options.input, options.startSeconds);
-    settings.javaVM = MachineFor(file, options);
-    if (settings.javaVM != nullptr) {
-        return OpenPlatformPath(std::move(file), options, std::move(settings), nextMask);
+    std::string objection = Objection(file, options);
+    JavaVM* java = objection.empty() ? StartJava(options.platform, objection) : nullptr;
+    if (java == nullptr) {
+        Refuse(options, objection);
     }
-    return std::make_unique<CpuPath>(std::move(file), options, std::move(settings), nextMask);
+    return java;
 }

@@ -1,4 +1,4 @@
-#include "TargetTexture.h"
+#include "Texture.h"
 
 #include <algorithm>
 #include <string>
@@ -6,14 +6,14 @@
 #include "support/ToolError.h"
 
 void LoadSticker(const Texture& texture, const Image& sticker) {
-    Image upended(sticker.size);
+    Image flipped(sticker.size);
     const size_t rowBytes = static_cast<size_t>(sticker.size.width) * Image::kChannels;
     for (int y = 0; y < sticker.size.height; ++y) {
-        std::copy_n(sticker.At(0, sticker.size.height - 1 - y), rowBytes, upended.At(0, y));
+        std::copy_n(sticker.At(0, sticker.size.height - 1 - y), rowBytes, flipped.At(0, y));
     }
     glBindTexture(GL_TEXTURE_2D, texture.Name());
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, sticker.size.width, sticker.size.height, 0, GL_RGBA,
-                 GL_UNSIGNED_BYTE, upended.pixels.data());
+                 GL_UNSIGNED_BYTE, flipped.pixels.data());
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);

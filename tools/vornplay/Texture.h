@@ -18,10 +18,10 @@ private:
     GLuint name_ = 0;
 };
 
-/// Fills a texture with a picture, last row first, so that it stands upright as a sticker.
+/// Fills a texture with a picture, last row first, as the renderer expects of stickers.
 void LoadSticker(const Texture& texture, const Image& sticker);
 
-/// Reads pictures back from a texture, through a framebuffer of its own.
+/// Reads pictures back from a texture, through a framebuffer.
 class TextureReader {
 public:
     TextureReader() = default;
@@ -36,5 +36,6 @@ private:
     GLuint framebuffer_ = 0;
 };
 
-/// \throws ToolError when the GL has no textures of this size; \p what names it in the message
+/// \param what names the picture in the message
+/// \throws ToolError if the GL has no textures of this size
 void CheckTextureSize(const char* what, Size size);

@@ -1,0 +1,61 @@
+#include "RealtimeSource.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <sstream>
+#include <thread>
+#include <utility>
+
+RealtimeSource::RealtimeSource(VideoFile file, RendererSettings settings, MaskSource nextMask)
+    : CompressedSource(std::move(file), std::move(settings), std::move(nextMask)) {
+    Feed().SetStepping(false);
+    AskForMask();
+    GetRenderer().HandOver(nullptr, TakeMask());
+}
+
+bool RealtimeSource::Next() {
+    const double seconds = static_cast<double>(ticks_) / av_q2d(File().FrameRate());
+    if (ticks_++ == 0) {
+        FeedUntil(0.0);
+        start_ = Clock::now();
+    }
+    std::this_thread::sleep_until(start_ + std::chrono::duration_cast<Clock::duration>(
+                                               std::chrono::duration<double>(seconds)));
+    FeedUntil(seconds);
+    if (Feed().WaitForFrame(0) == HOST_ENDED) {
+        return false;
+    }
+    NoteTime(AV_NOPTS_VALUE);
+    AskForMask();
+    return true;
+}
+
+/// Shows the mask that was handed over with the draw before: each call takes a new frame from the
+/// decoder, so there can be only one.
+void RealtimeSource::Draw(const Shot& shot) {
+    GetRenderer().SetShot(shot);
+    GetRenderer().Draw(TakeMask());
+}
+
+void RealtimeSource::FeedUntil(double seconds) {
+    constexpr int64_t kPatienceUs = 2000;
+    constexpr int64_t kNoLimit = -1;
+    while (!Feed().AtEnd() && Feed().NextTime() <= seconds) {
+        if (Feed().AllRead()) {
+            Feed().SetLockStep(true);
+        }
+        // Later frames may be predicted from those before the start, so none of these is dropped.
+        Feed().FeedNext(Feed().NextTime() < 0.0 ? kNoLimit : kPatienceUs);
+    }
+}
+
+int64_t RealtimeSource::Shown(int64_t /*drawn*/) const {
+    return std::min(Feed().Frames().latched, Feed().Units());
+}
+
+std::string RealtimeSource::Summary(int64_t drawn) const {
+    std::ostringstream text;
+    text << Shown(drawn) << " frames shown, " << Dropped() << " dropped, " << drawn << " draws of "
+         << std::fixed << std::setprecision(2) << GetRenderer().MillisecondsPerDraw() << " ms";
+    return text.str();
+}
