@@ -46,6 +46,9 @@
 /// All calls for one renderer come from one thread, with the GL context current in which it was
 /// created. VEGetDecoderState may come from any thread. VEResultText needs no context.
 ///
+/// For compressed video the thread is attached to the Java VM, and stays attached: a native thread
+/// detaches itself before it ends. The decoder has a thread of its own, which is not attached.
+///
 /// Ownership
 /// ---------
 ///
@@ -229,7 +232,7 @@ VE_EXPORT VEResult VEDraw(VERenderer* renderer, const VEDrawOptions* options, VE
 /// VEUnit::flags.
 enum {
     VE_UNIT_CONFIG = 2,  ///< Parameter sets only; gives no picture.
-    VE_UNIT_END = 4,     ///< The stream ends with this unit, which may be empty.
+    VE_UNIT_END = 4,  ///< The stream ends with this unit, which may be empty. VEFlush comes next.
 };
 
 /// An access unit of compressed video.
@@ -237,7 +240,7 @@ typedef struct VEUnit {
     size_t structSize;
     const void* data;
     size_t size;     ///< In bytes.
-    int64_t ptsUs;   ///< Presentation time in µs.
+    int64_t ptsUs;   ///< Presentation time in µs, within 292 years of 0.
     int64_t waitUs;  ///< How long to wait for room; 0: not at all.
     int32_t flags;   ///< VE_UNIT_…, or 0.
 } VEUnit;
@@ -250,8 +253,10 @@ typedef struct VEUnit {
 ///         VE_ERROR_UNSUPPORTED: the source is no compressed video.
 VE_EXPORT VEResult VEQueueUnit(VERenderer* renderer, const VEUnit* unit);
 
-/// Drops all units and pictures in the decoder, for seeking. The next unit starts with a key frame;
-/// parameter sets need not be given again. The picture on screen stays.
+/// Drops all units and pictures in the decoder, for seeking. The next unit starts with a key frame.
+/// Parameter sets need not be given again if a picture has come out since they were given. Draws
+/// show no picture of before the flush for the first time: they may draw nothing until the next one
+/// comes.
 VE_EXPORT VEResult VEFlush(VERenderer* renderer);
 
 /// How a decoder stands.

@@ -24,6 +24,7 @@ struct DecoderSettings {
 /// A picture in the external texture.
 struct LatchedPicture {
     bool isNew;
+    bool isOutdated;   ///< The texture holds a picture of before a flush, which must not show.
     float matrix[16];  ///< SurfaceTexture.getTransformMatrix, column by column.
     int64_t ptsUs;
 };
@@ -46,8 +47,8 @@ public:
     virtual VEResult flush() = 0;
     /// Latches the newest picture, which binds the external texture to the active unit.
     ///
-    /// \param picture isNew is false and the rest untouched when there is no newer one.
-    /// \return VE_OK also when the decoder has failed: the picture on screen stays.
+    /// \param picture isNew is false when there is no newer one; then the rest but isOutdated
+    /// stays. \return VE_OK also when the decoder has failed: the picture on screen stays.
     virtual VEResult latch(LatchedPicture& picture) = 0;
     /// All but picturesShown and structSize.
     virtual void state(VEDecoderState& state) const = 0;

@@ -59,6 +59,7 @@ void DecodedSource::stage(const VEDrawOptions& options) {
     latched_.isNew = false;
     const VEResult result = decoder_->latch(latched_);
     Require(result == VE_OK, result);
+    hasPicture_ = hasPicture_ && !latched_.isOutdated;
     if (latched_.isNew) {
         hasPicture_ = true;
         hasNewPicture_ = true;

@@ -2,30 +2,31 @@
 
 #include <android/log.h>
 
-#include <chrono>
 #include <thread>
 
 #include "render/VELog.h"
 
-void SharedCodec::shutDown() {
+bool SharedCodec::shutDown(std::chrono::milliseconds longestWait) {
     AMediaCodec* codec = codec_;
     gate_.close();
     AMediaCodec_stop(codec);
-    waitForCall();
+    pause(longestWait);
+    codec_ = nullptr;
     if (gate_.handOver()) {
         LogWithFileTag(ANDROID_LOG_INFO, "src/Render/OESRenderer/SharedCodec.cpp",
-                       "a decoder call takes longer than 50 ms: the decoder is deleted after it");
-    } else {
-        AMediaCodec_delete(codec);
+                       "a decoder call takes longer than %d ms: the decoder is deleted after it",
+                       static_cast<int>(longestWait.count()));
+        return false;
     }
-    codec_ = nullptr;
+    AMediaCodec_delete(codec);
+    return true;
 }
 
-void SharedCodec::waitForCall() const {
+void SharedCodec::pause(std::chrono::milliseconds longestWait) {
     using std::chrono::steady_clock;
-    constexpr std::chrono::milliseconds kLongest(50);
     constexpr std::chrono::microseconds kPause(100);
-    const auto end = steady_clock::now() + kLongest;
+    gate_.close();
+    const auto end = steady_clock::now() + longestWait;
     while (gate_.inCall() && steady_clock::now() < end) {
         std::this_thread::sleep_for(kPause);
     }

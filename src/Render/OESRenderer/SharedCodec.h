@@ -2,6 +2,8 @@
 
 #include <media/NdkMediaCodec.h>
 
+#include <chrono>
+
 #include "CallGate.h"
 
 /// A platform decoder that its owner stops and deletes while the decoder thread may be in a call.
@@ -31,13 +33,19 @@ public:
         return result;
     }
 
-    /// Stops the decoder, waits up to 50 ms for the decoder thread's call, and deletes the decoder.
-    /// When the call takes longer, the decoder thread deletes it after the call. Stop and delete
-    /// are called without a decoder, too. \thread the owner's. Call it once.
-    void shutDown();
+    /// Stops the decoder, waits for the decoder thread's call, and deletes the decoder. When the
+    /// call takes longer, the decoder thread deletes it after the call. Stop and delete are called
+    /// without a decoder, too. \thread the owner's. Call it once. \return whether the decoder is
+    /// deleted.
+    bool shutDown(std::chrono::milliseconds longestWait = kUsualWait);
+
+    /// Lets no use begin until resume, and waits for the one under way.
+    /// \thread the owner's.
+    void pause(std::chrono::milliseconds longestWait);
+    void resume() { gate_.open(); }
 
 private:
-    void waitForCall() const;
+    static constexpr std::chrono::milliseconds kUsualWait{50};
 
     std::atomic<AMediaCodec*> codec_;
     CallGate gate_;

@@ -2,6 +2,7 @@
 
 #include <android/log.h>
 
+#include "../JavaEnvSlot.h"
 #include "DecodeLoop.h"
 #include "VEOESSurfaceTexture.h"
 #include "gl/GLES3.h"
@@ -12,14 +13,6 @@ namespace {
 
 constexpr char kSourceFile[] = "src/Render/OESRenderer/VEOESRenderer.cpp";
 constexpr char kSurfaceClass[] = "android/view/Surface";
-
-/// JNIEnv** where Android's headers ask for it, void** where the JDK's do.
-struct EnvSlot {
-    JNIEnv** env;
-
-    operator JNIEnv**() const { return env; }
-    operator void**() const { return reinterpret_cast<void**>(env); }
-};
 
 void Log(const char* text) {
     LogWithFileTag(ANDROID_LOG_INFO, kSourceFile, "%s", text);
@@ -55,7 +48,7 @@ VEOESRenderer::VEOESRenderer(int textureId, int format, VERendererMode* mode, vo
         Log("\n JNI_OnLoad() not called yet ...######renderer\n");
         return;
     }
-    this->javaVM->AttachCurrentThread(EnvSlot{&env}, nullptr);  // Frozen: attached thread
+    this->javaVM->AttachCurrentThread(JavaEnvSlot{&env}, nullptr);  // Frozen: attached thread
     LocalInit();
     startDecoding(*mode);
     filter = new GPUTexture2TextureFilter(static_cast<uint32_t>(textureId), TargetFormat(format),

@@ -1,0 +1,55 @@
+#include "JavaSurface.h"
+
+#include "../Failure.h"
+
+JavaObject::~JavaObject() {
+    try {
+        const JavaScope java(vm_);
+        java->CallVoidMethod(object_, release_);
+        java->ExceptionClear();
+        java->DeleteGlobalRef(object_);
+    } catch (const Failure&) {
+        // Without memory for JNI's own needs the object stays with the collector.
+    }
+}
+
+void JavaObject::keep(const JavaScope& java, jclass type, jobject local) {
+    release_ = java.checked(java->GetMethodID(type, "release", "()V"));
+    object_ = java.checked(java->NewGlobalRef(local));
+}
+
+JavaSurface::JavaSurface(JavaVM* vm, uint32_t texture)
+    : vm_(vm),
+      surfaceTexture_(vm, "android/graphics/SurfaceTexture", "(I)V", static_cast<jint>(texture)),
+      surface_(vm, "android/view/Surface", "(Landroid/graphics/SurfaceTexture;)V",
+               surfaceTexture_.get()) {
+    const JavaScope java(vm);
+    jclass type = java.checked(java->GetObjectClass(surfaceTexture_.get()));
+    updateTexImage_ = java.checked(java->GetMethodID(type, "updateTexImage", "()V"));
+    getTimestamp_ = java.checked(java->GetMethodID(type, "getTimestamp", "()J"));
+    getTransformMatrix_ = java.checked(java->GetMethodID(type, "getTransformMatrix", "([F)V"));
+}
+
+Window JavaSurface::window() const {
+    const JavaScope java(vm_);
+    Window window(ANativeWindow_fromSurface(java.operator->(), surface_.get()));
+    return java.checked(std::move(window));
+}
+
+int64_t JavaSurface::latch() const {
+    const JavaScope java(vm_);
+    java->CallVoidMethod(surfaceTexture_.get(), updateTexImage_);
+    java.check();
+    const jlong stamp = java->CallLongMethod(surfaceTexture_.get(), getTimestamp_);
+    java.check();
+    return stamp;
+}
+
+void JavaSurface::matrix(float (&matrix)[16]) const {
+    const JavaScope java(vm_);
+    jfloatArray values = java.checked(java->NewFloatArray(16));
+    java->CallVoidMethod(surfaceTexture_.get(), getTransformMatrix_, values);
+    java.check();
+    java->GetFloatArrayRegion(values, 0, 16, matrix);
+    java.check();
+}

@@ -1,0 +1,268 @@
+// The guarded renderer of compressed video, with the real decoder, JVM and GL.
+
+#include <GLES3/gl3.h>
+#include <linux_platform/Host.h>
+
+#include <atomic>
+#include <thread>
+
+#include "DecodeFixture.h"
+#include "render/VERendererExt.h"
+
+namespace {
+
+constexpr int kPictures = 20;
+constexpr int64_t kWaitUs = 10'000'000;
+
+TestStream GrayStream() {
+    TestStream stream;
+    stream.bFrames = 2;
+    stream.picture = [](int index) { return Gray(static_cast<uint8_t>(30 + 10 * index)); };
+    return stream;
+}
+
+VEUnit UnitOf(const TestUnit& unit, int64_t startUs = 0) {
+    VEUnit given = VEMakeUnit();
+    given.data = unit.bytes.data();
+    given.size = unit.bytes.size();
+    given.ptsUs = startUs + unit.timeUs;
+    given.waitUs = kWaitUs;
+    return given;
+}
+
+VEUnit EndUnit() {
+    VEUnit unit = VEMakeUnit();
+    unit.flags = VE_UNIT_END;
+    unit.waitUs = kWaitUs;
+    return unit;
+}
+
+unsigned NewTexture() {
+    unsigned texture = 0;
+    glGenTextures(1, &texture);
+    return texture;
+}
+
+/// Red in the middle of a texture.
+int Level(unsigned texture, int width, int height) {
+    unsigned framebuffer = 0;
+    glGenFramebuffers(1, &framebuffer);
+    glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer);
+    glFramebufferTexture2D(GL_READ_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
+    std::array<uint8_t, 4> pixel{};
+    glReadPixels(width / 2, height / 2, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, pixel.data());
+    glDeleteFramebuffers(1, &framebuffer);
+    return pixel[0];
+}
+
+/// A guarded renderer and its decoder.
+class DecoderRenderer {
+public:
+    explicit DecoderRenderer(void (*onPicture)(void*) = nullptr, void* listener = nullptr) {
+        VERendererOptions options = VEMakeRendererOptions();
+        options.source = VE_SOURCE_H264;
+        options.sourceWidth = 320;
+        options.sourceHeight = 240;
+        options.outputTexture = texture;
+        options.javaVM = Machine();
+        options.onPicture = onPicture;
+        options.listener = listener;
+        EXPECT_EQ(VECreateRenderer(&options, &handle), VE_OK);
+        host = HostDecoder_acquire();
+    }
+    ~DecoderRenderer() {
+        HostDecoder_release(host);
+        EXPECT_EQ(VECloseRenderer(handle, VE_CONTEXT_CURRENT), VE_OK);
+        glDeleteTextures(1, &texture);
+    }
+    DecoderRenderer(const DecoderRenderer&) = delete;
+    DecoderRenderer& operator=(const DecoderRenderer&) = delete;
+
+    VEDrawn draw() const {
+        VEDrawn drawn = VEMakeDrawn();
+        EXPECT_EQ(VEDraw(handle, nullptr, &drawn), VE_OK);
+        return drawn;
+    }
+    VEDecoderState state() const {
+        VEDecoderState state = VEMakeDecoderState();
+        EXPECT_EQ(VEGetDecoderState(handle, &state), VE_OK);
+        return state;
+    }
+    /// Draws until the decoder lets the unit in.
+    void queue(VEUnit unit) {
+        unit.waitUs = 0;
+        while (HostDecoder_waitForInput(host, 1000) != HOST_READY) {
+            collect();
+        }
+        EXPECT_EQ(VEQueueUnit(handle, &unit), VE_OK);
+    }
+    /// Draws once, and notes the picture if it is new.
+    void collect() {
+        const VEDrawn drawn = draw();
+        if (drawn.newPicture) {
+            times.push_back(drawn.ptsUs);
+            levels.push_back(Level(texture, 320, 240));
+        }
+    }
+
+    unsigned texture = NewTexture();
+    VERenderer* handle = nullptr;
+    HostDecoder* host = nullptr;
+    std::vector<int64_t> times;
+    std::vector<int> levels;
+};
+
+class Decoder : public DecodeTest {
+protected:
+    std::vector<TestUnit> units_ = Encode(GrayStream(), kPictures);
+};
+
+TEST_F(Decoder, ShowsAllPicturesInOrderWithTheirTimesAndSeesTheEnd) {
+    std::atomic<int> told = 0;
+    DecoderRenderer renderer([](void* counter) { ++*static_cast<std::atomic<int>*>(counter); },
+                             &told);
+    EXPECT_FALSE(renderer.draw().picture);
+    HostDecoder_setLockStep(renderer.host, 1);
+    for (const TestUnit& unit : units_) {
+        renderer.queue(UnitOf(unit));
+    }
+    EXPECT_FALSE(renderer.state().endOfStream);
+    renderer.queue(EndUnit());
+    const VEUnit late = UnitOf(units_[0]);
+    EXPECT_EQ(VEQueueUnit(renderer.handle, &late), VE_ERROR_ARGUMENT) << "after the end";
+    while (!renderer.state().endOfStream) {
+        renderer.collect();
+    }
+    ASSERT_EQ(renderer.times.size(), static_cast<size_t>(kPictures));
+    for (int i = 0; i < kPictures; ++i) {
+        const auto index = static_cast<size_t>(i);
+        EXPECT_EQ(renderer.times[index], i * kFrameTimeUs);
+        EXPECT_NEAR(renderer.levels[index], (30 + 10 * i - 16) * 255 / 219, 3) << "picture " << i;
+    }
+    EXPECT_FALSE(renderer.draw().newPicture);
+    EXPECT_EQ(renderer.draw().ptsUs, (kPictures - 1) * kFrameTimeUs);
+
+    const VEDecoderState state = renderer.state();
+    EXPECT_EQ(state.result, VE_OK);
+    EXPECT_EQ(state.unitsQueued, uint64_t{kPictures} + 1);
+    EXPECT_EQ(state.unitsDropped, 1U);
+    EXPECT_EQ(state.picturesDecoded, uint64_t{kPictures});
+    EXPECT_EQ(state.picturesShown, uint64_t{kPictures});
+    EXPECT_EQ(told, kPictures);
+    EXPECT_EQ(state.width - state.cropLeft, 320);
+    EXPECT_EQ(state.cropRight - state.cropLeft, 319);
+    EXPECT_EQ(state.cropBottom - state.cropTop, 239);
+}
+
+TEST_F(Decoder, PicturesOfTheSameTimeAndOfNegativeTimesAreNewOnes) {
+    DecoderRenderer renderer;
+    HostDecoder_setLockStep(renderer.host, 1);
+    for (const TestUnit& unit : units_) {
+        VEUnit given = UnitOf(unit);
+        given.ptsUs = -7;
+        renderer.queue(given);
+    }
+    renderer.queue(EndUnit());
+    while (!renderer.state().endOfStream) {
+        renderer.collect();
+    }
+    EXPECT_EQ(renderer.times, std::vector<int64_t>(kPictures, -7));
+}
+
+TEST_F(Decoder, NoPictureOfBeforeAFlushShows) {
+    DecoderRenderer renderer;
+    for (int64_t seek = 0; seek < 40; ++seek) {
+        const int64_t start = seek * 1'000'000'000;
+        for (const TestUnit& unit : units_) {
+            const VEUnit given = UnitOf(unit, start);
+            EXPECT_EQ(VEQueueUnit(renderer.handle, &given), VE_OK);
+            const VEDrawn drawn = renderer.draw();
+            if (drawn.newPicture) {
+                EXPECT_GE(drawn.ptsUs, start);
+            }
+        }
+        if (seek % 4 == 0) {
+            const VEUnit end = EndUnit();
+            EXPECT_EQ(VEQueueUnit(renderer.handle, &end), VE_OK);
+            while (!renderer.state().endOfStream) {
+                std::this_thread::yield();
+            }
+        }
+        EXPECT_EQ(VEFlush(renderer.handle), VE_OK);
+        EXPECT_FALSE(renderer.state().endOfStream);
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_FALSE(renderer.draw().newPicture);
+        }
+    }
+    EXPECT_EQ(renderer.state().result, VE_OK);
+}
+
+TEST_F(Decoder, UnitsThatDoNotFitUseNoBuffer) {
+    DecoderRenderer renderer;
+    const size_t capacity = HostDecoder_inputCapacity(renderer.host);
+    EXPECT_EQ(renderer.state().unitCapacity, 0U);
+    const std::vector<uint8_t> bytes(capacity + 1);
+    VEUnit large = VEMakeUnit();
+    large.data = bytes.data();
+    large.size = bytes.size();
+    for (int i = 0; i < 20; ++i) {
+        EXPECT_EQ(VEQueueUnit(renderer.handle, &large), VE_ERROR_UNIT_SIZE);
+    }
+    EXPECT_EQ(renderer.state().unitCapacity, capacity);
+    EXPECT_EQ(renderer.state().unitsDropped, 20U);
+    HostDecoder_setLockStep(renderer.host, 1);
+    VEResult result = VE_OK;
+    for (size_t i = 0; i < units_.size() && result == VE_OK; ++i) {
+        VEUnit unit = UnitOf(units_[i]);
+        unit.waitUs = 100'000;
+        result = VEQueueUnit(renderer.handle, &unit);
+    }
+    EXPECT_EQ(result, VE_AGAIN) << "nobody draws";
+    EXPECT_EQ(renderer.state().result, VE_OK);
+}
+
+/// \param guarded by VERendererExt.h, otherwise by VERenderer.h.
+void Live(bool guarded, std::vector<TestUnit> units, bool toThePicture) {
+    if (guarded) {
+        DecoderRenderer renderer;
+        for (const TestUnit& unit : units) {
+            const VEUnit given = UnitOf(unit);
+            EXPECT_EQ(VEQueueUnit(renderer.handle, &given), VE_OK);
+        }
+        while (toThePicture && !renderer.draw().newPicture) {
+            std::this_thread::yield();
+        }
+        return;
+    }
+    unsigned texture = NewTexture();
+    VERendererMode mode = {VE_OUTPUT_PICTURE, VE_MODE_H264, 320, 240, 0, 0, 0};
+    void* handle = nullptr;
+    VECreateRendererHandle(&handle, static_cast<int>(texture), &mode, Machine());
+    for (TestUnit& unit : units) {
+        VEUpdateCompressedData(handle, unit.bytes.data(), static_cast<int>(unit.bytes.size()));
+    }
+    VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
+    VEDestroyRenderer(handle);
+    glDeleteTextures(1, &texture);
+}
+
+TEST_F(Decoder, LivesOfTwoThreadsInBothWays) {
+    constexpr int kLives = 500;  // Of each thread.
+    units_.resize(5);
+    const auto live = [this] {
+        {
+            const OffscreenContext context;
+            for (int life = 0; life < kLives; ++life) {
+                Live(life % 2 == 0, units_, life % 10 == 0);
+            }
+            EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
+        }
+        Machine()->DetachCurrentThread();
+    };
+    std::thread one(live);
+    std::thread other(live);
+    one.join();
+    other.join();
+}
+
+}  // namespace
