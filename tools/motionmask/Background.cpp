@@ -12,7 +12,7 @@ constexpr size_t kMostSamples = 32;
 
 using Samples = std::vector<std::vector<uint8_t>>;
 
-/// Leaves every other sample.
+/// Keeps every other sample.
 void Thin(Samples& samples) {
     for (size_t i = 0; 2 * i < samples.size(); ++i) {
         samples[i].swap(samples[2 * i]);
@@ -20,8 +20,8 @@ void Thin(Samples& samples) {
     samples.resize((samples.size() + 1) / 2);
 }
 
-/// Frames at even distances over the whole video, whose length need not be known: whenever there
-/// are too many, the distance doubles.
+/// Frames at equal distances over the whole video. Its length need not be known: when there are too
+/// many samples, the distance doubles.
 Samples SampleFrames(VideoReader& reader) {
     const AVFrame* frame = &reader.First();
     FrameConverter converter(SizeOr({}, *frame), AV_PIX_FMT_RGB24);

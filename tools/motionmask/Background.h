@@ -4,6 +4,6 @@
 #include <string>
 #include <vector>
 
-/// What stands still in a video: the median of each byte of its frames, sampled over its length.
+/// What stands still in a video: for each byte the median of frames from all over the video.
 /// Frames are RGB, of the size of the first. \throws ToolError
 std::vector<uint8_t> FindBackground(const std::string& path);

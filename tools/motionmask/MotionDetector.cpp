@@ -6,9 +6,9 @@
 
 namespace {
 
-constexpr int kDifference = 28;  ///< Of a channel, averaged over the neighbourhood.
-constexpr int kMajority = 127;   ///< Of 255, the part of marked pixels.
-constexpr int kAnyNearby = 12;   ///< Likewise: grows what is marked.
+constexpr int kDifference = 28;  ///< Of a channel, averaged over the neighborhood.
+constexpr int kMajority = 127;   ///< Of 255, the share of marked pixels.
+constexpr int kAnyNearby = 12;   ///< As above. Low, so that marked areas grow.
 constexpr uint8_t kMarked = 255;
 
 size_t Area(Size size) {
@@ -44,8 +44,8 @@ void MotionDetector::MarkDifferences(const uint8_t* rgb) {
     }
 }
 
-/// Marks the pixels whose neighbourhood has a mean above \p threshold. A table of sums over all
-/// rectangles from the first pixel on makes it independent of the radius.
+/// Marks the pixels whose neighborhood has a mean above \p threshold. With a table of the sums of
+/// all rectangles from the first pixel on, the radius does not matter for the time.
 void MotionDetector::Smooth(int radius, int threshold) {
     const auto pitch = static_cast<size_t>(size_.width) + 1;
     for (size_t i = 0, row = 0; row < static_cast<size_t>(size_.height); ++row) {

@@ -28,7 +28,7 @@ EGLDisplay OpenDisplay() {
 }
 
 EGLContext CreateContext(EGLDisplay display) {
-    // Contexts that never meet a surface need no configuration (EGL_KHR_no_config_context).
+    // Contexts without surfaces need no configuration (EGL_KHR_no_config_context).
     static constexpr EGLint kAttributes[] = {EGL_CONTEXT_MAJOR_VERSION, 3, EGL_NONE};
     eglBindAPI(EGL_OPENGL_ES_API);
     EGLContext context = eglCreateContext(display, EGL_NO_CONFIG_KHR, EGL_NO_CONTEXT, kAttributes);
@@ -49,7 +49,7 @@ OffscreenContext::OffscreenContext() : display_(OpenDisplay()) {
 }
 
 OffscreenContext::~OffscreenContext() {
-    // The display stays: it is the process's, and other contexts may still use it.
+    // The display stays, since the whole process shares it.
     eglMakeCurrent(display_, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
     eglDestroyContext(display_, context_);
 }

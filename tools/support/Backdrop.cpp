@@ -14,7 +14,7 @@ uint8_t Mix(int over, int under, int alpha) {
 }  // namespace
 
 Rgb Backdrop::At(int x, int y) const {
-    return colour_.value_or((x / kSquare + y / kSquare) % 2 == 0 ? kLight : kDark);
+    return color_.value_or((x / kSquare + y / kSquare) % 2 == 0 ? kLight : kDark);
 }
 
 void Backdrop::Flatten(const Image& image, uint8_t* rgb) const {

@@ -8,12 +8,12 @@
 
 using Rgb = std::array<uint8_t, 3>;
 
-/// What shows through the transparent parts of a picture: one colour, or a gray checkerboard.
+/// What shows through the transparent parts of a picture: one color, or a gray checkerboard.
 class Backdrop {
 public:
     /// The checkerboard.
     Backdrop() = default;
-    explicit Backdrop(Rgb colour) : colour_(colour) {}
+    explicit Backdrop(Rgb color) : color_(color) {}
 
     /// Lays \p image, whose alpha is not premultiplied, over the backdrop. \p rgb has room for
     /// three bytes for each pixel.
@@ -22,5 +22,5 @@ public:
 private:
     Rgb At(int x, int y) const;
 
-    std::optional<Rgb> colour_;
+    std::optional<Rgb> color_;
 };

@@ -89,10 +89,10 @@ const Glyph& GlyphOf(char character) {
     return kGlyphs.at(static_cast<size_t>((known ? capital : '?') - kFirst));
 }
 
-void FillSquare(Image& image, int left, int top, int side, const Rgb& colour) {
+void FillSquare(Image& image, int left, int top, int side, const Rgb& color) {
     for (int y = std::max(top, 0); y < std::min(top + side, image.size.height); ++y) {
         for (int x = std::max(left, 0); x < std::min(left + side, image.size.width); ++x) {
-            std::copy(colour.begin(), colour.end(), image.At(x, y));
+            std::copy(color.begin(), color.end(), image.At(x, y));
         }
     }
 }
@@ -108,14 +108,14 @@ int TextHeight(int scale) {
 }
 
 void DrawText(Image& image, int left, int top, const std::string& text, int scale,
-              const Rgb& colour) {
+              const Rgb& color) {
     for (const char character : text) {
         const Glyph& glyph = GlyphOf(character);
         for (int i = 0; i < kRows * kColumns; ++i) {
             const int row = i / kColumns;
             const int column = i % kColumns;
             if ((glyph.at(static_cast<size_t>(row)) >> (kColumns - 1 - column) & 1) != 0) {
-                FillSquare(image, left + column * scale, top + row * scale, scale, colour);
+                FillSquare(image, left + column * scale, top + row * scale, scale, color);
             }
         }
         left += (kColumns + 1) * scale;

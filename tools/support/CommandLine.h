@@ -7,7 +7,7 @@
 
 #include "support/Image.h"
 
-/// Help with the names and the forms of the options, without their rules.
+/// Help that shows the names of the options and the forms of their values, not their rules.
 class PlainHelp : public CLI::Formatter {
 public:
     PlainHelp() { column_width(30); }

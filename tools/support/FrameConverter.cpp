@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Rows are written in vector registers, the last one somewhat beyond its end.
+/// The scaler writes whole vector registers, also past the end of the last row.
 constexpr size_t kOverrun = 64;
 
 }  // namespace

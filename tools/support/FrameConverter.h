@@ -6,17 +6,17 @@
 #include "support/Image.h"
 #include "support/Libav.h"
 
-/// \p size, or where that is zero the frame's own.
+/// \p size, or the size of the frame if that is zero.
 Size SizeOr(Size size, const AVFrame& frame);
 
-/// Scales decoded frames of any format to tightly packed RGB or RGBA of one size, with the colours
-/// that the frame's own tags mean.
+/// Scales decoded frames of any format to tightly packed RGB or RGBA of one size, in the colors
+/// that the tags of the frame mean.
 class FrameConverter {
 public:
     /// \param format AV_PIX_FMT_RGB24 or AV_PIX_FMT_RGBA
     FrameConverter(Size size, AVPixelFormat format);
 
-    /// The converted frame, valid and free to change until the next call.
+    /// The converted frame, valid until the next call. The caller may change it.
     uint8_t* Convert(const AVFrame& frame);
 
     /// Bytes of a converted frame.

@@ -22,8 +22,8 @@ using LibavPtr = std::unique_ptr<T, LibavDeleter>;
 /// libav's text for an error code.
 std::string LibavMessage(int code);
 
-/// The colour matrix of video that does not name its own: BT.709 from HD sizes on, else BT.601.
+/// The color matrix of video that does not name one: BT.709 from HD sizes on, else BT.601.
 AVColorSpace UsualColorSpace(int width, int height);
 
-/// Whether pictures of this format and tag use all values; some formats say so by their name alone.
+/// Whether pictures of this format and tag use all values; some formats say so only by their name.
 bool HasFullRange(int format, AVColorRange range);

@@ -1,9 +1,27 @@
 #include "support/OutputFile.h"
 
 #include <cerrno>
+#include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "support/ToolError.h"
+
+PendingFile::PendingFile(std::string target)
+    : target_(std::move(target)), path_(target_ + ".part") {}
+
+PendingFile::~PendingFile() {
+    std::error_code ignored;
+    std::filesystem::remove(path_, ignored);
+}
+
+void PendingFile::Commit() {
+    std::error_code error;
+    std::filesystem::rename(path_, target_, error);
+    if (error) {
+        throw ToolError(target_ + ": " + error.message());
+    }
+}
 
 OutputFile::OutputFile(const std::string& path)
     : path_(path), pending_(path), file_(std::fopen(pending_.Path().c_str(), "wb")) {

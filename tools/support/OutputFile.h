@@ -5,13 +5,30 @@
 #include <memory>
 #include <string>
 
-#include "support/PendingFile.h"
+/// A file that others write as "<name>.part". It gets its name once it is whole.
+class PendingFile {
+public:
+    explicit PendingFile(std::string target);
+    /// Removes what was written, unless it was committed.
+    ~PendingFile();
+    PendingFile(const PendingFile&) = delete;
+    PendingFile& operator=(const PendingFile&) = delete;
 
-/// A file that is written from memory. It takes its name once it is whole; after a failure there is
-/// none.
+    /// Where to write.
+    const std::string& Path() const { return path_; }
+
+    /// \throws ToolError
+    void Commit();
+
+private:
+    std::string target_;
+    std::string path_;
+};
+
+/// A file that is written from memory. It gets its name once it is whole; a failure leaves no file.
 class OutputFile {
 public:
-    /// Makes sure that it can be written. \throws ToolError
+    /// Opens it for writing. \throws ToolError
     explicit OutputFile(const std::string& path);
 
     /// \throws ToolError

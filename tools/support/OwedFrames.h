@@ -5,11 +5,11 @@
 
 #include "support/Libav.h"
 
-/// Finds frames that a decoder drops without an error, in streams where each packet holds one
-/// frame: a packet whose time never comes back with a frame is owed one.
+/// Finds frames that a decoder drops without an error, in streams in which each packet holds one
+/// frame. A frame is owed if the time of its packet never comes out with a frame.
 class OwedFrames {
 public:
-    /// Other codecs have packets that are not meant to be shown; nothing is owed there.
+    /// Counts only for codecs of which each packet gives a frame to show.
     explicit OwedFrames(AVCodecID codec);
 
     void Send(const AVPacket& packet);

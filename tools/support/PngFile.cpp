@@ -9,7 +9,7 @@
 
 namespace {
 
-/// libpng's record of one picture, freed also when reading stops half way.
+/// libpng's record of one picture, freed also when reading fails.
 struct PngRecord {
     PngRecord() { record.version = PNG_IMAGE_VERSION; }
     ~PngRecord() { png_image_free(&record); }

@@ -8,11 +8,11 @@
 /// \throws ToolError
 Image ReadPng(const std::string& path);
 
-/// Reads a PNG file that lies in memory. \throws ToolError
+/// Reads a PNG file from memory. \throws ToolError
 Image DecodePng(const uint8_t* data, size_t size);
 
-/// Writes a picture with its alpha. A file that fails leaves nothing behind. \throws ToolError
+/// Writes a picture with its alpha. A failed call leaves no file. \throws ToolError
 void WritePng(const std::string& path, const Image& image);
 
-/// Writes a picture of one byte a pixel, 0 black. \throws ToolError
+/// Writes a picture of one byte per pixel, 0 for black. \throws ToolError
 void WriteGrayPng(const std::string& path, Size size, const uint8_t* pixels);

@@ -6,5 +6,5 @@
 enum ExitStatus { kExitDone = 0, kExitBroken = 1, kExitBadInput = 2, kExitInterrupted = 130 };
 
 /// Runs a tool: an error that \p body throws becomes the one line "<name>: …" on stderr and the
-/// status kExitBadInput. libav keeps quiet.
+/// status kExitBadInput. libav prints nothing.
 int RunTool(const char* name, const std::function<int()>& body);

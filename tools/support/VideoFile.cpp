@@ -23,7 +23,7 @@ VideoFile::VideoFile(std::string path, double startSeconds)
 
 void VideoFile::Open() {
     AVDictionary* options = nullptr;
-    // Where a numbered sequence may begin.
+    // The highest number that a numbered sequence may begin with.
     av_dict_set(&options, "start_number_range", "100000", 0);
     AVFormatContext* input = nullptr;
     int result = avformat_open_input(&input, path_.c_str(), nullptr, &options);
@@ -57,8 +57,8 @@ std::vector<std::string> VideoFile::AudioCodecs() const {
     return codecs;
 }
 
-/// Goes to the last key frame before the start. Where that fails, the file is read from its
-/// beginning, to the same effect.
+/// Goes to the last key frame before the start. If that fails, the file is read from its beginning;
+/// either way the caller drops the frames before the start.
 void VideoFile::Seek() {
     const double ticks = startSeconds_ / av_q2d(stream_->time_base);
     constexpr double kFarthest = 1e15;
@@ -131,7 +131,7 @@ void VideoFile::Note(const AVPacket& packet) {
     }
 }
 
-/// How many frames fit between the last packet and the end that the file promises.
+/// How many frames fit between the last packet and the end that the file announces.
 int64_t VideoFile::MissingTime() const {
     if (stream_->duration == AV_NOPTS_VALUE ||
         input_->duration_estimation_method == AVFMT_DURATION_FROM_BITRATE) {
@@ -142,7 +142,7 @@ int64_t VideoFile::MissingTime() const {
     return std::max<int64_t>(0, std::llround(frames));
 }
 
-/// How many frames a file that is known to break off does not hold.
+/// How many frames are missing from a file that is known to break off.
 int64_t VideoFile::MissingFrames() const {
     const bool counted = startSeconds_ <= 0.0 && stream_->nb_frames > packets_;
     return counted ? stream_->nb_frames - packets_ : MissingTime();
@@ -150,7 +150,7 @@ int64_t VideoFile::MissingFrames() const {
 
 /// Counts what is missing if the file breaks off.
 void VideoFile::End(int readResult) {
-    // Packets may be left out where the picture stands still, also at the end, but hardly for long.
+    // A file may leave out packets while the picture stands still, but not for long.
     const bool endsEarly = static_cast<double>(MissingTime()) > av_q2d(FrameRate());
     if (readResult != AVERROR_EOF) {
         missing_ = std::max<int64_t>(1, MissingFrames());

@@ -10,12 +10,12 @@
 /// The packets of the video in a file, of a single picture or of a numbered sequence of pictures.
 class VideoFile {
 public:
-    /// \param startSeconds what is decoded from the packets before this time is to be left out;
-    ///        they begin with the last key frame before it
+    /// \param startSeconds The packets begin with the last key frame before this time. The caller
+    ///        drops the frames before it.
     /// \throws ToolError
     explicit VideoFile(std::string path, double startSeconds = 0.0);
 
-    /// The next packet, valid until the next call; null at the end, or where the file breaks off.
+    /// The next packet, valid until the next call; null at the end, or if the file breaks off.
     AVPacket* Next();
 
     const std::string& Path() const { return path_; }
@@ -27,13 +27,13 @@ public:
     std::vector<std::string> AudioCodecs() const;
     AVRational FrameRate() const;
 
-    /// What to tell the user if no picture of it can be had.
+    /// The message for a file of which no frame can be decoded.
     std::string NoPicture() const;
 
-    /// How many frames there should be from the start on; 0 when the file does not tell.
+    /// How many frames there should be from the start on; 0 if the file does not say.
     int64_t ExpectedFrames() const;
 
-    /// Frames missing where the file breaks off; known after the last packet.
+    /// Frames that are missing because the file breaks off; known after the last packet.
     int64_t Missing() const { return missing_; }
 
     /// Whether a time, in the stream's units, lies before the start. Not if it is unknown.

@@ -13,7 +13,7 @@ VideoReader::VideoReader(VideoFile file) : file_(std::move(file)) {
     OpenDecoder();
 }
 
-/// The usual decoders of VP8 and VP9 leave the alpha out.
+/// The default decoders of VP8 and VP9 drop the alpha.
 const AVCodec* VideoReader::FindDecoder() const {
     const AVCodecID id = file_.Codec().codec_id;
     const AVCodec* decoder = nullptr;
@@ -53,7 +53,7 @@ const AVFrame& VideoReader::First() {
 
 const AVFrame* VideoReader::Next() {
     while (Decode()) {
-        // Time stamps need not be in order; what is shown stays in one piece.
+        // Time stamps need not be in order: after the first frame shown, none is left out.
         if (!started_ && file_.IsBeforeStart(TimeOf(*frame_))) {
             failed_ = 0;
             continue;
@@ -101,7 +101,7 @@ void VideoReader::Feed() {
         return;
     }
     owed_->Send(*packet);
-    // Travels with the packet and comes out with its frame.
+    // libavcodec passes it from the packet to its frame.
     decoder_->reordered_opaque = (packet->flags & AV_PKT_FLAG_CORRUPT) != 0 ? 1 : 0;
     if (avcodec_send_packet(decoder_.get(), packet) < 0) {
         ++failed_;

@@ -6,8 +6,8 @@
 #include "support/OwedFrames.h"
 #include "support/VideoFile.h"
 
-/// When a frame is shown, in its stream's units, or AV_NOPTS_VALUE: what the file says, and only
-/// where it says nothing what the decoder guesses.
+/// When a frame is shown, in its stream's units, or AV_NOPTS_VALUE. The decoder guesses it if the
+/// file does not say.
 int64_t TimeOf(const AVFrame& frame);
 
 /// Decodes the pictures of a video, of a single picture or of a numbered sequence of pictures, in
@@ -18,13 +18,13 @@ public:
     /// \throws ToolError
     explicit VideoReader(std::string path, double startSeconds = 0.0)
         : VideoReader(VideoFile(std::move(path), startSeconds)) {}
-    /// \param file of which nothing was read yet
+    /// \param file nothing was read from it yet
     explicit VideoReader(VideoFile file);
 
-    /// The next frame, valid until the next call; null at the end, or where the file breaks off.
+    /// The next frame, valid until the next call; null at the end, or if the file breaks off.
     const AVFrame* Next();
 
-    /// As Next, but for the first frame. \throws ToolError when there is none
+    /// As Next(), for the first frame. \throws ToolError if there is none
     const AVFrame& First();
 
     const VideoFile& File() const { return file_; }

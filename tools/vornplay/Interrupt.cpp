@@ -14,7 +14,7 @@ extern "C" void NoteInterrupt(int /*signal*/) {
 
 void Catch(int signal) {
     struct sigaction action {};
-    // Whoever started the program may have it go on regardless.
+    // The program may have been started to ignore the signal.
     if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN) {
         return;
     }

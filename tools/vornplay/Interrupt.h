@@ -1,6 +1,6 @@
 #pragma once
 
-/// Makes Ctrl-C and requests to terminate a wish to stop, which Interrupted tells. The second one
+/// From now on the first Ctrl-C or request to terminate makes Interrupted() true; the second one
 /// ends the program at once.
 void CatchInterrupts();
 

@@ -29,8 +29,8 @@ std::string ReadText(const std::string& path) {
     throw ToolError(path + ":" + std::to_string(line) + ": " + what);
 }
 
-/// Follows the parser through the text, and notes the line of each value. A key that comes twice,
-/// of which the parser would keep one, is an error.
+/// Notes the line of each value while the parser reads the text. A key that comes twice is an
+/// error; without this the parser would keep one of the two.
 class LineRecorder : public nlohmann::json_sax<json> {
 public:
     LineRecorder(std::string path, const std::string& text)
@@ -66,7 +66,7 @@ public:
 
     bool parse_error(std::size_t position, const std::string& /*token*/,
                      const json::exception& error) override {
-        // Behind the library's own "[…] parse error at line 1, column 2: ".
+        // After the library's "[…] parse error at line 1, column 2: ".
         const std::string what = error.what();
         const size_t colon = what.find(": ");
         const size_t head = what.find("] ");
@@ -90,7 +90,7 @@ private:
         return 1 + static_cast<int>(std::count(text_.begin(), end, '\n'));
     }
 
-    /// The line of the token that was read last. Of numbers the parser has read one byte more.
+    /// The line of the token that was read last. After a number the parser has read one more byte.
     int Line() {
         const auto read = stream_.rdbuf()->pubseekoff(0, std::ios::cur, std::ios::in);
         return LineAt(read < 0 ? text_.size() : static_cast<size_t>(read));

@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-/// A JSON file that knows where in the text its values stand.
+/// A JSON file that knows the line of each of its values.
 class JsonFile {
 public:
     using Pointer = nlohmann::json::json_pointer;
@@ -21,5 +21,5 @@ public:
 private:
     std::string path_;
     nlohmann::json root_;
-    std::map<std::string, int> lines_;  ///< By pointer.
+    std::map<std::string, int> lines_;  ///< By the pointer to the value.
 };

@@ -1,4 +1,4 @@
-// The log of the renderer: the definitions here stand in front of the system's log library.
+// Defines the functions of the system's log library, so that the renderer's log comes here.
 
 #include "LogSink.h"
 
@@ -15,7 +15,7 @@ namespace {
 
 std::atomic<bool> shown{false};
 
-/// Messages bring line ends of their own, or none.
+/// Some messages have line ends, some have none.
 std::string Trimmed(const std::string& text) {
     const size_t first = text.find_first_not_of(" \n");
     const size_t last = text.find_last_not_of(" \n");

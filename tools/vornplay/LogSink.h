@@ -1,4 +1,4 @@
 #pragma once
 
-/// Whether the renderer's log lines go to stderr (they do not at first).
+/// Sets whether the renderer's log goes to stderr. At first it goes nowhere.
 void ShowLog(bool show);

@@ -15,7 +15,7 @@ bool IsTransparent(uint32_t paletteEntry) {
     return paletteEntry >> 24 != 255;
 }
 
-/// A palette has alpha only if it makes use of it.
+/// Every palette has room for alpha. It counts only if an entry is not opaque.
 bool HasAlpha(const AVFrame& frame) {
     constexpr int kPaletteSize = 256;
     if (frame.format == AV_PIX_FMT_PAL8) {
@@ -32,7 +32,7 @@ uint8_t Luma(const uint8_t* pixel) {
     return static_cast<uint8_t>((77 * pixel[0] + 150 * pixel[1] + 29 * pixel[2] + 128) >> 8);
 }
 
-/// Transparent: the black key. Else not black, which would be a key too.
+/// Makes transparent pixels black, which keys the picture out, and other black pixels almost black.
 void KeyByAlpha(uint8_t* pixel) {
     const bool black = pixel[0] == 0 && pixel[1] == 0 && pixel[2] == 0;
     if (pixel[3] == 0 || black) {
@@ -52,7 +52,8 @@ void DropAlpha(uint8_t* pixels, size_t count) {
     }
 }
 
-/// At the last frame where there are not as many; at the first where nobody knows.
+/// Opens a file at a frame: at the last one if it has fewer, at the first if its length is not
+/// known.
 VideoReader OpenAt(const std::string& path, int64_t frame) {
     VideoFile file(path);
     const int64_t last = file.ExpectedFrames() - 1;

@@ -6,14 +6,14 @@
 #include "support/FrameConverter.h"
 #include "support/VideoReader.h"
 
-/// The frames of a mask, as the renderer takes them: black where the picture is keyed out, and
-/// otherwise of the alpha that the result shall have.
+/// The masks of a run, read from a file, as the renderer takes them: black pixels key the picture
+/// out; elsewhere the alpha of the mask becomes the alpha of the result.
 ///
-/// Made of the alpha of the file's pictures, or of their brightness where they have none. The last
-/// frame is held.
+/// They are made from the alpha of the file's pictures, or from their brightness if they have no
+/// alpha. The last mask is repeated.
 class Mask {
 public:
-    /// \param size  zero for the file's own
+    /// \param size  zero: the file's
     /// \param first the number of the frame to begin with
     /// \throws ToolError
     Mask(const std::string& path, Size size, bool rgb, int64_t first = 0);

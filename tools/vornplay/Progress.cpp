@@ -15,7 +15,7 @@ constexpr std::chrono::milliseconds kTerminalPause(100);
 constexpr std::chrono::seconds kLogPause(5);
 constexpr char kEraseLine[] = "\r\033[K";
 
-/// How many characters a line of the terminal takes without breaking.
+/// How many characters fit on a line of the terminal.
 size_t TerminalWidth() {
     constexpr size_t kUsual = 80;
     winsize window{};
@@ -23,7 +23,7 @@ size_t TerminalWidth() {
     return (known ? window.ws_col : kUsual) - 1;
 }
 
-/// "1:02:03", or "2:03" where that will do.
+/// "1:02:03", or "2:03" below an hour.
 std::string ClockTime(double seconds) {
     constexpr int64_t kSixty = 60;
     const auto whole = static_cast<int64_t>(std::ceil(seconds));
@@ -64,7 +64,7 @@ void Progress::Show(int64_t frames) {
     }
 }
 
-/// Empty where the end is not known.
+/// Empty if the end is not known.
 std::string Progress::Bar(int64_t frames) const {
     constexpr int64_t kLength = 24;
     if (total_ <= 0) {

@@ -4,13 +4,13 @@
 #include <cstdint>
 #include <string>
 
-/// Tells on stderr how far the work is: a bar rewritten in place on a terminal, else a line now and
-/// then.
+/// Shows progress on stderr: on a terminal a bar that is updated in place, else a line every few
+/// seconds.
 class Progress {
 public:
     /// \param total frames to expect, 0 if not known
     Progress(bool quiet, int64_t total);
-    /// Takes the bar off the terminal.
+    /// Removes the bar from the terminal.
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;

@@ -15,7 +15,7 @@ using Pointer = JsonFile::Pointer;
 
 constexpr double kFarthest = 1e6;
 
-/// One value of the file, and where it stands.
+/// One value of the file, and its place in the file.
 class Value {
 public:
     Value(const JsonFile& file, Pointer where) : file_(file), where_(std::move(where)) {}
@@ -153,7 +153,7 @@ std::vector<Keyframe> ReadKeyframes(const Value& value, bool hasSticker) {
     return keyframes;
 }
 
-/// Beside the script, unless it is said otherwise.
+/// Relative names begin at the directory of the script.
 std::string Resolve(const std::string& script, const std::string& name) {
     return (std::filesystem::path(script).parent_path() / name).string();
 }

@@ -13,6 +13,6 @@ struct Script {
     bool NamesView() const;
 };
 
-/// \param hasSticker there is a picture for stickers already
-/// \throws ToolError that names the line, also for what has no meaning
+/// \param hasSticker the options name a picture for stickers
+/// \throws ToolError that names the line; keys without a meaning are errors, too
 Script ReadScript(const std::string& path, bool hasSticker);

@@ -3,7 +3,7 @@
 #include "support/ToolError.h"
 
 UnitReader::UnitReader(VideoFile& file) : file_(file) {
-    // Leaves alone what has start codes already.
+    // The filter does not change units that have start codes.
     const bool h264 = file.Codec().codec_id == AV_CODEC_ID_H264;
     const AVBitStreamFilter* type = av_bsf_get_by_name(h264 ? "h264_mp4toannexb" : "null");
     AVBSFContext* filter = nullptr;
@@ -29,7 +29,7 @@ AVPacket* UnitReader::Next() {
     }
     const int64_t pts = packet->pts;
     const int64_t dts = packet->dts;
-    // Both filters give one unit a packet.
+    // Both filters give one unit per packet.
     if (av_bsf_send_packet(filter_.get(), packet) < 0 ||
         av_bsf_receive_packet(filter_.get(), unit_.get()) < 0) {
         av_packet_unref(unit_.get());

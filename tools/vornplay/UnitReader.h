@@ -9,15 +9,15 @@ extern "C" {
 
 #include <memory>
 
-/// The access units of a file, as platform decoders take them: H.264 with start codes, and with the
-/// parameter sets in front of key frames; JPEG pictures as they are.
+/// Reads the access units of a file in the form that platform decoders take: H.264 with start
+/// codes, and with parameter sets before key frames; JPEG pictures unchanged.
 class UnitReader {
 public:
     /// \throws ToolError
     explicit UnitReader(VideoFile& file);
 
-    /// The next unit, valid until the next call; of no bytes where the packet is no valid unit.
-    /// Null at the end.
+    /// The next unit, valid until the next call; empty if the packet is not a valid unit. Null at
+    /// the end.
     AVPacket* Next();
 
 private:

@@ -17,9 +17,9 @@ extern "C" {
 
 namespace {
 
-/// A software GL takes the pixel buffers that the renderer orphans for each frame from malloc,
-/// which would map blocks of that size anew each time, page fault by page fault. Here they come
-/// from the heap, and it keeps them.
+/// For each frame the renderer discards a pixel buffer and gets a new one. A software GL allocates
+/// it with malloc, which by default maps such large blocks each time and pays for it in page
+/// faults. These settings take them from the heap, which keeps them.
 void KeepLargeBlocks() {
     constexpr int kKept = 1 << 30;
     mallopt(M_MMAP_MAX, 0);
@@ -27,7 +27,7 @@ void KeepLargeBlocks() {
 }
 
 int Play(const Options& options) {
-    CatchInterrupts();  // The window library has a way of its own.
+    CatchInterrupts();  // With a window, SDL catches them.
     try {
         return Player(options).Play();
     } catch (const std::exception& error) {
@@ -54,7 +54,7 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     KeepLargeBlocks();
-    // A file that grows too large is an error like any other.
+    // Writing beyond a limit on file sizes is then an error like others.
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     return RunTool("vornplay", [argc, argv] { return Run(argc, argv); });
 }

@@ -20,7 +20,7 @@ def in_ellipse(x, y, cx, cy, rx, ry, turn=0.0):
     return (u / rx) ** 2 + (v / ry) ** 2 <= 1.0
 
 
-def colour_at(x, y):
+def color_at(x, y):
     if min(x, y, SIDE - x, SIDE - y) < 5:
         return RIM
     if in_ellipse(x, y, 27, 29, 27, 6.5, -0.62) or (
@@ -37,8 +37,8 @@ def colour_at(x, y):
 
 def pixel_at(column, row):
     offsets = [(i + 0.5) / SAMPLES for i in range(SAMPLES)]
-    colours = [colour_at(column + dx, row + dy) for dy in offsets for dx in offsets]
-    return bytes(round(sum(c[i] for c in colours) / len(colours)) for i in range(3)) + b"\xff"
+    colors = [color_at(column + dx, row + dy) for dy in offsets for dx in offsets]
+    return bytes(round(sum(c[i] for c in colors) / len(colors)) for i in range(3)) + b"\xff"
 
 
 def chunk(name, data):

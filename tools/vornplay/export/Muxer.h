@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "support/Libav.h"
-#include "support/PendingFile.h"
+#include "support/OutputFile.h"
 
 using LibavOptions = std::vector<std::pair<const char*, const char*>>;
 

@@ -10,12 +10,12 @@ constexpr double kFarthestDistance = 20.0;
 constexpr double kNearestDistance = 0.2;
 constexpr double kZoomStep = 1.1;
 
-/// Beyond the picture, which is then seen from behind, it is negative.
+/// From the picture to the camera; negative behind the picture.
 double Distance(const View& view) {
     return 3.0 - view.zoom / 2.0;
 }
 
-/// The size of the square against the frame, across; negative from behind, where left is right.
+/// The picture's width relative to the frame's; negative from behind, since left is right there.
 double ScaleAcross(const View& view) {
     return 1.0 / (std::tan(kHalfFieldOfView) * Distance(view));
 }
@@ -34,14 +34,14 @@ Point PointSeenAt(const View& view, const Point& place, Size output) {
 }
 
 std::pair<int, int> StickerAt(const View& view, const Point& place, Size output) {
-    // A sticker's centre is this much before its position, in units of half of the height.
+    // A sticker's center is this far above its position, in units of half the height.
     constexpr double kOffset = 0.3;
     const Point seen = PointSeenAt(view, place, output);
     const int halfWidth = output.width / 2;
     const int halfHeight = output.height / 2;
     const long x = std::lround(halfWidth + seen.x * halfWidth);
     const long y = std::lround(halfHeight + (seen.y + kOffset) * halfHeight);
-    // This pair alone is no position.
+    // This pair hides the sticker.
     const bool hidden = x == -1 && y == -1;
     return {static_cast<int>(x), hidden ? 0 : static_cast<int>(y)};
 }

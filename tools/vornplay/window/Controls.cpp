@@ -1,19 +1,46 @@
 #include "window/Controls.h"
 
 #include <cstdlib>
+#include <filesystem>
+#include <iomanip>
 #include <iostream>
+#include <sstream>
 
+#include "support/PngFile.h"
 #include "support/ToolError.h"
 #include "window/Camera.h"
-#include "window/Snapshot.h"
 #include "window/Texts.h"
 
 namespace {
 
 constexpr double kSeekSeconds = 5.0;
-/// How far a pointer may go in a click, and up or down in a drag.
+/// How far the pointer may move in a click, and up or down in a drag.
 constexpr int kClickDistance = 4;
 constexpr int kStraightDistance = 24;
+
+/// "clip-12.480s", or "frame-12.480s" for a numbered sequence.
+std::string NameOf(const Stage& stage) {
+    std::string stem = std::filesystem::path(stage.GetOptions().input).stem().string();
+    if (stem.empty() || stem.find('%') != std::string::npos) {
+        stem = "frame";
+    }
+    std::ostringstream name;
+    name << stem << '-' << std::fixed << std::setprecision(3) << stage.Seconds() << 's';
+    return name.str();
+}
+
+/// Saves the current frame, with its alpha, as a new PNG file in the current directory.
+/// \return its name
+std::string SaveFrame(Stage& stage) {
+    const std::string name = NameOf(stage);
+    std::string path = name + ".png";
+    for (int number = 2; std::filesystem::exists(path); ++number) {
+        path = name + "-" + std::to_string(number) + ".png";
+    }
+    stage.Draw();  // The shot may have changed since the last draw.
+    WritePng(path, stage.ReadBack());
+    return path;
+}
 
 }  // namespace
 
@@ -29,7 +56,7 @@ void Controls::Handle(const SDL_Event& event) {
     }
 }
 
-/// Keys that are held down go on moving through the clip, and do nothing else again.
+/// A key that is held down repeats only if it moves through the clip.
 void Controls::HandleKey(const SDL_KeyboardEvent& key) {
     switch (key.keysym.sym) {
         case SDLK_LEFT: SeekBy(-kSeekSeconds); break;

@@ -18,7 +18,7 @@ public:
     bool Quits() const { return quits_; }
 
 private:
-    /// What a press of the left button has become.
+    /// The left button, and what the pointer did since it went down.
     struct Press {
         bool down = false;
         bool drags = false;

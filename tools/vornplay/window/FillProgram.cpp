@@ -20,7 +20,7 @@ void AttachShader(GLuint program, GLenum type, const char* text) {
     glShaderSource(shader, 1, &text, nullptr);
     glCompileShader(shader);
     glAttachShader(program, shader);
-    glDeleteShader(shader);  // With the program.
+    glDeleteShader(shader);  // When the program is.
 }
 
 }  // namespace

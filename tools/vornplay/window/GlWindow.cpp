@@ -27,15 +27,15 @@ Size StartSize(Size picture) {
             std::max(1, static_cast<int>(picture.height * scale))};
 }
 
-/// SDL stays until the process ends, and with it the EGL display, which is the process's.
+/// SDL stays until the process ends, since the whole process shares its EGL display.
 void StartVideo() {
-    // Wayland tells how dense the screen is. Where there is none, its library need not complain.
+    // Wayland reports the density of the screen. Without it, its library would print complaints.
     const bool wayland = std::getenv("WAYLAND_DISPLAY") != nullptr;
     SDL_SetHint(SDL_HINT_VIDEODRIVER, wayland ? "wayland,x11" : "x11");
-    // GLX, which X11 would get otherwise, has no images to share with the decoder.
+    // On X11, SDL would take GLX, which cannot share images with the decoder.
     SDL_SetHint(SDL_HINT_VIDEO_X11_FORCE_EGL, "1");
     SDL_SetHint(SDL_HINT_OPENGL_ES_DRIVER, "1");
-    // Else the first click is lost, even where the window has long been in front.
+    // Otherwise the first click only focuses the window, even if it is in front.
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
     if (SDL_Init(SDL_INIT_VIDEO) != 0) {
@@ -46,7 +46,7 @@ void StartVideo() {
     SDL_GL_SetAttribute(SDL_GL_CONTEXT_PROFILE_MASK, SDL_GL_CONTEXT_PROFILE_ES);
     SDL_GL_SetAttribute(SDL_GL_CONTEXT_MAJOR_VERSION, 3);
     SDL_GL_SetAttribute(SDL_GL_CONTEXT_MINOR_VERSION, 0);
-    SDL_GL_LoadLibrary(nullptr);  // Not to be unloaded with the window.
+    SDL_GL_LoadLibrary(nullptr);  // Stays loaded without the window.
 }
 
 }  // namespace
@@ -64,8 +64,8 @@ GlWindow::GlWindow(const std::string& title, Size picture) {
     if (context_ == nullptr) {
         Fail("no OpenGL ES 3 in the window");
     }
-    // A Wayland compositor never shows halves of frames. SDL, told to wait for one, may wait for
-    // ever when it ends.
+    // A Wayland compositor shows whole frames only, so there is no need to wait. SDL could wait
+    // forever when the compositor ends.
     const bool waits = std::strcmp(SDL_GetCurrentVideoDriver(), "wayland") != 0;
     SDL_GL_SetSwapInterval(waits ? 1 : 0);
 }

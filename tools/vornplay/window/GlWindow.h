@@ -10,7 +10,7 @@
 /// A window with an OpenGL ES 3 context by EGL, current on the thread that made it.
 class GlWindow {
 public:
-    /// A window for pictures of this size, smaller where the screen is. \throws ToolError
+    /// A window for pictures of this size, or smaller if the screen is. \throws ToolError
     GlWindow(const std::string& title, Size picture);
 
     void SetTitle(const std::string& title) { SDL_SetWindowTitle(window_.get(), title.c_str()); }

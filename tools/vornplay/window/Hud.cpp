@@ -8,7 +8,7 @@ namespace {
 constexpr std::chrono::seconds kLineTime(4);
 constexpr int kScale = 2;
 
-/// Letters are as large on every screen, but smaller where the window is.
+/// Letters have the same size on every screen, but are smaller in a small window.
 void SetIn(TextPanel& panel, const TextLines& lines, const Layout& layout) {
     const int wanted = static_cast<int>(std::lround(kScale * layout.Density()));
     panel.Set(lines, FittingScale(lines, wanted, layout.drawable));

@@ -6,7 +6,7 @@
 
 #include "window/TextPanel.h"
 
-/// What is written over the window: figures, the keys, and now and then a line at the bottom.
+/// Text over the window: the figures, the keys, and a line at the bottom that goes away.
 class Hud {
 public:
     using Clock = std::chrono::steady_clock;
@@ -16,10 +16,10 @@ public:
 
     /// Writes a line for some seconds.
     void Say(const std::string& line);
-    /// Until when; none if there is no line.
+    /// When the line goes away; none if there is no line.
     std::optional<Clock::time_point> SaysUntil() const { return until_; }
 
-    /// Draws into the default framebuffer what is to be seen of it.
+    /// Draws what is switched on into the default framebuffer.
     void Draw(const TextLines& figures, const TextLines& keys, const Layout& layout);
 
 private:

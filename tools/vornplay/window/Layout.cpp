@@ -20,10 +20,10 @@ Area Layout::PictureArea() const {
 }
 
 std::optional<Point> Layout::PictureAt(int pointerX, int pointerY) const {
-    constexpr double kCentre = 0.5;
+    constexpr double kCenter = 0.5;
     const Area area = PictureArea();
-    const double x = (pointerX + kCentre) * drawable.width / window.width - area.left;
-    const double y = (pointerY + kCentre) * drawable.height / window.height - area.top;
+    const double x = (pointerX + kCenter) * drawable.width / window.width - area.left;
+    const double y = (pointerY + kCenter) * drawable.height / window.height - area.top;
     if (x < 0.0 || y < 0.0 || x >= area.width || y >= area.height) {
         return std::nullopt;
     }

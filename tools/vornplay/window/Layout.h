@@ -9,7 +9,7 @@ struct Point {
     double y = 0.0;
 };
 
-/// A part of a window, in its pixels, from its first row and column on.
+/// A rectangle of a window, in pixels from the top left corner.
 struct Area {
     int left = 0;
     int top = 0;
@@ -17,21 +17,22 @@ struct Area {
     int height = 0;
 };
 
-/// The sizes that relate what is pointed at to what is drawn.
+/// The sizes that relate places of the pointer to places of the picture.
 struct Layout {
     Size window;    ///< In the units of the pointer.
     Size drawable;  ///< In pixels; more than the window's on a display of high density.
     Size picture;
 
-    /// Where the picture stands: as large as fits, in the middle.
+    /// Where the picture is: in the middle, as large as fits.
     Area PictureArea() const;
 
-    /// Which place of the picture, in its pixels, the pointer is on; nothing beside it.
+    /// The place of the picture, in its pixels, that the pointer is on; nothing if it is beside the
+    /// picture.
     std::optional<Point> PictureAt(int pointerX, int pointerY) const;
 
-    /// How far the picture goes along when the pointer moves so far, in its pixels.
+    /// A distance of the pointer, in pixels of the picture.
     double PictureDistance(double pointerDistance) const;
 
-    /// Pixels of the drawable to one of the pointer's units.
+    /// Pixels of the drawable per unit of the pointer.
     double Density() const;
 };

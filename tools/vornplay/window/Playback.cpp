@@ -5,7 +5,7 @@ bool Playback::Advance() {
     const double frame = stage_.FrameSeconds();
     for (int late = 0;; ++late) {
         if (!waiting_ && !TakeNext()) {
-            dropped_ -= late > 0 ? 1 : 0;  // The last one stays, late as it is.
+            dropped_ -= late > 0 ? 1 : 0;  // The last frame stays, even if it is late.
             return late > 0;
         }
         const Clock::time_point now = Clock::now();
@@ -16,7 +16,7 @@ bool Playback::Advance() {
             return !waiting_;
         }
         if (late == kMostDropped) {
-            Restart();  // It cannot keep up: rather slowly than not at all.
+            Restart();  // The machine is too slow: the clip plays slowly instead.
             return true;
         }
         ++dropped_;

@@ -2,15 +2,15 @@
 
 namespace {
 
-/// Texels are mixed here, since what is transparent must not lend its colour to its
-/// neighbours. The checkerboard is that of Backdrop.
+/// Mixes texels itself, premultiplied: the color of a transparent texel must not show in its
+/// neighbors. The checkerboard is that of Backdrop.
 constexpr char kFragmentShader[] = R"(#version 300 es
 precision highp float;
 precision highp int;
 uniform highp sampler2D picture;
 uniform ivec4 area;          // Left, top, width and height, in pixels of the window.
 uniform int drawableHeight;
-out vec4 colour;
+out vec4 color;
 
 vec4 Premultiplied(ivec2 texel) {
     vec4 straight = texelFetch(picture, clamp(texel, ivec2(0), textureSize(picture, 0) - 1), 0);
@@ -29,13 +29,13 @@ void main() {
     ivec2 pixel = ivec2(gl_FragCoord.xy);
     ivec2 at = ivec2(pixel.x, drawableHeight - 1 - pixel.y) - area.xy;
     if (any(lessThan(at, ivec2(0))) || any(greaterThanEqual(at, area.zw))) {
-        colour = vec4(vec3(24.0 / 255.0), 1.0);
+        color = vec4(vec3(24.0 / 255.0), 1.0);
         return;
     }
     vec2 scale = vec2(textureSize(picture, 0)) / vec2(area.zw);
     vec4 over = Picture((vec2(at) + 0.5) * scale - 0.5);
     float under = ((at.x / 16 + at.y / 16) & 1) == 0 ? 204.0 / 255.0 : 153.0 / 255.0;
-    colour = vec4(over.rgb + under * (1.0 - over.a), 1.0);
+    color = vec4(over.rgb + under * (1.0 - over.a), 1.0);
 }
 )";
 

@@ -9,7 +9,7 @@ class PresentPass {
 public:
     PresentPass();
 
-    /// Draws into the default framebuffer. \p texture keeps its first row at the top.
+    /// Draws into the default framebuffer. The first row of \p texture is the top.
     void Draw(GLuint texture, const Layout& layout) const;
 
 private:

@@ -16,11 +16,11 @@ precision highp float;
 precision highp int;
 uniform highp sampler2D text;
 uniform ivec2 corner;  // Lower left, in pixels of the window.
-out vec4 colour;
+out vec4 color;
 
 void main() {
     ivec2 at = ivec2(gl_FragCoord.xy) - corner;
-    colour = texelFetch(text, ivec2(at.x, textureSize(text, 0).y - 1 - at.y), 0);
+    color = texelFetch(text, ivec2(at.x, textureSize(text, 0).y - 1 - at.y), 0);
 }
 )";
 
@@ -83,7 +83,7 @@ void TextPanel::Set(const TextLines& lines, int scale) {
     scale_ = scale;
     const Image image = RenderText(lines, scale);
     size_ = image.size;
-    glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);  // The renderer may have left one of its own.
+    glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);  // The renderer may have left one bound.
     glActiveTexture(GL_TEXTURE0);
     glBindTexture(GL_TEXTURE_2D, texture_.Name());
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, size_.width, size_.height, 0, GL_RGBA, GL_UNSIGNED_BYTE,

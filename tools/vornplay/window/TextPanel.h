@@ -9,13 +9,13 @@
 
 using TextLines = std::vector<std::string>;
 
-/// Text in capitals on a dark ground, each of its pixels \p scale times as large.
+/// Text in capitals on a dark ground. \param scale pixels per pixel of the font
 Image RenderText(const TextLines& lines, int scale);
 
 /// The largest scale up to \p wanted at which the lines fit, or 1.
 int FittingScale(const TextLines& lines, int wanted, Size room);
 
-/// A program that lays panels of text over the window.
+/// Draws panels of text over the window.
 class TextProgram {
 public:
     TextProgram();
@@ -26,7 +26,7 @@ private:
     GLint corner_;
 };
 
-/// Lines of text in a texture, made anew when they change.
+/// Lines of text in a texture, which is filled again when they change.
 class TextPanel {
 public:
     void Set(const TextLines& lines, int scale);

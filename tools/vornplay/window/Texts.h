@@ -6,12 +6,12 @@
 #include "window/Playback.h"
 #include "window/TextPanel.h"
 
-// What the window says. The letters are capitals, whatever is written here.
+// The window's texts. They are shown in capitals.
 
-/// All keys, and what works in the present way of masking.
+/// All keys, and which of them work with this mask.
 TextLines KeyTexts(MaskUse masking);
 TextLines FigureTexts(const Figures& figures, const Playback& playback, const Stage& stage);
-/// What the present way of masking gives.
+/// What the picture shows with this mask.
 std::string MaskText(MaskUse masking);
 std::string PlaceText(double seconds);
 

@@ -45,7 +45,7 @@ int WindowPlayer::Play() {
     return Report();
 }
 
-/// Waits for events as long as there is time, and handles all there are.
+/// Waits for events until something else is due, and handles them.
 /// \return whether there were any
 bool WindowPlayer::HandleEvents() {
     SDL_Event event;
@@ -58,7 +58,7 @@ bool WindowPlayer::HandleEvents() {
     return true;
 }
 
-/// Milliseconds until something is to be done without an event.
+/// Milliseconds until something is due without an event.
 int WindowPlayer::Patience() const {
     constexpr std::chrono::milliseconds kLongest(1000);
     Clock::time_point next = Clock::now() + kLongest;

@@ -9,14 +9,14 @@
 #include "window/Playback.h"
 #include "window/PresentPass.h"
 
-/// Plays the input in a window, under the user's hands.
+/// Plays the input in a window that the user controls.
 class WindowPlayer {
 public:
     /// \throws ToolError
     explicit WindowPlayer(const Options& options)
         : WindowPlayer(options, VideoFile(options.input, options.startSeconds)) {}
 
-    /// Plays until the user has enough. \return an ExitStatus
+    /// Plays until the user quits. \return an ExitStatus
     int Play();
 
 private:
