@@ -48,8 +48,8 @@ std::vector<T> ReadAttribute(const AttributeLayout& layout, int vertexCount) {
     return ReadBuffer<T>(GL_ARRAY_BUFFER, layout.offset, static_cast<size_t>(count));
 }
 
-OVR::Vector3<float> Minus(const OVR::Vector3<float>& a, const OVR::Vector3<float>& b) {
-    return {a.x - b.x, a.y - b.y, a.z - b.z};
+OVR::Vector3<float> Cross(const OVR::Vector3<float>& a, const OVR::Vector3<float>& b) {
+    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 
 }  // namespace
@@ -81,8 +81,12 @@ MeshOnGpu Take(OVR::GlGeometry geometry) {
     return mesh;
 }
 
-OVR::Vector3<float> Cross(const OVR::Vector3<float>& a, const OVR::Vector3<float>& b) {
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+Indices FirstIndices(const MeshOnGpu& mesh, size_t count) {
+    return {mesh.indices.begin(), mesh.indices.begin() + static_cast<std::ptrdiff_t>(count)};
+}
+
+OVR::Vector3<float> Minus(const OVR::Vector3<float>& a, const OVR::Vector3<float>& b) {
+    return {a.x - b.x, a.y - b.y, a.z - b.z};
 }
 
 float Dot(const OVR::Vector3<float>& a, const OVR::Vector3<float>& b) {

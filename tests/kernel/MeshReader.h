@@ -2,9 +2,13 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 #include "kernel/GlGeometry.h"
+
+using Floats = std::vector<float>;
+using Indices = std::vector<uint16_t>;
 
 /// One attribute of a vertex array, as GL holds it.
 struct AttributeLayout {
@@ -22,7 +26,7 @@ struct MeshOnGpu {
     std::vector<OVR::Vector3<float>> position;
     std::vector<OVR::Vector2<float>> texCoord;
     std::vector<OVR::Vector4<float>> vertexColor;
-    std::vector<uint16_t> indices;
+    Indices indices;
     GLint vertexBytes;
 };
 
@@ -33,7 +37,25 @@ MeshOnGpu Read(const OVR::GlGeometry& geometry);
 /// As Read, and frees the mesh.
 MeshOnGpu Take(OVR::GlGeometry geometry);
 
-OVR::Vector3<float> Cross(const OVR::Vector3<float>& a, const OVR::Vector3<float>& b);
+Indices FirstIndices(const MeshOnGpu& mesh, size_t count);
+
+/// The components of all \p elements, one after the other.
+template <typename T>
+Floats FloatsOf(const std::vector<T>& elements) {
+    Floats floats(elements.size() * sizeof(T) / sizeof(float));
+    std::memcpy(floats.data(), elements.data(), floats.size() * sizeof(float));
+    return floats;
+}
+
+/// For comparisons that tell 0 from -0.
+template <typename T>
+auto Bits(const T& value) {
+    std::array<uint32_t, sizeof(T) / sizeof(uint32_t)> bits{};
+    std::memcpy(bits.data(), &value, sizeof(value));
+    return bits;
+}
+
+OVR::Vector3<float> Minus(const OVR::Vector3<float>& a, const OVR::Vector3<float>& b);
 float Dot(const OVR::Vector3<float>& a, const OVR::Vector3<float>& b);
 float Length(const OVR::Vector3<float>& v);
 OVR::Vector3<float> Centroid(const Triangle& triangle);

@@ -9,17 +9,12 @@
 
 namespace {
 
-using Indices = std::vector<uint16_t>;
-
 class LineMesh : public GlTest {};
 
 void ExpectVertex(const MeshOnGpu& mesh, size_t vertex, const OVR::Vector3<float>& position,
                   const OVR::Vector2<float>& texCoord) {
-    EXPECT_EQ(mesh.position[vertex].x, position.x) << vertex;
-    EXPECT_EQ(mesh.position[vertex].y, position.y) << vertex;
-    EXPECT_EQ(mesh.position[vertex].z, position.z) << vertex;
-    EXPECT_EQ(mesh.texCoord[vertex].x, texCoord.x) << vertex;
-    EXPECT_EQ(mesh.texCoord[vertex].y, texCoord.y) << vertex;
+    EXPECT_EQ(Bits(mesh.position[vertex]), Bits(position)) << vertex;
+    EXPECT_EQ(Bits(mesh.texCoord[vertex]), Bits(texCoord)) << vertex;
 }
 
 TEST_F(LineMesh, CubeHasItsTwelveEdges) {
@@ -35,7 +30,7 @@ TEST_F(LineMesh, CubeHasItsTwelveEdges) {
     for (size_t i = 0; i < mesh.indices.size(); i += 2) {
         const auto& a = mesh.position[mesh.indices[i]];
         const auto& b = mesh.position[mesh.indices[i + 1]];
-        EXPECT_EQ(Length({a.x - b.x, a.y - b.y, a.z - b.z}), 1);
+        EXPECT_EQ(Length(Minus(a, b)), 1);
         edges.insert(std::minmax({mesh.indices[i], mesh.indices[i + 1]}));
     }
     EXPECT_EQ(edges.size(), 12U);
@@ -45,15 +40,13 @@ TEST_F(LineMesh, CalibrationIsACrossWithoutExtraLines) {
     OVR::GlGeometry geometry = OVR::BuildCalibrationLines(0, false);
     EXPECT_EQ(geometry.primitiveType, GL_TRIANGLES);
     const MeshOnGpu mesh = Take(geometry);
-    ASSERT_EQ(mesh.position.size(), 4U);
-    ExpectVertex(mesh, 0, {-1, 0, -1.001F}, {0, 0.5F});
-    ExpectVertex(mesh, 1, {0, -1, -1.001F}, {0, 0.5F});
-    ExpectVertex(mesh, 2, {1, 0, -1.001F}, {1, 0.5F});
-    ExpectVertex(mesh, 3, {0, 1, -1.001F}, {1, 0.5F});
+    EXPECT_EQ(FloatsOf(mesh.position),
+              (Floats{-1, 0, -1.001F, 0, -1, -1.001F, 1, 0, -1.001F, 0, 1, -1.001F}));
+    EXPECT_EQ(FloatsOf(mesh.texCoord), (Floats{0, 0.5F, 0, 0.5F, 1, 0.5F, 1, 0.5F}));
     EXPECT_EQ(mesh.indices, (Indices{0, 2, 1, 3}));
 }
 
-TEST_F(LineMesh, CalibrationShortensAllButTheCentreToTicks) {
+TEST_F(LineMesh, CalibrationShortensAllButTheCenterToTicks) {
     const MeshOnGpu ticks = Take(OVR::BuildCalibrationLines(1, false));
     ASSERT_EQ(ticks.position.size(), 12U);
     ExpectVertex(ticks, 0, {-0.02F, -1, -1.001F}, {0, 1});

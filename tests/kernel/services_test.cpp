@@ -19,12 +19,12 @@ namespace {
 using OVR::Allocator;
 using OVR::Log;
 
-class KernelLog : public testing::Test {
+class Services : public testing::Test {
 protected:
-    ~KernelLog() override { Log::GetDefaultLog()->LoggingMask = 0; }
+    ~Services() override { Log::GetDefaultLog()->LoggingMask = 0; }
 };
 
-TEST_F(KernelLog, IsSilentUntilItsMaskIsWidened) {
+TEST_F(Services, LogIsSilentUntilItsMaskIsWidened) {
     EXPECT_EQ(Log::GetDefaultLog(), Log::GetGlobalLog());
     EXPECT_EQ(0U, Log::GetDefaultLog()->LoggingMask);
     OVR::LogError("x");
@@ -43,7 +43,7 @@ TEST_F(KernelLog, IsSilentUntilItsMaskIsWidened) {
     EXPECT_EQ(4, lines[1].priority);
 }
 
-TEST_F(KernelLog, NeverWritesDebugAndAssertMessages) {
+TEST_F(Services, LogNeverWritesDebugAndAssertMessages) {
     Log::GetDefaultLog()->LoggingMask = 0xFFFFFFFF;
     OVR::LogDebug("x");
     OVR::LogDebugText("x");
@@ -64,7 +64,7 @@ std::string Format(unsigned size, OVR::LogMessageType type, const char* fmt, ...
     return buffer.data();
 }
 
-TEST_F(KernelLog, LinesAreCutToTheBuffer) {
+TEST_F(Services, LogCutsLinesToTheBuffer) {
     EXPECT_EQ("Assert: 7\n", Format(64, OVR::LogMessage_Assert, "%d", 7));
     EXPECT_EQ("Debug: 7\n", Format(64, OVR::LogMessage_Debug, "%d", 7));
     EXPECT_EQ("7", Format(64, OVR::LogMessage_DebugText, "%d", 7));
@@ -79,7 +79,7 @@ TEST_F(KernelLog, LinesAreCutToTheBuffer) {
     EXPECT_EQ("Error: " + std::string(4088, 'e'), LogCapture::TakeTexts().at(0));
 }
 
-TEST_F(KernelLog, ADestroyedGlobalLogIsNoLongerGlobal) {
+TEST_F(Services, DestroyedLogIsNoLongerGlobal) {
     {
         Log log(0x100);
         EXPECT_EQ(0x200U, Log().LoggingMask);
@@ -108,7 +108,7 @@ struct FixedAllocator : Allocator {
     bool shutDown = false;
 };
 
-TEST(KernelAllocator, AlignedBlocksRememberTheirStart) {
+TEST_F(Services, AlignedBlocksRememberTheirStart) {
     FixedAllocator heap;
     auto* aligned = static_cast<unsigned char*>(heap.AllocAligned(10, 16));
     EXPECT_EQ(heap.block + 16, aligned);
@@ -119,18 +119,18 @@ TEST(KernelAllocator, AlignedBlocksRememberTheirStart) {
     for (const size_t align : {0U, 1U, 4U, 8U, 16U, 64U}) {
         for (heap.offset = 0; heap.offset < 64; heap.offset += 4) {
             aligned = static_cast<unsigned char*>(heap.AllocAligned(100, align));
-            EXPECT_EQ(0U, reinterpret_cast<uintptr_t>(aligned) % std::max<size_t>(align, 4));
-            EXPECT_GE(aligned - (heap.block + heap.offset), 4);
-            EXPECT_LE(static_cast<size_t>(aligned - (heap.block + heap.offset)),
+            ASSERT_EQ(0U, reinterpret_cast<uintptr_t>(aligned) % std::max<size_t>(align, 4));
+            ASSERT_GE(aligned - (heap.block + heap.offset), 4);
+            ASSERT_LE(static_cast<size_t>(aligned - (heap.block + heap.offset)),
                       std::max<size_t>(align, 4));
             heap.FreeAligned(aligned);
-            EXPECT_EQ(heap.block + heap.offset, heap.freed);
+            ASSERT_EQ(heap.block + heap.offset, heap.freed);
         }
     }
     EXPECT_EQ(nullptr, heap.AllocAligned(4000, 16));
 }
 
-TEST(KernelSystem, TheFirstInstallationHoldsUntilItIsDestroyed) {
+TEST_F(Services, FirstInstallationHoldsUntilItIsDestroyed) {
     Allocator* const installed = Allocator::pInstance;
     EXPECT_EQ(OVR::DefaultAllocator::InitSystemSingleton(), installed);
     FixedAllocator other;
@@ -151,7 +151,7 @@ TEST(KernelSystem, TheFirstInstallationHoldsUntilItIsDestroyed) {
     OVR::System::Init(Log::GetDefaultLog(), installed);
 }
 
-TEST(KernelMath, ConstantsAreSetBeforeMain) {
+TEST_F(Services, MathConstantsAreSetBeforeMain) {
     static const OVR::Vector4<double> early = OVR::Vector4<double>::ZERO;
     EXPECT_EQ(0.0, early.w);
     EXPECT_EQ(0.0F, OVR::Vector3<float>::ZERO.z);
@@ -161,7 +161,7 @@ TEST(KernelMath, ConstantsAreSetBeforeMain) {
     EXPECT_EQ(3.4028235e38F, OVR::Math<float>::MaxValue);
 }
 
-TEST(KernelArray, GrowsByAQuarterAndGivesHalfBack) {
+TEST_F(Services, ArrayGrowsByAQuarterAndGivesHalfBack) {
     OVR::Array<short> array;
     EXPECT_EQ(nullptr, array.Data);
     array.Resize(10);  // 10 + 2, a multiple of four already.

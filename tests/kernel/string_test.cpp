@@ -191,7 +191,7 @@ TEST(String, SharedTextsAreUsedByManyThreads) {
     EXPECT_EQ(shared, "shared");
 }
 
-TEST(StringBuffer, BuildsTextFromPieces) {
+TEST(String, BufferBuildsTextFromPieces) {
     StringBuffer buffer;
     EXPECT_STREQ(buffer.ToCStr(), "");
     buffer.AppendFormat("%s", "");
@@ -212,7 +212,7 @@ TEST(StringBuffer, BuildsTextFromPieces) {
     EXPECT_EQ(moved.GetSize(), 1001U);
 }
 
-TEST(StringBuffer, FormatsFillTheRoomToTheByte) {
+TEST(String, BufferFormatsFillTheRoomToTheByte) {
     for (size_t size = 1; size < 64; ++size) {
         StringBuffer buffer;
         buffer.Append("12345");
@@ -223,7 +223,7 @@ TEST(StringBuffer, FormatsFillTheRoomToTheByte) {
     }
 }
 
-TEST(StringBuffer, ReservedRoomIsNotLeft) {
+TEST(String, BufferStaysInReservedRoom) {
     CountingAllocator allocator;
     StringBuffer buffer;
     buffer.Reserve(1000);

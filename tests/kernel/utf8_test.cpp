@@ -143,7 +143,7 @@ TEST(Utf8, WholeStringsAreCutBetweenCharacters) {
     EXPECT_STREQ(utf8, "\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
-TEST(WideChars, CopiesAreBoundedAndTerminated) {
+TEST(Utf8, WideCopiesAreBoundedAndTerminated) {
     wchar_t text[4] = {L'x', L'x', L'x', L'x'};
     EXPECT_EQ(OVR::OVR_wcscpy(text, 0, L"a"), 1U);
     EXPECT_EQ(text[0], L'x');

@@ -42,6 +42,18 @@ void FillIndices(Array<unsigned short>& indices, uint32_t count) {
     }
 }
 
+/// Lines with positions and texture coordinates.
+GlGeometry MakeGeometry(uint32_t vertices, uint32_t indexCount) {
+    VertexAttribs attribs;
+    FillPositions(attribs, vertices, 0);
+    Array<unsigned short> indices;
+    FillIndices(indices, indexCount);
+    GlGeometry geometry;
+    geometry.primitiveType = GL_LINES;
+    geometry.Create(attribs, indices);
+    return geometry;
+}
+
 TEST_F(Geometry, CreatePacksOneBlockPerAttributeByLocation) {
     constexpr uint32_t kCount = 3;
     VertexAttribs attribs;
@@ -63,12 +75,12 @@ TEST_F(Geometry, CreatePacksOneBlockPerAttributeByLocation) {
     uintptr_t offset = 0;
     for (size_t location = 0; location < mesh.layout.size(); ++location) {
         const AttributeLayout& layout = mesh.layout[location];
-        EXPECT_TRUE(layout.enabled) << location;
-        EXPECT_EQ(layout.components, kComponents[location]) << location;
-        EXPECT_EQ(layout.type, location == 7 ? GL_INT : GL_FLOAT) << location;
-        EXPECT_EQ(layout.stride, kComponents[location] * 4) << location;
-        EXPECT_EQ(layout.normalized, GL_FALSE) << location;
-        EXPECT_EQ(layout.offset, offset) << location;
+        ASSERT_TRUE(layout.enabled) << location;
+        ASSERT_EQ(layout.components, kComponents[location]) << location;
+        ASSERT_EQ(layout.type, location == 7 ? GL_INT : GL_FLOAT) << location;
+        ASSERT_EQ(layout.stride, kComponents[location] * 4) << location;
+        ASSERT_EQ(layout.normalized, GL_FALSE) << location;
+        ASSERT_EQ(layout.offset, offset) << location;
         offset += kCount * static_cast<uintptr_t>(kComponents[location]) * 4;
     }
     EXPECT_EQ(mesh.vertexBytes, static_cast<GLint>(offset));
@@ -79,18 +91,13 @@ TEST_F(Geometry, CreatePacksOneBlockPerAttributeByLocation) {
 }
 
 TEST_F(Geometry, AbsentAttributesAreDisabledAndTakeNoRoom) {
-    VertexAttribs attribs;
-    FillPositions(attribs, 5, 0);
-    Array<unsigned short> indices;
-    FillIndices(indices, 3);
-    GlGeometry geometry;
-    geometry.Create(attribs, indices);
+    GlGeometry geometry = MakeGeometry(5, 3);
 
     const MeshOnGpu mesh = Take(geometry);
     EXPECT_EQ(mesh.vertexBytes, 5 * (12 + 8));
     EXPECT_EQ(mesh.layout[5].offset, 5U * 12);
     for (size_t location = 0; location < mesh.layout.size(); ++location) {
-        EXPECT_EQ(mesh.layout[location].enabled, location == 0 || location == 5) << location;
+        ASSERT_EQ(mesh.layout[location].enabled, location == 0 || location == 5) << location;
     }
 }
 
@@ -98,31 +105,20 @@ TEST_F(Geometry, CreateLeavesTheDefaultVertexArrayClean) {
     GLES3::glEnableVertexAttribArray(0);
     GLES3::glEnableVertexAttribArray(8);
     GLES3::glEnableVertexAttribArray(9);
-    VertexAttribs attribs;
-    FillPositions(attribs, 3, 0);
-    Array<unsigned short> indices;
-    FillIndices(indices, 3);
-    GlGeometry geometry;
-    geometry.Create(attribs, indices);
+    GlGeometry geometry = MakeGeometry(3, 3);
 
     EXPECT_EQ(GetInteger(GL_VERTEX_ARRAY_BINDING), 0);
     EXPECT_EQ(GetInteger(GL_ARRAY_BUFFER_BINDING), static_cast<GLint>(geometry.vertexBuffer));
     for (GLuint location = 0; location <= 9; ++location) {
         GLint enabled = -1;
         GLES3::glGetVertexAttribiv(location, GL_VERTEX_ATTRIB_ARRAY_ENABLED, &enabled);
-        EXPECT_EQ(enabled, location == 9 ? 1 : 0) << location;
+        ASSERT_EQ(enabled, location == 9 ? 1 : 0) << location;
     }
     geometry.Free();
 }
 
 TEST_F(Geometry, UpdateReplacesVerticesAndKeepsTheRest) {
-    VertexAttribs attribs;
-    FillPositions(attribs, 4, 0);
-    Array<unsigned short> indices;
-    FillIndices(indices, 4);
-    GlGeometry geometry;
-    geometry.primitiveType = GL_LINES;
-    geometry.Create(attribs, indices);
+    GlGeometry geometry = MakeGeometry(4, 4);
     EXPECT_EQ(geometry.localBounds.Max.z, 6);
     EXPECT_EQ(geometry.localBounds.Min.y, -3);
 
@@ -146,14 +142,8 @@ TEST_F(Geometry, UpdateReplacesVerticesAndKeepsTheRest) {
     EXPECT_EQ(mesh.indices.size(), 4U);
 }
 
-TEST_F(Geometry, FreeDeletesAndEmptiesButForThePrimitiveType) {
-    VertexAttribs attribs;
-    FillPositions(attribs, 3, 0);
-    Array<unsigned short> indices;
-    FillIndices(indices, 3);
-    GlGeometry geometry;
-    geometry.primitiveType = GL_LINES;
-    geometry.Create(attribs, indices);
+TEST_F(Geometry, FreeDeletesAndEmptiesAllButThePrimitiveType) {
+    GlGeometry geometry = MakeGeometry(3, 3);
     const GlGeometry copy = geometry;
     geometry.Free();
     geometry.Free();
