@@ -15,8 +15,8 @@ void* Allocator::AllocDebug(size_t size, const char* /*file*/, unsigned /*line*/
     return Alloc(size);
 }
 
-// The distance back to the block's start stands in the four bytes before the address handed out, so
-// there is always a gap of at least one alignment step in front.
+// The four bytes before the returned address hold its distance to the start of the block.
+// Frozen: aligned blocks
 void* Allocator::AllocAligned(size_t size, size_t align) {
     const size_t step = std::max<size_t>(align, sizeof(uint32_t));
     auto* block = static_cast<unsigned char*>(Alloc(size + step));

@@ -6,7 +6,7 @@
 
 namespace OVR {
 
-/// Where all containers of the kernel get their memory. Replaceable through System::Init.
+/// All containers of the kernel get their memory from here. System::Init installs another one.
 ///
 /// \thread every operation may be called from any thread.
 class OVR_EXPORT Allocator {
@@ -15,10 +15,10 @@ public:
 
     /// \return \p size bytes aligned as malloc aligns, or null.
     virtual void* Alloc(size_t size) = 0;
-    /// As Alloc; \p file and \p line name the caller for allocators that keep track.
+    /// As Alloc; \p file and \p line are the place of the call, for allocators that keep records.
     virtual void* AllocDebug(size_t size, const char* file, unsigned line);
-    /// Moves the block \p p of Alloc to \p newSize bytes; null when there is no room, \p p then
-    /// stays.
+    /// Resizes the block \p p of Alloc to \p newSize bytes, which may move it. \return the block,
+    /// or null without memory; \p p then stays valid.
     virtual void* Realloc(void* p, size_t newSize) = 0;
     /// Releases a block of Alloc, AllocDebug or Realloc.
     virtual void Free(void* p) = 0;
@@ -29,10 +29,10 @@ public:
     /// Releases a block of AllocAligned. Null is not accepted.
     virtual void FreeAligned(void* p);
 
-    /// Called by System::Destroy before the allocator is taken out.
+    /// System::Destroy calls this before it removes the allocator.
     virtual void onSystemShutdown();
 
-    /// The allocator in use; null outside System::Init … System::Destroy.
+    /// The allocator in use; null before System::Init and after System::Destroy.
     static Allocator* pInstance;
 };
 
@@ -46,7 +46,8 @@ public:
     void* Realloc(void* p, size_t newSize) override;
     void Free(void* p) override;
 
-    /// The one default allocator, made on first call and destroyed at process exit or unload.
+    /// The only default allocator. The first call creates it; the process destroys it at exit, or
+    /// when it unloads the library.
     static DefaultAllocator* InitSystemSingleton();
 };
 

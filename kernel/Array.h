@@ -12,8 +12,8 @@ namespace OVR {
 
 /// A growable array of plain elements in memory of the kernel's allocator.
 ///
-/// Elements are moved bytewise; no constructor or destructor of theirs runs, so those that Resize
-/// adds are uninitialised. Throws std::bad_alloc when the allocator has no memory.
+/// Elements are copied bytewise. None of their constructors and destructors runs: elements that
+/// Resize adds are uninitialized. Throws std::bad_alloc without memory.
 template <typename T>
 struct Array {
     static_assert(std::is_trivially_copyable<T>::value, "elements are copied bytewise");
@@ -40,7 +40,9 @@ struct Array {
     const T* begin() const { return Data; }
     const T* end() const { return Data + Size; }
 
-    /// Growing leaves a quarter to spare; shrinking below half of the room gives the rest back.
+    /// To grow, it reserves a quarter more than \p size. Below half of the capacity it reserves
+    /// just \p size.
+    // Frozen: array growth
     void Resize(uint32_t size) {
         if (size >= Capacity) {
             Reserve(size + size / 4);
@@ -50,8 +52,8 @@ struct Array {
         Size = size;
     }
 
-    /// Makes room for exactly \p capacity elements, rounded up to a multiple of four; 0 frees the
-    /// storage. Size is not touched.
+    /// Makes room for \p capacity elements, rounded up to a multiple of four; 0 frees the storage.
+    /// Size stays.
     void Reserve(uint32_t capacity) {
         if (capacity == 0) {
             Release();

@@ -7,8 +7,8 @@
 
 namespace OVR {
 
-/// An axis-aligned box. The cleared box is inside out (minimum above maximum), so that the first
-/// point added becomes both corners.
+/// An axis-aligned box. In a cleared box the minimum is above the maximum, so the first point added
+/// becomes both corners.
 template <typename T>
 struct Bounds3 {
     Vector3<T> Min = {Math<T>::MaxValue, Math<T>::MaxValue, Math<T>::MaxValue};

@@ -5,8 +5,8 @@
 namespace OVR {
 namespace {
 
-/// Each attribute is one block, not interleaved, and the blocks follow one another by location.
-/// Joint indices deliberately take the float path too: the shader sees them as floats.
+/// Each attribute is one block; the blocks follow one another by location.
+// Frozen: joint indices
 void PackVertexAttribs(Array<unsigned char>& packed, const VertexAttribs& attribs) {
     PackVertexAttribute(packed, attribs.position, VERTEX_ATTRIBUTE_POSITION, GL_FLOAT, 3);
     PackVertexAttribute(packed, attribs.normal, VERTEX_ATTRIBUTE_NORMAL, GL_FLOAT, 3);
@@ -19,7 +19,7 @@ void PackVertexAttribs(Array<unsigned char>& packed, const VertexAttribs& attrib
     PackVertexAttribute(packed, attribs.jointWeights, VERTEX_ATTRIBUTE_JOINT_WEIGHTS, GL_FLOAT, 4);
 }
 
-/// Fills the bound GL_ARRAY_BUFFER; static even on updates, which are expected to be rare.
+/// Fills the bound GL_ARRAY_BUFFER. Updates are rare, so they are static, too.
 void UploadVertices(const VertexAttribs& attribs) {
     Array<unsigned char> packed;
     PackVertexAttribs(packed, attribs);
@@ -55,7 +55,7 @@ void PackVertexAttribute(Array<unsigned char>& packed, const Array<T>& attrib, i
     packed.Resize(packed.Size + bytes);
     std::memcpy(packed.Data + offset, attrib.Data, bytes);
     GLES3::glEnableVertexAttribArray(location);
-    // GL takes the offset in the guise of a pointer.
+    // GL takes the offset as a pointer.
     const auto* start = reinterpret_cast<const void*>(offset);
     GLES3::glVertexAttribPointer(location, glComponents, static_cast<GLenum>(glType), GL_FALSE,
                                  sizeof(T), start);

@@ -12,9 +12,10 @@ namespace OVR {
 
 /// A mesh on the GPU: vertex buffer, 16-bit index buffer and vertex array object.
 ///
-/// A plain value: copies name the same GL objects, and Free on any of them deletes the objects for
-/// all. Every call needs the GL context that created the objects current, and
-/// GLES3::LoadGLFunctions done. No call checks for GL errors.
+/// A plain value: copies name the same GL objects, and Free on one of them deletes the objects of
+/// all. No call checks for GL errors.
+///
+/// \thread the one with the GL context of the objects, after GLES3::LoadGLFunctions.
 struct OVR_EXPORT GlGeometry {
     uint32_t vertexBuffer = 0;
     uint32_t indexBuffer = 0;
@@ -24,24 +25,25 @@ struct OVR_EXPORT GlGeometry {
     int32_t indexCount = 0;
     Bounds3<float> localBounds;
 
-    /// Makes the GL objects. Free a live record first: its objects would be lost.
-    /// Leaves: vertex array 0 bound with attributes 0 to 8 disabled, the vertex buffer bound to
-    /// GL_ARRAY_BUFFER. Throws std::bad_alloc without memory for the packed vertices.
+    /// Creates the GL objects. Call Free first if the record has objects: Create forgets them.
+    /// Afterwards vertex array 0 is bound with attributes 0 to 8 disabled, and the vertex buffer is
+    /// bound to GL_ARRAY_BUFFER. Throws std::bad_alloc without memory for the packed vertices.
     void Create(const VertexAttribs& attribs, const Array<unsigned short>& indices);
 
-    /// Replaces the vertices of a live record; indices and primitive type stay.
-    /// Leaves the record's vertex array and vertex buffer bound.
+    /// Replaces the vertices; indices and primitive type stay. Afterwards the record's vertex array
+    /// and vertex buffer are bound. Throws std::bad_alloc as Create does.
     void Update(const VertexAttribs& attribs, bool updateBounds);
 
-    /// Draws all indices with the current program. Leaves the record's vertex array bound.
+    /// Draws all indices with the current program. Afterwards the record's vertex array is bound.
     void Draw() const;
 
-    /// Deletes the GL objects and empties the record, but for its primitive type. May be repeated.
+    /// Deletes the GL objects and clears the record except for its primitive type. A second call
+    /// has no effect.
     void Free();
 };
 
-/// Appends \p attrib to \p packed and points the attribute of the bound vertex array at it, in the
-/// buffer bound to GL_ARRAY_BUFFER; an empty \p attrib disables the attribute instead.
+/// Appends \p attrib to \p packed, and sets the attribute of the bound vertex array to that place
+/// of the buffer bound to GL_ARRAY_BUFFER. An empty \p attrib disables the attribute instead.
 template <typename T>
 OVR_EXPORT void PackVertexAttribute(Array<unsigned char>& packed, const Array<T>& attrib,
                                     int glLocation, int glType, int glComponents);

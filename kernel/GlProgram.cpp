@@ -24,7 +24,8 @@ bool MentionsExternalImage(const char* text) {
     return text != nullptr && std::strstr(text, "GL_OES_EGL_image_external") != nullptr;
 }
 
-/// External images are only dependable in shaders of version 100, so both stages step down to it.
+/// External images only work reliably in shaders of version 100, so both stages use it.
+// Frozen: program version
 int ChooseVersion(int requested, const char* fragmentDirectives, const char* fragmentSrc) {
     const bool external = !multiviewEnabled && (MentionsExternalImage(fragmentDirectives) ||
                                                 MentionsExternalImage(fragmentSrc));
@@ -58,7 +59,7 @@ bool Link(GLuint program) {
     GLint linked = GL_FALSE;
     GLES3::glGetProgramiv(program, GL_LINK_STATUS, &linked);
     if (linked == GL_FALSE) {
-        char infoLog[kInfoLogSize];  // Fetched and dropped, as for a stage that does not compile.
+        char infoLog[kInfoLogSize];  // Frozen: unused info logs
         GLES3::glGetProgramInfoLog(program, kInfoLogSize, nullptr, infoLog);
     }
     return linked != GL_FALSE;
@@ -136,7 +137,8 @@ void FindWellKnownUniforms(GlProgram& program) {
     }
 }
 
-/// Locations of table entries are kept in 16 bits by design; the well-known ones are not.
+/// For table entries; the well-known uniforms keep 32 bits.
+// Frozen: 16-bit locations
 int32_t LookUpNarrowed(const GlProgram& program, const char* name) {
     return static_cast<int16_t>(LookUp(program, name));
 }
@@ -150,7 +152,7 @@ void AssignParm(GlProgram& program, ovrUniform& uniform, const ovrProgramParm& p
             GLES3::glUniform1i(uniform.Location, uniform.Binding);
             break;
         case ovrProgramParmType::BufferUniform:
-            // Bound without a test: for an absent block GL only records an error.
+            // Frozen: absent blocks
             uniform.Location = LookUpBlock(program, parm.Name);
             uniform.Binding = BindBlock(program, uniform.Location);
             break;
@@ -161,7 +163,7 @@ void AssignParm(GlProgram& program, ovrUniform& uniform, const ovrProgramParm& p
     }
 }
 
-/// Gives the samplers "Texture0" … "Texture7" their units, whatever the table gave them.
+/// Gives the samplers "Texture0" to "Texture7" their units, also if the table gave them others.
 void AssignNamedTextureUnits(const GlProgram& program) {
     for (int unit = 0; unit < kNamedTextureUnits; ++unit) {
         const int32_t location = LookUp(program, Va("Texture%i", unit));

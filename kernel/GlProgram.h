@@ -15,13 +15,13 @@ enum class ovrProgramParmType : uint8_t {
     Unset = 11,
 };
 
-/// A uniform, sampler or uniform block that a program should look up besides the well-known ones.
+/// A uniform, sampler or uniform block that Build looks up besides the well-known ones.
 struct ovrProgramParm {
-    const char* Name;  ///< NUL-terminated, the caller's.
+    const char* Name;  ///< NUL-terminated; the caller owns it.
     ovrProgramParmType Type;
 };
 
-/// Where a uniform stands in a program.
+/// The place of a uniform in a program.
 struct ovrUniform {
     /// Uniform location, or block index for a uniform buffer; -1 when absent.
     int32_t Location = -1;
@@ -33,12 +33,14 @@ struct ovrUniform {
 /// A linked program with its shaders and the places of its uniforms.
 ///
 /// Build puts a version line, the caller's directives and a compatibility prefix in front of each
-/// source, so that sources may be written in the dialect of version 100 or 300. It binds the
-/// attribute names of VertexAttributeLocation, sets the samplers "Texture0" … "Texture7" to units
-/// 0 … 7, and looks the well-known uniforms below up.
+/// source, so sources may be written in the language of version 100 or of version 300. It binds the
+/// attribute names of VertexAttributeLocation, sets the samplers "Texture0" to "Texture7" to units
+/// 0 to 7, and looks up the well-known uniforms below.
 ///
-/// A plain value; the holder calls Free. Every call needs the GL context current, and
-/// GLES3::LoadGLFunctions done. Build leaves program 0 in use. Failures are returned, never logged.
+/// A plain value; the caller calls Free once for all copies. Build leaves program 0 in use.
+/// Failures are returned and never logged.
+///
+/// \thread the one with the GL context, after GLES3::LoadGLFunctions.
 struct OVR_EXPORT GlProgram {
     static constexpr int MAX_UNIFORMS = 8;
 
@@ -68,15 +70,16 @@ struct OVR_EXPORT GlProgram {
     int32_t JointMatricesIndex = -1;
     int32_t JointMatricesBinding = -1;
 
-    /// \param vertexDirectives, fragmentDirectives lines to follow the version line; may be null.
-    /// \param vertexSrc, fragmentSrc never null; a version line of their own is replaced.
+    /// \param vertexDirectives, fragmentDirectives lines behind the version line; may be null.
+    /// \param vertexSrc, fragmentSrc not null. A version line in them is replaced.
     /// \param parms         table of \p numParms entries, at most MAX_UNIFORMS (not checked);
-    ///                      samplers and blocks get units and binding points in table order.
-    /// \param programVersion shading-language version; less than 300 counts as 300. A fragment
-    ///                      stage that mentions GL_OES_EGL_image_external anywhere makes it 100,
-    ///                      unless the process-wide multiview switch is on.
-    /// \param abortOnError  accepted and ignored.
-    /// \param useMultiview  kept in the record for the caller.
+    ///                      samplers and blocks get units and binding points in this order.
+    /// \param programVersion version of the shading language; less than 300 means 300. Both stages
+    ///                      get version 100 if the fragment stage mentions
+    ///                      GL_OES_EGL_image_external anywhere and the process-wide multiview
+    ///                      switch is off.
+    /// \param abortOnError  has no effect.
+    /// \param useMultiview  only stored in the record.
     /// \return an empty record (Program 0) when a stage does not compile or the link fails.
     static GlProgram Build(const char* vertexDirectives, const char* vertexSrc,
                            const char* fragmentDirectives, const char* fragmentSrc,
@@ -86,8 +89,8 @@ struct OVR_EXPORT GlProgram {
                            const ovrProgramParm* parms, int numParms, int programVersion,
                            bool abortOnError, bool useMultiview);
 
-    /// Deletes program and shaders and zeroes their names; the rest of the record stays. May be
-    /// repeated. Leaves program 0 in use.
+    /// Deletes program and shaders and sets their names to 0; the rest of the record stays. Leaves
+    /// program 0 in use. A second call has no effect.
     static void Free(GlProgram& program);
 
     /// The process-wide multiview switch, off at start. Set it before any program is built.

@@ -10,7 +10,7 @@ namespace OVR {
 namespace {
 
 constexpr uint32_t kDebugBit = LogMessage_DebugText;
-constexpr unsigned kLineSize = 4096;
+constexpr unsigned kLineSize = 4096;  // Frozen: kernel log lines
 
 Log* globalLog = nullptr;
 
@@ -52,6 +52,7 @@ Log::~Log() {
 }
 
 void Log::LogMessageVarg(LogMessageType type, const char* fmt, va_list args) {
+    // Frozen: debug messages
     if ((type & LoggingMask) == 0 || (type & kDebugBit) != 0) {
         return;
     }
@@ -104,7 +105,7 @@ void Log::SetGlobalLog(Log* log) {
     globalLog = log;
 }
 
-// One body for the five free functions: a C variadic function cannot forward its arguments as such.
+// A macro, because a C variadic function cannot forward its arguments.
 #define OVR_FORWARD_TO_GLOBAL_LOG(type)                 \
     do {                                                \
         if (globalLog != nullptr) {                     \

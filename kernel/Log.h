@@ -17,33 +17,34 @@ enum LogMessageType : uint32_t {
     LogMessage_Assert = 0x202,
 };
 
-/// The kernel's leveled log. The library silences it when it is loaded: nothing is written unless a
-/// caller widens the mask of the default log or installs a log of its own.
+/// The kernel's log. It is silent after the library is loaded: it writes only after a caller sets
+/// the mask of the default log or installs another log.
 ///
-/// \thread messages may come from any thread; set masks and the global log before there are others.
+/// \thread any for messages; set masks and the global log before other threads use them.
 class OVR_EXPORT Log {
 public:
     explicit Log(uint32_t loggingMask = LogMessage_DebugText);
-    /// Takes the log out of use when it is the global one.
+    /// If this is the global log, there is none afterwards.
     virtual ~Log();
     Log(const Log&) = delete;
     Log& operator=(const Log&) = delete;
 
-    /// Writes the message if its type shares a bit with LoggingMask. Debug and assert types are
-    /// never written, whatever the mask.
+    /// Writes the message if its type shares a bit with LoggingMask. It never writes debug and
+    /// assert types.
     virtual void LogMessageVarg(LogMessageType type, const char* fmt, va_list args)
         OVR_PRINTF(3, 0);
 
     void LogMessage(LogMessageType type, const char* fmt, ...) OVR_PRINTF(3, 4);
 
-    /// Puts prefix, message and, for types with a prefix, a newline into \p buffer. What does not
-    /// fit is cut, the newline first; the text always ends in NUL.
+    /// Writes prefix, message and, for types with a prefix, a newline to \p buffer. Cuts what does
+    /// not fit, and always ends the text with NUL unless \p bufferSize is 0.
     static void FormatLog(char* buffer, unsigned bufferSize, LogMessageType type, const char* fmt,
                           va_list args) OVR_PRINTF(4, 0);
     /// Writes \p text to the system log under the tag "OVR".
     static void DefaultLogOutput(LogMessageType type, const char* text);
 
-    /// The one default log, made on first call and destroyed at process exit or unload.
+    /// The only default log. The first call creates it; the process destroys it at exit, or when it
+    /// unloads the library.
     static Log* GetDefaultLog();
     /// The log that the free functions below write to; null for none.
     static Log* GetGlobalLog();

@@ -1,4 +1,4 @@
-// All constant-initialised: they hold their values before any code of the process can run.
+// All are constant-initialized: they have their values before any code of the process runs.
 
 #include "kernel/Matrix4.h"
 #include "kernel/Vector.h"

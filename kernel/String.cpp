@@ -10,7 +10,7 @@
 
 namespace OVR {
 
-/// In front of the text, in one piece of memory with it.
+/// The header of a text. The text follows in the same block of memory.
 struct String::Block {
     std::atomic<uint32_t> users{1};
     size_t size = 0;
@@ -166,7 +166,7 @@ bool String::HasOwnRoomFor(size_t size) const {
            block_->users.load(std::memory_order_acquire) == 1;
 }
 
-/// Any edit: \p inserted takes the place of \p removed bytes at \p offset.
+/// Replaces \p removed bytes at \p offset by \p inserted: all edits end here.
 void String::Replace(size_t offset, size_t removed, std::string_view inserted) {
     const std::string_view text = View();
     const std::string_view tail = text.substr(offset + removed);
@@ -181,7 +181,7 @@ void String::Replace(size_t offset, size_t removed, std::string_view inserted) {
         inserted.copy(block_->Text() + offset, inserted.size());
         block_->SetSize(size);
     } else {
-        // Twice the room for texts that grow, so that many appends cost little each.
+        // Texts that grow get twice the room, so many appends copy the text only a few times.
         Block* block = Block::Create(std::max(size, size > text.size() ? text.size() * 2 : 0));
         text.copy(block->Text(), offset);
         inserted.copy(block->Text() + offset, inserted.size());

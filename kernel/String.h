@@ -11,18 +11,18 @@
 
 namespace OVR {
 
-/// A UTF-8 text. Copies share one block of the kernel's allocator and an edit copies it first where
-/// it is shared; the empty text has none.
+/// A UTF-8 text in memory of the kernel's allocator. Copies share one block; an edit copies a
+/// shared block first. The empty text has no block.
 ///
-/// Positions and lengths count characters, sizes count bytes. Any bytes are kept as they come; as
-/// characters they read as UTF8Util describes. Positions behind the end mean the end. Text handed
-/// in may be part of the string itself. Throws std::bad_alloc when the allocator has no memory.
+/// Positions and lengths count characters, sizes count bytes. The string stores any bytes
+/// unchanged; UTF8Util says which characters they are. A position behind the end means the end.
+/// Arguments may be parts of the string itself. Throws std::bad_alloc without memory.
 ///
-/// \thread copies that share may be used, edited and destroyed on different threads at once; one
-///         object by one thread at a time.
+/// \thread copies may be used, edited and destroyed on different threads at the same time; a single
+///         object needs a lock.
 class OVR_EXPORT String {
 public:
-    /// Walks the characters; good until the string is edited or destroyed.
+    /// Goes through the characters. Valid until the string is edited or destroyed.
     class Iterator {
     public:
         using iterator_category = std::input_iterator_tag;
@@ -89,16 +89,16 @@ public:
 
     /// Less than, equal to or greater than 0, in the order of code points.
     int Compare(std::string_view other) const { return View().compare(other); }
-    /// As Compare, A to Z counting as a to z.
+    /// As Compare, but A to Z equal a to z.
     int CompareNoCase(std::string_view other) const;
     bool operator==(std::string_view other) const { return View() == other; }
     bool operator!=(std::string_view other) const { return View() != other; }
     bool operator<(std::string_view other) const { return View() < other; }
 
-    /// Where \p utf8 first stands, at \p from or behind; kNotFound when nowhere.
+    /// Position of the first \p utf8 at \p from or behind; kNotFound if there is none.
     size_t Find(std::string_view utf8, size_t from = 0) const;
 
-    /// The same for the same bytes, in every process and on every processor.
+    /// Equal for equal bytes, in every process and on every processor.
     uint32_t GetHash() const;
 
 private:

@@ -43,7 +43,7 @@ void StringBuffer::AppendFormatV(const char* format, va_list args) {
 }
 
 void StringBuffer::AppendGrowing(std::string_view utf8) {
-    // A second storage, because the text may stand in the first.
+    // In new memory, because the appended text may be part of the old.
     Array<char> grown;
     grown.Reserve(CapacityFor(utf8.size()));
     View().copy(grown.Data, size_);
@@ -57,7 +57,7 @@ void StringBuffer::AppendEncoded(uint32_t ch) {
     Append({encoded, UTF8Util::EncodeChar(encoded, ch)});
 }
 
-/// Room for \p added bytes behind the text, and at least twice what there is.
+/// Enough for \p added bytes behind the text, and at least twice the old capacity.
 uint32_t StringBuffer::CapacityFor(size_t added) const {
     if (added >= kMaxCapacity - size_) {
         throw std::bad_alloc();

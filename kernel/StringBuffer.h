@@ -11,10 +11,10 @@
 
 namespace OVR {
 
-/// Builds a UTF-8 text piece by piece, in room that doubles when it runs out.
+/// Builds a UTF-8 text from pieces. Its memory doubles when it is full.
 ///
-/// Text appended may be part of the buffer itself, but not that of AppendFormat's arguments. Throws
-/// std::bad_alloc when the allocator has no memory; the text then stays as it was.
+/// Appended text may be part of the buffer itself, except in arguments of AppendFormat. Throws
+/// std::bad_alloc without memory; the text then stays as it was.
 class OVR_EXPORT StringBuffer {
 public:
     StringBuffer() = default;
@@ -35,7 +35,7 @@ public:
 
     /// Makes room for a text of \p size bytes.
     void Reserve(size_t size);
-    /// Empties the text; the room stays.
+    /// Empties the text and keeps the memory.
     void Clear() { SetSize(0); }
 
     void Append(std::string_view utf8) {
@@ -61,7 +61,7 @@ public:
     void AppendFormatV(const char* format, va_list args) OVR_PRINTF(2, 0);
 
 private:
-    /// Bytes from the end of the text, its NUL included; 0 before the first text.
+    /// Free bytes behind the text; its NUL takes one of them. 0 without memory.
     size_t Room() const { return storage_.Capacity - size_; }
     void SetSize(size_t size) {
         size_ = size;
@@ -73,7 +73,7 @@ private:
     void AppendEncoded(uint32_t ch);
     uint32_t CapacityFor(size_t added) const;
 
-    Array<char> storage_;  ///< Room only: its Size is not used.
+    Array<char> storage_;  ///< Only Data and Capacity are used.
     size_t size_ = 0;
 };
 

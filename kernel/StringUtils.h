@@ -8,7 +8,7 @@
 namespace OVR {
 namespace StringUtils {
 
-/// A short printf-style text on the stack, cut to 1023 characters:
+/// A printf-style text on the stack, cut to 1023 bytes:
 /// \code glGetUniformLocation(program, StringUtils::Va("Texture%i", unit)); \endcode
 class Va {
 public:

@@ -7,14 +7,15 @@ namespace OVR {
 class Allocator;
 class Log;
 
-/// Installs and removes the kernel's process-wide services. The library does both by itself, when
-/// it is loaded and unloaded, with the default log (silenced) and the default allocator.
+/// Installs and removes the log and the allocator of the process. The library installs the silent
+/// default log and the default allocator when it is loaded, and removes both when it is unloaded.
 ///
-/// \thread not safe against other use of the kernel; containers must not outlive their allocator.
+/// \thread no other thread may use the kernel meanwhile. Containers must not outlive their
+/// allocator.
 struct OVR_EXPORT System {
-    /// Installs both, unless an allocator is installed already: then neither is replaced.
+    /// Installs both. Has no effect while an allocator is installed.
     static void Init(Log* log, Allocator* allocator);
-    /// Takes the allocator out and makes the default log the global one again.
+    /// Removes the allocator and makes the default log the global one.
     static void Destroy();
     static bool IsInitialized();
 };

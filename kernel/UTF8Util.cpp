@@ -9,12 +9,11 @@ static_assert(sizeof(wchar_t) == sizeof(uint32_t), "a wide character is one code
 constexpr uint8_t kContinuationLow = 0x80;
 constexpr uint8_t kContinuationHigh = 0xBF;
 
-/// What a lead byte announces.
+/// The sequence that follows from its first byte.
 struct Sequence {
-    uint8_t continuations;  ///< 0 for a byte that starts nothing.
-    uint8_t payload;        ///< Mask of the lead byte's own bits.
-    /// Range of the second byte. Narrower than that of a continuation where the rest of it would
-    /// spell an overlong form, a surrogate or a value out of range.
+    uint8_t continuations;  ///< Bytes that follow; 0 if the first byte is invalid.
+    uint8_t payload;        ///< Bits of the first byte that belong to the character.
+    /// Range of the second byte. It excludes overlong forms, surrogates and values out of range.
     uint8_t low = kContinuationLow;
     uint8_t high = kContinuationHigh;
 };

@@ -8,11 +8,11 @@
 
 namespace OVR {
 
-/// UTF-8 in and out. A character is a Unicode code point; wchar_t holds a whole one.
+/// Converts to and from UTF-8. A character is a Unicode code point, and fits into one wchar_t.
 ///
-/// Nothing fails: what is not a character (overlong forms, surrogates, values above U+10FFFF, cut
-/// or stray bytes) reads and writes as U+FFFD. A broken sequence counts as one such character up to
-/// the byte that breaks it, which starts the next.
+/// No function fails. Invalid input (overlong forms, surrogates, values above U+10FFFF, incomplete
+/// sequences, stray bytes) becomes U+FFFD: one for each sequence up to the first byte that does not
+/// belong to it. That byte starts the next character.
 namespace UTF8Util {
 
 constexpr uint32_t kReplacementChar = 0xFFFD;
@@ -21,23 +21,23 @@ constexpr size_t kMaxEncodedSize = 4;
 /// Characters in \p utf8.
 OVR_EXPORT size_t GetLength(std::string_view utf8);
 
-/// Byte offset of the character number \p index; the size of \p utf8 when it has no such character.
+/// Byte offset of character \p index, counted from 0; the size of \p utf8 if there is none.
 OVR_EXPORT size_t GetByteIndex(std::string_view utf8, size_t index);
 
 /// Bytes that \p ch takes.
 OVR_EXPORT size_t GetEncodedSize(uint32_t ch);
-/// Bytes that \p wide takes, without a terminator.
+/// Bytes that \p wide takes, without terminator.
 OVR_EXPORT size_t GetEncodedSize(std::wstring_view wide);
 
-/// Writes \p ch to \p dest, which has room for kMaxEncodedSize bytes. \return the bytes written.
+/// Writes \p ch to \p dest, which has room for kMaxEncodedSize bytes. \return the number of bytes.
 OVR_EXPORT size_t EncodeChar(char* dest, uint32_t ch);
 
-/// The character at \p cursor, which moves behind it, by one byte at least; 0 at \p end.
+/// Reads the character at \p cursor and moves \p cursor behind it. \return 0 at \p end.
 OVR_EXPORT uint32_t DecodeNextChar(const char*& cursor, const char* end);
 
 /// \name Whole strings
-/// Write at most \p destSize elements, the last of them a terminator, and no part of a character.
-/// \return what the whole text takes without the terminator: \p destSize or more when it was cut.
+/// They write whole characters and a terminator, at most \p destSize elements in all.
+/// \return the size of the whole text without terminator: \p destSize or more if it was cut.
 /// @{
 OVR_EXPORT size_t EncodeString(char* dest, size_t destSize, std::wstring_view wide);
 OVR_EXPORT size_t DecodeString(wchar_t* dest, size_t destSize, std::string_view utf8);

@@ -5,8 +5,7 @@
 
 namespace OVR {
 
-/// Locations of the vertex attributes: the program builder binds the names to them and the geometry
-/// buffers fill them.
+/// Locations of the vertex attributes in programs and in meshes.
 enum VertexAttributeLocation : int {
     VERTEX_ATTRIBUTE_POSITION = 0,       ///< "Position"
     VERTEX_ATTRIBUTE_NORMAL = 1,         ///< "Normal"
@@ -17,7 +16,7 @@ enum VertexAttributeLocation : int {
     VERTEX_ATTRIBUTE_UV1 = 6,            ///< "TexCoord1"
     VERTEX_ATTRIBUTE_JOINT_INDICES = 7,  ///< "JointIndices"
     VERTEX_ATTRIBUTE_JOINT_WEIGHTS = 8,  ///< "JointWeights"
-    VERTEX_ATTRIBUTE_FONT_PARMS = 9,     ///< "FontParms", bound in programs but never in meshes
+    VERTEX_ATTRIBUTE_FONT_PARMS = 9,     ///< "FontParms", in programs only
 };
 
 /// A mesh on the CPU, one array per attribute. An array is empty or as long as \ref position.

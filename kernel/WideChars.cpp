@@ -16,7 +16,7 @@ size_t CopyBounded(wchar_t* dest, size_t destSize, std::wstring_view src) {
     return src.size();
 }
 
-/// The length of \p text, looked for among its first \p limit characters only.
+/// The length of \p text, at most \p limit. Reads no more than \p limit characters.
 size_t BoundedLength(const wchar_t* text, size_t limit) {
     const wchar_t* terminator = std::wmemchr(text, L'\0', limit);
     return terminator != nullptr ? static_cast<size_t>(terminator - text) : limit;
@@ -36,7 +36,7 @@ size_t OVR_wcscat(wchar_t* dest, size_t destSize, const wchar_t* src) {
     if (destSize == 0) {
         return OVR_wcslen(src);
     }
-    // A destination without a terminator is full: it loses its last character to one.
+    // A destination without a terminator is full: the terminator replaces its last character.
     const size_t used = std::min(BoundedLength(dest, destSize), destSize - 1);
     return used + CopyBounded(dest + used, destSize - used, src);
 }

@@ -12,7 +12,7 @@ constexpr uint32_t kIndicesPerLine = 4;
 constexpr float kDepth = -1.001F;  // Frozen: beyond the edge
 constexpr float kTickScale = 0.02F;
 
-/// Where a line crosses, and its texture coordinate.
+/// The coordinate that a line crosses, and its texture coordinate.
 struct LinePlace {
     float f;
     float v;
@@ -51,7 +51,7 @@ void FillVertices(VertexAttribs& attribs, int extraLines, bool fullGrid) {
     }
 }
 
-/// Frozen: 16-bit indices
+// Frozen: 16-bit indices
 void FillIndices(Array<unsigned short>& indices, uint32_t lines) {
     SizeOnce(indices, lines * kIndicesPerLine);
     for (uint32_t slot = 0; slot < indices.Size; slot += kIndicesPerLine) {

@@ -14,7 +14,7 @@ float ColumnFraction(uint32_t x) {
     return static_cast<float>(x) * 0.015625F;
 }
 
-/// Frozen: axes and seams
+// Frozen: axes and seams
 float Longitude(uint32_t x) {
     return (kPi + kPi) * (ColumnFraction(x % kGrid.horizontal) + 0.5F);
 }

@@ -25,7 +25,7 @@ float RowFraction(uint32_t y) {
     return (63.0F + (row - 66.0F) * 0.25F) * 0.015625F;
 }
 
-/// Frozen: axes and seams
+// Frozen: axes and seams
 float Longitude(uint32_t x) {
     const float quarterTurnOn = ColumnFraction(x % kGrid.horizontal) + 0.25F;
     return (quarterTurnOn + quarterTurnOn) * kPi;

@@ -12,7 +12,8 @@ float Fraction(uint32_t step) {
     return static_cast<float>(step) * 0.015625F;
 }
 
-/// From -0.5 to 0.5. Frozen: centered texture coordinates
+/// From -0.5 to 0.5.
+// Frozen: centered texture coordinates
 float CenteredFraction(uint32_t step) {
     return Fraction(step) - 0.5F;
 }

@@ -8,7 +8,7 @@ namespace {
 
 constexpr float kFullTurn = Math<float>::Pi + Math<float>::Pi;
 
-/// Frozen: axes and seams
+// Frozen: axes and seams
 void FillPositions(VertexAttribs& attribs, const Meridians& meridians, uint32_t y, float radius,
                    float z) {
     std::transform(meridians.begin(), meridians.end(),
@@ -19,6 +19,7 @@ void FillPositions(VertexAttribs& attribs, const Meridians& meridians, uint32_t 
 }
 
 void FillColors(VertexAttribs& attribs, const Grid& grid, uint32_t y) {
+    // Frozen: fading borders
     const bool end = y == 0 || y == grid.vertical;
     std::fill_n(attribs.vertexColor.Data + size_t{y} * grid.Columns(), grid.Columns(),
                 end ? kClearWhite : kOpaqueWhite);

@@ -12,7 +12,8 @@ constexpr float kHalfWidth = 0.05F;
 constexpr float kTopOffset = 0.2F;
 constexpr float kBottomOffset = 0.4F;
 
-/// The front of a 1 × 1 TesselatedQuad, then its back. Frozen: inner quad upside down
+/// The front of a 1 × 1 TesselatedQuad, then its back.
+// Frozen: upside-down inner quad
 constexpr unsigned short kIndices[] = {0, 3, 2, 0, 1, 3, 3, 1, 2, 2, 1, 0};
 constexpr Vector2<float> kTexCoords[] = {{0.0F, 1.0F}, {1.0F, 1.0F}, {0.0F, 0.0F}, {1.0F, 0.0F}};
 

@@ -12,8 +12,8 @@ using StringUtils::Va;
 
 constexpr GLsizei kInfoLogSize = 1024;
 
-// Sources of either dialect compile behind these prefixes: below version 300 they map the new
-// keywords to the old ones, otherwise the old to the new.
+// With these prefixes sources of version 100 and of version 300 both compile: below version 300
+// they map new keywords to old ones, else old ones to new ones.
 //
 // Frozen: shader prefixes
 constexpr char kVertexPrefix[] =
@@ -102,7 +102,6 @@ const char* StagePrefix(GLenum type) {
 String AssembleSource(GLenum type, const char* directives, const char* source, int version,
                       bool useMultiview) {
     String text;
-    // Version 100 has no profile word; the blank in front of it stays.
     text.Append(Va("#version %d %s\n", version, version > 100 ? "es" : ""));
     if (directives != nullptr) {
         text.Append(directives);
@@ -126,9 +125,8 @@ uint32_t CompileShader(GLenum type, const char* directives, const char* source, 
     GLint compiled = GL_FALSE;
     GLES3::glGetShaderiv(shader, GL_COMPILE_STATUS, &compiled);
     if (compiled == GL_FALSE) {
-        // Fetched and dropped: failures of the kernel are values, never log lines. The log stays
-        // within reach of a recorder in front of the entry point.
-        char infoLog[kInfoLogSize];
+        // For recorders in the GL table: the kernel does not log failures.
+        char infoLog[kInfoLogSize];  // Frozen: unused info logs
         GLES3::glGetShaderInfoLog(shader, kInfoLogSize, nullptr, infoLog);
         GLES3::glDeleteShader(shader);
         return 0;

@@ -6,11 +6,11 @@
 
 namespace OVR {
 
-/// Compiles one stage behind the builder's own version line, the directives, the multiview switch
-/// and the stage's prefix. A version line of the source's own is dropped.
+/// Compiles one stage. The text is a version line, the directives, the multiview switch, the prefix
+/// of the stage, and the source without its version line.
 ///
-/// \param directives extension lines and the like, each with its newline; may be null.
-/// \return the shader's name, or 0 when it does not compile. Nothing is logged.
+/// \param directives lines such as #extension, each with its newline; may be null.
+/// \return the shader's name, or 0 if it does not compile. Nothing is logged.
 uint32_t CompileShader(GLenum type, const char* directives, const char* source, int version,
                        bool useMultiview);
 

@@ -7,7 +7,7 @@
 #include "gl/GLES3.h"
 #include "offscreen/OffscreenContext.h"
 
-/// A test with a GL context of its own, that must leave no GL error behind.
+/// A test in a new GL context. It must not leave a GL error behind.
 class GlTest : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(GLES3::LoadGLFunctions()); }

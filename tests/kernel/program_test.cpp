@@ -220,6 +220,18 @@ TEST_F(Program, TableEntriesGetUnitsAndBindingPointsInOrder) {
     GlProgram::Free(program);
 }
 
+TEST_F(Program, AbsentBlocksUseABindingPoint) {
+    const ovrProgramParm parms[] = {{"Absent", Type::BufferUniform},
+                                    {"Extra", Type::BufferUniform}};
+    GlProgram program =
+        GlProgram::Build(kBlocksVertex, kSamplersFragment, parms, 2, 300, false, true);
+    EXPECT_EQ(GLES3::glGetError(), GLenum{GL_INVALID_VALUE});
+    EXPECT_EQ(program.Uniforms[0].Location, -1);
+    EXPECT_EQ(program.Uniforms[0].Binding, 2);
+    EXPECT_EQ(program.Uniforms[1].Binding, 3);
+    GlProgram::Free(program);
+}
+
 TEST_F(Program, WellKnownUniformsAreFound) {
     GlProgram program = OVR::BuildProgram(kBlocksVertex, kSamplersFragment, 300);
     const auto location = [&program](const char* name) {
@@ -273,6 +285,13 @@ TEST_F(Program, FailuresLeaveAnEmptyRecordAndNoObjects) {
     create = GLES3::glCreateProgram;
     const ScopedEntry<decltype(GLES3::glCreateProgram)> recorder(GLES3::glCreateProgram,
                                                                  [] { return made = create(); });
+    static int infoLogs;
+    infoLogs = 0;
+    const auto countInfoLog = [](GLuint, GLsizei, GLsizei*, GLchar*) { ++infoLogs; };
+    const ScopedEntry<decltype(GLES3::glGetShaderInfoLog)> ofShaders(GLES3::glGetShaderInfoLog,
+                                                                     countInfoLog);
+    const ScopedEntry<decltype(GLES3::glGetProgramInfoLog)> ofPrograms(GLES3::glGetProgramInfoLog,
+                                                                       countInfoLog);
     ExpectEmpty(GlProgram::Build("nonsense", kFragment, nullptr, 0, 300, true, true));
     ExpectEmpty(GlProgram::Build(kVertex, "nonsense", nullptr, 0, 300, true, true));
     EXPECT_EQ(made, 0U);
@@ -285,6 +304,7 @@ TEST_F(Program, FailuresLeaveAnEmptyRecordAndNoObjects) {
     EXPECT_NE(made, 0U);
     EXPECT_FALSE(GLES3::glIsProgram(made));
     EXPECT_EQ(shaders.size(), 5U);
+    EXPECT_EQ(infoLogs, 3);
     for (const GLuint shader : shaders) {
         EXPECT_FALSE(GLES3::glIsShader(shader));
     }

@@ -6,13 +6,13 @@
 using Point = OVR::Vector3<float>;
 using Matrix = OVR::Matrix4<float>;
 
-/// Where a mesh is looked at from.
+/// The place and the direction from which a scene is drawn.
 struct Camera {
     Point eye;
     Point target;
     float fovDegrees;  ///< Vertical.
     Point up = {0, 1, 0};
 
-    /// From the mesh's coordinates to clip space. \p aspect is width by height.
+    /// Transforms the mesh's coordinates to clip space. \p aspect is width divided by height.
     Matrix ViewProjection(float aspect) const;
 };

@@ -17,7 +17,7 @@ void ReadBuffer(GLenum target, int count, OVR::Array<T>& elements) {
     GLES3::glUnmapBuffer(target);
 }
 
-/// The sides of all triangles, each once.
+/// Fills \p lines with the sides of all triangles, each once.
 void FillSides(const OVR::Array<unsigned short>& triangles, OVR::Array<unsigned short>& lines) {
     std::set<std::pair<unsigned short, unsigned short>> sides;
     for (uint32_t i = 0; i + 2 < triangles.Size; i += 3) {

@@ -24,7 +24,7 @@ void main() {
 }
 )";
 
-// Flat shading: the normal comes from how the place changes across the picture.
+// Flat shading: the normal follows from the differences of the position between pixels.
 constexpr char kFacesShader[] = R"(
 precision highp float;
 in vec3 place;
@@ -66,7 +66,7 @@ void main() {
 constexpr float kPaper[] = {0.94F, 0.94F, 0.93F};
 constexpr Point kInk = {0.10F, 0.12F, 0.20F};
 constexpr float kLineWidth = 1.5F;
-constexpr int kTexCoordOffset = 0;  ///< Place in the parameter table.
+constexpr int kTexCoordOffset = 0;  ///< Index in the parameter table.
 
 OVR::GlProgram Build(const char* fragmentShader) {
     const OVR::ovrProgramParm parms[] = {
@@ -92,7 +92,7 @@ void SetUpDrawing() {
     GLES3::glDepthFunc(GL_LEQUAL);
     GLES3::glEnable(GL_BLEND);
     GLES3::glLineWidth(kLineWidth);
-    // Faces give way to the edges on them.
+    // Moves faces back, so that the edges on them are visible.
     GLES3::glPolygonOffset(0.5F, 8);
     GLES3::glEnable(GL_POLYGON_OFFSET_FILL);
 }
@@ -105,7 +105,7 @@ void BlendMultiplied() {
     GLES3::glBlendFunc(GL_DST_COLOR, GL_ZERO);
 }
 
-/// Back faces, then front faces: right for what fades out, where the mesh is seen from outside.
+/// Draws back faces, then front faces: the order that transparent meshes need, seen from outside.
 void DrawFarSideFirst(const OVR::GlGeometry& mesh) {
     GLES3::glEnable(GL_CULL_FACE);
     for (const GLenum hidden : {GL_FRONT, GL_BACK}) {
@@ -162,7 +162,7 @@ Matrix Painter::ViewProjectionOf(const Scene& scene) const {
                                        : scene.camera.ViewProjection(aspect);
 }
 
-/// The photo over the whole target, in front of nothing.
+/// Draws the photo over the whole target, behind everything else.
 void Painter::DrawPhotoBehind() {
     OVR::GlGeometry quad = OVR::BuildTesselatedQuad(1, 1, false);
     Use(picture_, Matrix::IdentityValue);

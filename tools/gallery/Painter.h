@@ -5,7 +5,7 @@
 #include "kernel/GlProgram.h"
 #include "support/Image.h"
 
-/// Draws the gallery's scenes, in the GL context that is current from its making to its end.
+/// Draws the scenes of the gallery. The same GL context must be current during its whole life.
 class Painter {
 public:
     /// \throws ToolError

@@ -19,14 +19,14 @@ constexpr int kPixelsPerGridLine = 2048 / 24;  // 15 degrees
 constexpr int kTextScale = 2;
 constexpr Rgb kInk = {20, 24, 40};
 
-template <typename Colour>
-Image Paint(Size size, const Colour& colourAt) {
+template <typename Color>
+Image Paint(Size size, const Color& colorAt) {
     Image image(size);
     for (int y = 0; y < size.height; ++y) {
         uint8_t* pixel = image.At(0, y);
         for (int x = 0; x < size.width; ++x, pixel += Image::kChannels) {
-            const Rgb colour = colourAt(x, y);
-            std::copy(colour.begin(), colour.end(), pixel);
+            const Rgb color = colorAt(x, y);
+            std::copy(color.begin(), color.end(), pixel);
             pixel[3] = 255;
         }
     }
@@ -42,7 +42,7 @@ Rgb Mix(const Rgb& a, const Rgb& b, float share) {
     return mixed;
 }
 
-Rgb PanoramaColour(int x, int y) {
+Rgb PanoramaColor(int x, int y) {
     const float height = 1 - 2 * static_cast<float>(y) / kPanoramaSize.height;
     if (x % kPixelsPerGridLine < 2 || y % kPixelsPerGridLine < 2) {
         return {250, 250, 250};
@@ -69,34 +69,34 @@ void LabelGrid(Image& panorama) {
 }
 
 /// Hills under a low sun.
-Rgb LandscapeColour(int x, int y) {
+Rgb LandscapeColor(int x, int y) {
     const auto px = static_cast<float>(x);
     const auto py = static_cast<float>(y);
     if (std::hypot(px - 440, py - 150) < 48) {
         return {255, 236, 170};
     }
     static constexpr std::array<Rgb, 3> kHills = {{{120, 130, 160}, {90, 115, 105}, {60, 85, 60}}};
-    Rgb colour = Mix({90, 140, 205}, {250, 205, 160}, std::min(1.0F, py / 280));
+    Rgb color = Mix({90, 140, 205}, {250, 205, 160}, std::min(1.0F, py / 280));
     for (size_t i = 0; i < kHills.size(); ++i) {
         const auto layer = static_cast<float>(i);
         const float ridge = 250 + 70 * layer + 30 * std::sin(px / (90 - 20 * layer) + 2 * layer) +
                             10 * std::sin(px / 23 + layer);
-        colour = py > ridge ? kHills[i] : colour;
+        color = py > ridge ? kHills[i] : color;
     }
-    return colour;
+    return color;
 }
 
 }  // namespace
 
 Image DrawPanorama() {
-    Image panorama = Paint(kPanoramaSize, PanoramaColour);
+    Image panorama = Paint(kPanoramaSize, PanoramaColor);
     LabelGrid(panorama);
     return panorama;
 }
 
 Image LoadPhoto(const std::string& path) {
     if (path.empty()) {
-        return Paint(kPhotoSize, LandscapeColour);
+        return Paint(kPhotoSize, LandscapeColor);
     }
     VideoReader reader(path);
     const AVFrame& frame = reader.First();

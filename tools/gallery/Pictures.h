@@ -4,9 +4,9 @@
 
 #include "support/Image.h"
 
-/// An equirectangular picture: the sky over a chequered ground, with the degrees of longitude and
-/// latitude on a grid.
+/// An equirectangular picture: sky above checkered ground, with a grid of longitudes and latitudes
+/// in degrees.
 Image DrawPanorama();
 
-/// The first picture of a file, or without one a picture of our own. \throws ToolError
+/// The first picture of the file \p path; a drawn landscape if it is empty. \throws ToolError
 Image LoadPhoto(const std::string& path);

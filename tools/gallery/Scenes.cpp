@@ -19,7 +19,7 @@ using OVR::GlGeometry;
 constexpr float kPi = OVR::Math<float>::Pi;
 constexpr Point kOrigin = {0, 0, 0};
 
-/// The square from -1 to 1 fills the picture's height, with a margin.
+/// The square from -1 to 1 fills the height of the picture, with a margin.
 constexpr Camera kSquare = {{0, 0, 3}, kOrigin, 42};
 constexpr Camera kSticker = {{0, 0.3F, 1}, {0, 0.3F, 0}, 32};
 constexpr Camera kAhead = {kOrigin, {0, 0, -1}, 98};
@@ -28,7 +28,7 @@ constexpr Camera kBelowDome = {{60, -90, 320}, {0, 40, 0}, 34};
 constexpr Camera kBesideTube = {{2.6F, 1.6F, 2.2F}, {0, 0, -0.1F}, 48, {0, 0, 1}};
 constexpr Camera kAboveRing = {{0, 2.4F, 3.6F}, {0, -0.1F, 0}, 42};
 
-/// Edges of coarse and of fine meshes.
+/// Opacity of the edges of coarse and of fine meshes.
 constexpr float kBold = 0.75F;
 constexpr float kFaint = 0.4F;
 

@@ -6,12 +6,12 @@
 #include "Camera.h"
 #include "kernel/GlGeometry.h"
 
-/// How the triangles of a mesh are painted. Lines are always of one colour.
+/// How the triangles of a mesh are painted. Lines have one color.
 enum class Paint {
-    Faces,     ///< Front faces in one colour, back faces in another, lit; always opaque.
+    Faces,     ///< Front faces in one color, back faces in another, lit and opaque.
     Panorama,  ///< With the equirectangular picture.
     Photo,     ///< With the photo.
-    Shade,     ///< With the vertex colour, over the whole picture, multiplied over the photo.
+    Shade,     ///< The photo multiplied by the vertex color, over the whole picture.
     Lines,
 };
 
@@ -20,9 +20,9 @@ struct Scene {
     std::string name;
     OVR::GlGeometry (*build)();
     Paint paint;
-    float edges;  ///< Strength of the triangles' edges on top.
+    float edges;  ///< Opacity of the triangles' edges; 0 for none.
     Camera camera;
-    /// Added to texture coordinates that are centred on zero.
+    /// Added to texture coordinates that are centered on zero.
     float texCoordOffset = 0;
 };
 

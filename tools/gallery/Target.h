@@ -3,10 +3,10 @@
 #include "gl/GLES3.h"
 #include "support/Image.h"
 
-/// A framebuffer with depth and four samples a pixel.
+/// A framebuffer with depth and four samples per pixel.
 class Target {
 public:
-    /// \throws ToolError when GL has none of this size
+    /// \throws ToolError if the GL has no framebuffer of this size
     explicit Target(Size size);
     ~Target();
     Target(const Target&) = delete;
@@ -17,6 +17,6 @@ public:
 
 private:
     Size size_;
-    GLuint framebuffers_[2] = {};   ///< Samples and pixels.
-    GLuint renderbuffers_[3] = {};  ///< Samples' colour and depth, pixels' colour.
+    GLuint framebuffers_[2] = {};   ///< For samples and for pixels.
+    GLuint renderbuffers_[3] = {};  ///< Color and depth of the samples, color of the pixels.
 };

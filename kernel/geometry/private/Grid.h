@@ -20,8 +20,7 @@ constexpr uint32_t kIndicesPerCell = 6;
 
 /// Writes the two triangles of the cell whose first vertex is \p first. They meet between the
 /// vertex to its right and the one in the next row. \return the slot behind the cell's.
-///
-/// Frozen: 16-bit indices
+// Frozen: 16-bit indices
 inline unsigned short* WriteCell(unsigned short* slots, uint32_t first, uint32_t columns) {
     const auto i = static_cast<unsigned short>(first);
     const auto right = static_cast<unsigned short>(i + 1);
