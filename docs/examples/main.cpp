@@ -29,13 +29,15 @@ struct Arguments {
 };
 
 bool Parse(int argc, char** argv, Arguments& arguments) {
-    CLI::App app("Runs the program of a documentation page.");
-    app.add_option("--frame", arguments.frame, "The frame")->required();
-    app.add_option("--sticker", arguments.sticker, "The sticker")->required();
-    app.add_option("--clip", arguments.clip, "Compressed video; starts a Java machine");
-    app.add_option("--out", arguments.out, "Write the picture here");
-    app.add_option("--expect", arguments.expected, "Compare the picture with this one");
-    return ParseCommandLine(app, argc, argv);
+    CommandLine line("Runs the program of a documentation page.", "example");
+    line.Option("--frame", arguments.frame, "PNG", "The frame");
+    line.Option("--sticker", arguments.sticker, "PNG", "The sticker");
+    line.Option("--clip", arguments.clip, "FILE", "Compressed video; starts a JVM");
+    line.Option("--out", arguments.out, "PNG", "Write the picture here");
+    line.Option("--expect", arguments.expected, "PNG", "Compare the picture with this one");
+    line.Require("--frame");
+    line.Require("--sticker");
+    return line.Parse(argc, argv);
 }
 
 JavaVM* StartJava() {

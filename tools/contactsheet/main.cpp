@@ -86,19 +86,16 @@ int Run(int argc, char** argv) {
     size_t columns = 3;
     int width = 320;
     std::vector<std::string> pictures;
-    CLI::App app("Lays pictures out on one sheet, with a label under each.", "contactsheet");
-    app.formatter(std::make_shared<PlainHelp>());
-    app.add_option("--out", out, "The sheet to write")->type_name("FILE.png")->required();
-    app.add_option("--columns", columns, "Pictures in a row (default: 3)")
-        ->type_name("N")
-        ->check(InRange(1, 100));
-    app.add_option("--width", width, "Width of each picture (default: 320)")
-        ->type_name("PX")
-        ->check(InRange(1, 10000));
-    app.add_option("PICTURES", pictures, "The pictures and their labels")
-        ->type_name("LABEL=FILE.png")
-        ->required();
-    if (!ParseCommandLine(app, argc, argv)) {
+    CommandLine line("Lays pictures out on one sheet, with a label under each.", "contactsheet");
+    line.Option("--out", out, "FILE.png", "The sheet to write");
+    line.Option("--columns", columns, WholeIn(1, 100), "N", "Pictures in a row (default: 3)");
+    line.Option("--width", width, WholeIn(1, 10000), "PX", "Width of each picture (default: 320)");
+    line.Repeated(
+        "PICTURES", [&pictures](const std::string& text) { pictures.push_back(text); },
+        "LABEL=FILE.png", "The pictures and their labels");
+    line.Require("--out");
+    line.Require("PICTURES");
+    if (!line.Parse(argc, argv)) {
         return kExitDone;
     }
     std::vector<Cell> cells;

@@ -20,21 +20,18 @@ struct Arguments {
     std::string out;
     std::string expected;
     std::string photo;
-    std::string size = "360x270";
+    Size size = {360, 270};
 };
 
 bool Parse(int argc, char** argv, Arguments& arguments) {
-    CLI::App app("Draws every mesh of the kernel, each into a PNG file.", "gallery");
-    app.formatter(std::make_shared<PlainHelp>());
-    app.add_option("--out", arguments.out, "Write the pictures into this folder")
-        ->type_name("FOLDER");
-    app.add_option("--expect", arguments.expected, "Compare the pictures with those of this folder")
-        ->type_name("FOLDER");
-    app.add_option("--photo", arguments.photo, "A picture to show on the meshes")
-        ->type_name("FILE");
-    app.add_option("--size", arguments.size, "Size of each picture (default: 360x270)")
-        ->type_name("WxH");
-    return ParseCommandLine(app, argc, argv);
+    CommandLine line("Draws every mesh of the kernel, each into a PNG file.", "gallery");
+    line.Option("--out", arguments.out, "FOLDER", "Write the pictures into this folder");
+    line.Option("--expect", arguments.expected, "FOLDER",
+                "Compare the pictures with those of this folder");
+    line.Option("--photo", arguments.photo, "FILE", "A picture to show on the meshes");
+    line.Option("--size", arguments.size, ParseSize, "WxH",
+                "Size of each picture (default: 360x270)");
+    return line.Parse(argc, argv);
 }
 
 /// \throws ToolError when \p folder has a picture without a scene
@@ -53,7 +50,7 @@ void DrawAll(const Arguments& arguments) {
     if (!GLES3::LoadGLFunctions()) {
         throw ToolError("this GL lacks functions of OpenGL ES 3");
     }
-    Painter painter(ParseSize(arguments.size), DrawPanorama(), LoadPhoto(arguments.photo));
+    Painter painter(arguments.size, DrawPanorama(), LoadPhoto(arguments.photo));
     for (const Scene& scene : Scenes()) {
         const Image picture = painter.Draw(scene);
         const std::string file = "/" + scene.name + ".png";

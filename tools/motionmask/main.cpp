@@ -22,21 +22,16 @@ struct Options {
 };
 
 bool Parse(int argc, char** argv, Options& options) {
-    CLI::App app("Writes masks of what moves in a video: white on black.", "motionmask");
-    app.formatter(std::make_shared<PlainHelp>());
-    app.add_option("INPUT", options.input, "A video from a camera that stands still")
-        ->type_name("")
-        ->required();
-    app.add_option("--out", options.out, "The masks to write, such as mask/%04d.png")
-        ->type_name("FILE")
-        ->required();
-    app.add_option("--start", options.startSeconds, "Begin at this time")
-        ->type_name("SECONDS")
-        ->check(InRange(0.0, 1e6));
-    app.add_option("--frames", options.frames, "Write no more masks than this")
-        ->type_name("N")
-        ->check(InRange(1, 1'000'000'000));
-    return ParseCommandLine(app, argc, argv);
+    CommandLine line("Writes masks of what moves in a video: white on black.", "motionmask");
+    line.Option("INPUT", options.input, "", "A video from a camera that stands still");
+    line.Option("--out", options.out, "FILE", "The masks to write, such as mask/%04d.png");
+    line.Option("--start", options.startSeconds, NumberIn(0.0, 1e6), "SECONDS",
+                "Begin at this time");
+    line.Option("--frames", options.frames, WholeIn(1, 1'000'000'000), "N",
+                "Write no more masks than this");
+    line.Require("INPUT");
+    line.Require("--out");
+    return line.Parse(argc, argv);
 }
 
 void WriteMasks(const Options& options) {

@@ -1,21 +1,124 @@
 #include "support/CommandLine.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
+#include <iomanip>
+#include <sstream>
 
 #include "support/ToolError.h"
 
-std::string PlainHelp::make_option_opts(const CLI::Option* option) const {
-    const std::string form = option->get_type_name();
-    return form.empty() ? form : " " + form;
+namespace {
+
+/// Shows the names of the options and the forms of their values, not their rules.
+class PlainHelp : public CLI::Formatter {
+public:
+    PlainHelp() { column_width(30); }
+    std::string make_option_opts(const CLI::Option* option) const override {
+        const std::string form = option->get_type_name();
+        return form.empty() ? form : " " + form;
+    }
+};
+
+/// Errors begin with the option's name.
+void TakeFor(const std::string& name, const CommandLine::Take& take, const std::string& value) {
+    try {
+        take(value);
+    } catch (const ToolError& error) {
+        throw ToolError(name + ": " + error.what());
+    }
 }
 
-bool ParseCommandLine(CLI::App& app, int argc, char** argv) {
+template <typename Number>
+auto ParserIn(Number low, Number high) {
+    return [low, high](const std::string& text) {
+        Number number{};
+        if (!CLI::detail::lexical_cast(text, number) || !(number >= low && number <= high)) {
+            std::ostringstream message;
+            message << std::setprecision(12) << text << " is no number from " << low << " to "
+                    << high;
+            throw ToolError(message.str());
+        }
+        return number;
+    };
+}
+
+}  // namespace
+
+struct CommandLine::Parser {
+    CLI::App app;
+
+    /// CLI11's templates for options take long to compile; this needs none of them.
+    CLI::Option& Add(const std::string& name, const Take& take, const std::string& form,
+                     const std::string& help) {
+        const auto takeAll = [name, take](const CLI::results_t& values) {
+            for (const std::string& value : values) {
+                TakeFor(name, take, value);
+            }
+            return true;
+        };
+        return *app.add_option(name, takeAll, help)->type_name(form);
+    }
+};
+
+CommandLine::CommandLine(const std::string& about, const std::string& program)
+    : parser_(new Parser{CLI::App(about, program)}) {
+    parser_->app.formatter(std::make_shared<PlainHelp>());
+}
+
+CommandLine::~CommandLine() = default;
+
+void CommandLine::Notes(const std::string& text) {
+    parser_->app.footer(text);
+}
+
+void CommandLine::Flag(const std::string& name, bool& value, const std::string& help) {
+    parser_->app.add_flag(name, value, help)->group(group_);
+}
+
+void CommandLine::Flag(const std::string& name, const std::function<void()>& given,
+                       const std::string& help) {
+    parser_->app.add_flag_callback(name, given, help)->group(group_);
+}
+
+void CommandLine::Option(const std::string& name, const Take& take, const std::string& form,
+                         const std::string& help) {
+    parser_->Add(name, take, form, help).group(group_);
+}
+
+void CommandLine::Option(const std::string& name, std::string& value, const std::string& form,
+                         const std::string& help) {
+    Option(
+        name, [&value](const std::string& text) { value = text; }, form, help);
+}
+
+void CommandLine::Repeated(const std::string& name, const Take& take, const std::string& form,
+                           const std::string& help) {
+    const bool isOption = name[0] == '-';  // It takes one value each time.
+    parser_->Add(name, take, form, help)
+        .expected(1, CLI::detail::expected_max_vector_size)
+        ->allow_extra_args(!isOption)
+        ->group(group_);
+}
+
+void CommandLine::Require(const std::string& name) {
+    parser_->app.get_option(name)->required();
+}
+
+void CommandLine::Need(const std::string& name, const std::string& other) {
+    parser_->app.get_option(name)->needs(parser_->app.get_option(other));
+}
+
+void CommandLine::Exclude(const std::string& name, const std::string& other) {
+    parser_->app.get_option(name)->excludes(parser_->app.get_option(other));
+}
+
+bool CommandLine::Parse(int argc, char** argv) {
     try {
-        app.parse(argc, argv);
+        parser_->app.parse(argc, argv);
         return true;
     } catch (const CLI::Success& request) {
-        app.exit(request);
+        parser_->app.exit(request);
         return false;
     } catch (const CLI::ParseError& error) {
         const std::string message = error.what();
@@ -36,4 +139,12 @@ Size ParseSize(const std::string& text) {
                         std::to_string(kLargest));
     }
     return size;
+}
+
+std::function<double(const std::string&)> NumberIn(double low, double high) {
+    return ParserIn(low, high);
+}
+
+std::function<int64_t(const std::string&)> WholeIn(int64_t low, int64_t high) {
+    return ParserIn(low, high);
 }

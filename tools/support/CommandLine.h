@@ -1,38 +1,72 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
-#include <iomanip>
-#include <sstream>
+#include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "support/Image.h"
 
-/// Help that shows the names of the options and the forms of their values, not their rules.
-class PlainHelp : public CLI::Formatter {
+/// The options and arguments of a program, bound to variables. Names are as users type them:
+/// "--out", "--quiet,-q", or "INPUT" for an argument.
+class CommandLine {
 public:
-    PlainHelp() { column_width(30); }
-    std::string make_option_opts(const CLI::Option* option) const override;
+    /// \throws ToolError that says what is wrong with a value
+    using Take = std::function<void(const std::string& value)>;
+
+    /// \param about the first line of the help
+    CommandLine(const std::string& about, const std::string& program);
+    ~CommandLine();
+    CommandLine(const CommandLine&) = delete;
+    CommandLine& operator=(const CommandLine&) = delete;
+
+    /// The help shows the options that are added from here on under this heading.
+    void Group(const std::string& heading) { group_ = heading; }
+    /// The help ends with this.
+    void Notes(const std::string& text);
+
+    void Flag(const std::string& name, bool& value, const std::string& help);
+    void Flag(const std::string& name, const std::function<void()>& given, const std::string& help);
+
+    /// \param form what the help shows for the value, such as "WxH"
+    void Option(const std::string& name, const Take& take, const std::string& form,
+                const std::string& help);
+    void Option(const std::string& name, std::string& value, const std::string& form,
+                const std::string& help);
+    /// \param parse makes a value of a text
+    template <typename Value, typename Parse>
+    void Option(const std::string& name, Value& value, Parse parse, const std::string& form,
+                const std::string& help) {
+        const Take take = [&value, parse](const std::string& text) {
+            value = static_cast<Value>(parse(text));
+        };
+        Option(name, take, form, help);
+    }
+    /// An option or argument that may be given often.
+    void Repeated(const std::string& name, const Take& take, const std::string& form,
+                  const std::string& help);
+
+    void Require(const std::string& name);
+    void Need(const std::string& name, const std::string& other);
+    void Exclude(const std::string& name, const std::string& other);
+
+    /// Sets the variables.
+    /// \return false if the user asked for help, which was printed.
+    /// \throws ToolError on bad arguments
+    bool Parse(int argc, char** argv);
+
+private:
+    struct Parser;
+
+    std::unique_ptr<Parser> parser_;
+    std::string group_ = "Options";
 };
 
-/// Parses the arguments into what \p app is bound to.
-/// \return false when the user asked for help, which was printed.
-/// \throws ToolError on bad arguments
-bool ParseCommandLine(CLI::App& app, int argc, char** argv);
+// Parsers of values. All throw ToolError.
 
-/// "640x480". \throws ToolError
+/// "640x480"
 Size ParseSize(const std::string& text);
-
-/// Accepts numbers in a range.
-template <typename Number>
-CLI::Validator InRange(Number low, Number high) {
-    const auto check = [low, high](const std::string& text) {
-        Number number{};
-        if (CLI::detail::lexical_cast(text, number) && number >= low && number <= high) {
-            return std::string();
-        }
-        std::ostringstream message;
-        message << std::setprecision(12) << text << " is no number from " << low << " to " << high;
-        return message.str();
-    };
-    return CLI::Validator(check, "");
-}
+/// A parser of numbers in a range.
+std::function<double(const std::string&)> NumberIn(double low, double high);
+std::function<int64_t(const std::string&)> WholeIn(int64_t low, int64_t high);

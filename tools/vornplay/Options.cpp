@@ -1,8 +1,6 @@
 #include "Options.h"
 
 #include <map>
-#include <memory>
-#include <vector>
 
 #include "OptionValues.h"
 #include "export/Output.h"
@@ -43,45 +41,20 @@ constexpr char kNotes[] =
     "Exit status: 0 done, 1 the input is broken and was drawn as far as it decodes,\n"
     "2 nothing could be done, 130 stopped by Ctrl-C.";
 
-/// \p parse, with the option's name in front of what it reports.
-template <typename Parse>
-auto ParseFor(const std::string& name, Parse parse, const std::string& text) {
-    try {
-        return parse(text);
-    } catch (const ToolError& error) {
-        throw ToolError(name + ": " + error.what());
-    }
-}
-
-/// An option whose text \p parse turns into \p value.
-template <typename Value, typename Parse>
-CLI::Option* AddParsed(CLI::App& app, const std::string& name, Value& value, Parse parse,
-                       const std::string& form, const std::string& help) {
-    const auto set = [&value, name, parse](const std::string& text) {
-        value = ParseFor(name, parse, text);
-    };
-    return app.add_option_function<std::string>(name, set, help)->type_name(form);
-}
-
-void AddInputOptions(CLI::App& app, Options& options) {
-    app.add_option("INPUT", options.input, "A video, a picture or a sequence such as dir/%04d.png")
-        ->type_name("")
-        ->required();
-    auto* rgb = app.add_flag("--rgb", options.rgb, "Hand the frames over as RGB");
-    app.add_flag("--rgba", options.rgba, "Hand the frames over as RGBA (default)")
-        ->excludes(rgb)
-        ->group("Input");
-    AddParsed(app, "--size", options.size, ParseSize, "WxH",
-              "Scale the frames to this size (default: the input's)");
-    app.add_option("--start", options.startSeconds, "Begin at this time")
-        ->type_name("SECONDS")
-        ->check(InRange(0.0, 1e6));
-    app.add_option("--frames", options.frames, "Draw no more frames than this")
-        ->type_name("N")
-        ->check(InRange(int64_t{1}, kMostFrames));
-    for (const char* name : {"--rgb", "--size", "--start", "--frames"}) {
-        app.get_option(name)->group("Input");
-    }
+void AddInputOptions(CommandLine& line, Options& options) {
+    line.Option("INPUT", options.input, "",
+                "A video, a picture or a sequence such as dir/%04d.png");
+    line.Require("INPUT");
+    line.Group("Input");
+    line.Flag("--rgb", options.rgb, "Hand the frames over as RGB");
+    line.Flag("--rgba", options.rgba, "Hand the frames over as RGBA (default)");
+    line.Exclude("--rgba", "--rgb");
+    line.Option("--size", options.size, ParseSize, "WxH",
+                "Scale the frames to this size (default: the input's)");
+    line.Option("--start", options.startSeconds, NumberIn(0.0, 1e6), "SECONDS",
+                "Begin at this time");
+    line.Option("--frames", options.frames, WholeIn(1, kMostFrames), "N",
+                "Draw no more frames than this");
 }
 
 Handover ParseHandover(const std::string& text) {
@@ -94,82 +67,77 @@ Handover ParseHandover(const std::string& text) {
     return found->second;
 }
 
-void AddHandoverOptions(CLI::App& app, Options& options) {
-    AddParsed(app, "--path", options.handover, ParseHandover, "decode|cpu|auto",
-              "Hand over compressed frames or pixels (default: auto)");
-    app.add_flag("--realtime", options.realtime,
-                 "Keep the clip's pace, and tell how many frames were shown and dropped");
-    app.add_option("--platform", options.platform,
-                   "Where libandroid.so and android.jar are (default: those linked to)")
-        ->type_name("DIR");
-    for (const char* name : {"--path", "--realtime", "--platform"}) {
-        app.get_option(name)->group("Path");
-    }
+void AddHandoverOptions(CommandLine& line, Options& options) {
+    line.Group("Path");
+    line.Option("--path", options.handover, ParseHandover, "decode|cpu|auto",
+                "Hand over compressed frames or pixels (default: auto)");
+    line.Flag("--realtime", options.realtime,
+              "Keep the clip's pace, and tell how many frames were shown and dropped");
+    line.Option("--platform", options.platform, "DIR",
+                "Where libandroid.so and android.jar are (default: those linked to)");
 }
 
-void AddMaskOptions(CLI::App& app, Options& options) {
-    auto* mask =
-        app.add_option("--mask", options.mask, "Key the picture by this video, picture or sequence")
-            ->type_name("FILE");
-    AddParsed(app, "--mask-size", options.maskSize, ParseSize, "WxH",
-              "Scale the mask to this size (default: its own)")
-        ->needs(mask);
-    AddParsed(
-        app, "--mask-format", options.rgbMask,
-        [](const std::string& text) {
-            if (text != "rgb" && text != "rgba") {
-                throw ToolError(text + " is neither rgb nor rgba");
-            }
-            return text == "rgb";
-        },
-        "rgb|rgba", "Hand the mask over as this (default: rgba)")
-        ->needs(mask);
-    for (const char* name : {"--mask", "--mask-size", "--mask-format"}) {
-        app.get_option(name)->group("Mask");
+bool IsRgb(const std::string& format) {
+    if (format != "rgb" && format != "rgba") {
+        throw ToolError(format + " is neither rgb nor rgba");
     }
+    return format == "rgb";
 }
 
-void AddStickerOptions(CLI::App& app, Options& options) {
-    auto* sticker = app.add_option("--sticker", options.sticker, "Picture to lay over the frames")
-                        ->type_name("PNG");
-    auto* at = app.add_option_function<std::vector<std::string>>(
+void AddMaskOptions(CommandLine& line, Options& options) {
+    line.Group("Mask");
+    line.Option("--mask", options.mask, "FILE",
+                "Key the picture by this video, picture or sequence");
+    line.Option("--mask-size", options.maskSize, ParseSize, "WxH",
+                "Scale the mask to this size (default: its own)");
+    line.Option("--mask-format", options.rgbMask, IsRgb, "rgb|rgba",
+                "Hand the mask over as this (default: rgba)");
+    line.Need("--mask-size", "--mask");
+    line.Need("--mask-format", "--mask");
+}
+
+void AddStickerOptions(CommandLine& line, Options& options) {
+    line.Group("Stickers");
+    line.Option("--sticker", options.sticker, "PNG", "Picture to lay over the frames");
+    line.Repeated(
         "--at",
-        [&options](const std::vector<std::string>& texts) {
-            for (const std::string& text : texts) {
-                options.positions.push_back(ParseFor("--at", ParsePosition, text));
-            }
-        },
-        "Stand a sticker above this pixel; may be given often");
-    at->type_name("X,Y")->type_size(1)->allow_extra_args(false)->needs(sticker);
-    for (const char* name : {"--sticker", "--at"}) {
-        app.get_option(name)->group("Stickers");
-    }
+        [&options](const std::string& text) { options.positions.push_back(ParsePosition(text)); },
+        "X,Y", "Stand a sticker above this pixel; may be given often");
+    line.Need("--at", "--sticker");
 }
 
-void AddViewOptions(CLI::App& app, Options& options) {
-    app.add_flag("--mirror", options.mirror, "Swap left and right (the mask stays as it is)");
-    auto* view = AddParsed(app, "--view", options.view, ParseView, "X,Y,ZOOM,W",
-                           "Look from here (default: 0,0,2,0)");
-    AddParsed(app, "--view-to", options.viewTo, ParseView, "X,Y,ZOOM,W",
-              "Move evenly to this view until the last frame");
-    app.add_flag_callback(
-           "--fit", [&options] { options.view = FitView(); },
-           "Look so that the picture fills the frame exactly")
-        ->excludes(view);
-    AddParsed(app, "--clear", options.clear, ParseColor, "R,G,B,A",
-              "Color around the picture (default: 0,0,0,255)");
-    for (const char* name : {"--mirror", "--view", "--view-to", "--fit", "--clear"}) {
-        app.get_option(name)->group("View");
-    }
-}
-
-void AddScriptOption(CLI::App& app, std::string& path) {
-    auto* script = app.add_option("--script", path, "Change view, mirroring and stickers over time")
-                       ->type_name("JSON")
-                       ->group("View");
+void AddViewOptions(CommandLine& line, Options& options, std::string& script) {
+    line.Group("View");
+    line.Flag("--mirror", options.mirror, "Swap left and right (the mask stays as it is)");
+    line.Option("--view", options.view, ParseView, "X,Y,ZOOM,W",
+                "Look from here (default: 0,0,2,0)");
+    line.Option("--view-to", options.viewTo, ParseView, "X,Y,ZOOM,W",
+                "Move evenly to this view until the last frame");
+    line.Flag(
+        "--fit", [&options] { options.view = FitView(); },
+        "Look so that the picture fills the frame exactly");
+    line.Exclude("--fit", "--view");
+    line.Option("--clear", options.clear, ParseColor, "R,G,B,A",
+                "Color around the picture (default: 0,0,0,255)");
+    line.Option("--script", script, "JSON", "Change view, mirroring and stickers over time");
     for (const char* name : {"--mirror", "--view", "--view-to", "--fit", "--at"}) {
-        script->excludes(app.get_option(name));
+        line.Exclude("--script", name);
     }
+}
+
+void AddOutputOptions(CommandLine& line, Options& options) {
+    line.Group("Output");
+    line.Option("--out", options.out, "FILE",
+                "Write to " + OutputExamples() + " (default: show it in a window)");
+    line.Option("--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
+                "Behind transparent parts in mp4 and mkv (default: checker)");
+    line.Flag("--json", options.json, "Print what became of it as a line of JSON");
+    line.Flag("--no-window", options.noWindow,
+              "Without --out: draw all frames and tell how long that took");
+    line.Flag("--quiet,-q", options.quiet, "No progress and no summary");
+    line.Flag("-v,--verbose", options.verbose, "Show the log of the renderer and the decoders");
+    line.Exclude("--realtime", "--out");
+    line.Notes("Output:\n" + OutputNotes() + kNotes);
 }
 
 void ReadScriptInto(Options& options, const std::string& path) {
@@ -179,40 +147,19 @@ void ReadScriptInto(Options& options, const std::string& path) {
     }
 }
 
-void AddOutputOptions(CLI::App& app, Options& options) {
-    app.add_option("--out", options.out,
-                   "Write to " + OutputExamples() + " (default: show it in a window)")
-        ->type_name("FILE");
-    AddParsed(app, "--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
-              "Behind transparent parts in mp4 and mkv (default: checker)");
-    app.add_flag("--json", options.json, "Print what became of it as a line of JSON");
-    app.add_flag("--no-window", options.noWindow,
-                 "Without --out: draw all frames and tell how long that took");
-    app.add_flag("--quiet,-q", options.quiet, "No progress and no summary");
-    app.add_flag("-v,--verbose", options.verbose, "Show the log of the renderer and the decoders");
-    for (const char* name :
-         {"--out", "--backdrop", "--no-window", "--json", "--quiet", "--verbose"}) {
-        app.get_option(name)->group("Output");
-    }
-}
-
 }  // namespace
 
 std::optional<Options> ParseOptions(int argc, char** argv) {
     Options options;
-    CLI::App app("Plays a video through the renderer, into a window or a file.", "vornplay");
-    app.formatter(std::make_shared<PlainHelp>());
-    app.footer("Output:\n" + OutputNotes() + kNotes);
-    AddInputOptions(app, options);
-    AddHandoverOptions(app, options);
-    AddMaskOptions(app, options);
-    AddStickerOptions(app, options);
-    AddViewOptions(app, options);
-    AddOutputOptions(app, options);
     std::string script;
-    AddScriptOption(app, script);
-    app.get_option("--realtime")->excludes(app.get_option("--out"));
-    if (!ParseCommandLine(app, argc, argv)) {
+    CommandLine line("Plays a video through the renderer, into a window or a file.", "vornplay");
+    AddInputOptions(line, options);
+    AddHandoverOptions(line, options);
+    AddMaskOptions(line, options);
+    AddStickerOptions(line, options);
+    AddViewOptions(line, options, script);
+    AddOutputOptions(line, options);
+    if (!line.Parse(argc, argv)) {
         return std::nullopt;
     }
     if (options.realtime && options.handover == Handover::kPixels) {
