@@ -4,6 +4,7 @@
 #include <media/NdkMediaCodec.h>
 #include <media/NdkMediaFormat.h>
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 #include <utility>
@@ -14,11 +15,21 @@ FakePlatform& Platform() {
     return FakePlatform::Get();
 }
 
-/// Notes the call; null when it is to fail.
+/// Notes a call to Java. One that is to fail returns null and leaves an exception.
 template <typename T>
 T Answer(const std::string& call) {
     Platform().note(call);
-    return reinterpret_cast<T>(Platform().fails(call) ? uintptr_t{0} : uintptr_t{0x1000});
+    Platform().callsWithException += Platform().exception ? 1 : 0;
+    const bool fails = Platform().fails(call);
+    Platform().exception = Platform().exception || fails;
+    return reinterpret_cast<T>(fails ? uintptr_t{0} : uintptr_t{0x1000});
+}
+
+/// Counts what was made and is to be given back.
+template <typename T>
+T Kept(T made) {
+    Platform().alive += made != nullptr ? 1 : 0;
+    return made;
 }
 
 jclass FindClass(JNIEnv*, const char* name) {
@@ -34,10 +45,11 @@ jobject NewObjectV(JNIEnv*, jclass, jmethodID, va_list) {
 }
 
 jobject NewGlobalRef(JNIEnv*, jobject) {
-    return Answer<jobject>("NewGlobalRef");
+    return Kept(Answer<jobject>("NewGlobalRef"));
 }
 
 void DeleteGlobalRef(JNIEnv*, jobject) {
+    --Platform().alive;
     Platform().note("DeleteGlobalRef");
 }
 
@@ -46,7 +58,49 @@ void DeleteLocalRef(JNIEnv*, jobject) {
 }
 
 void CallVoidMethodV(JNIEnv*, jobject, jmethodID, va_list) {
-    Platform().note("CallVoidMethod");
+    Answer<jobject>("CallVoidMethod");
+}
+
+jlong CallLongMethodV(JNIEnv*, jobject, jmethodID, va_list) {
+    return Answer<jobject>("CallLongMethod") != nullptr ? Platform().timestamp.load() : 0;
+}
+
+jclass GetObjectClass(JNIEnv*, jobject) {
+    return Answer<jclass>("GetObjectClass");
+}
+
+jfloatArray NewFloatArray(JNIEnv*, jsize) {
+    return Answer<jfloatArray>("NewFloatArray");
+}
+
+void GetFloatArrayRegion(JNIEnv*, jfloatArray, jsize, jsize count, jfloat* values) {
+    std::fill_n(values, count, 0.0F);
+}
+
+jthrowable ExceptionOccurred(JNIEnv*) {
+    return reinterpret_cast<jthrowable>(Platform().exception ? uintptr_t{0x1000} : uintptr_t{0});
+}
+
+jboolean ExceptionCheck(JNIEnv*) {
+    return Platform().exception ? JNI_TRUE : JNI_FALSE;
+}
+
+void ExceptionClear(JNIEnv*) {
+    Platform().exception = false;
+}
+
+jint Throw(JNIEnv*, jthrowable) {
+    Platform().exception = true;
+    return JNI_OK;
+}
+
+jint PushLocalFrame(JNIEnv*, jint) {
+    return Kept(Answer<jobject>("PushLocalFrame")) != nullptr ? JNI_OK : JNI_ERR;
+}
+
+jobject PopLocalFrame(JNIEnv*, jobject) {
+    --Platform().alive;
+    return nullptr;
 }
 
 JNIEnv* attached;
@@ -55,6 +109,10 @@ jint AttachCurrentThread(JavaVM*, void** env, void*) {
     Platform().note("AttachCurrentThread");
     *env = attached;
     return Platform().fails("AttachCurrentThread") ? JNI_ERR : JNI_OK;
+}
+
+jint GetEnv(JavaVM*, void**, jint) {
+    return JNI_EDETACHED;
 }
 
 const JNINativeInterface_ kEnvFunctions = [] {
@@ -66,12 +124,23 @@ const JNINativeInterface_ kEnvFunctions = [] {
     functions.DeleteGlobalRef = DeleteGlobalRef;
     functions.DeleteLocalRef = DeleteLocalRef;
     functions.CallVoidMethodV = CallVoidMethodV;
+    functions.CallLongMethodV = CallLongMethodV;
+    functions.GetObjectClass = GetObjectClass;
+    functions.NewFloatArray = NewFloatArray;
+    functions.GetFloatArrayRegion = GetFloatArrayRegion;
+    functions.ExceptionOccurred = ExceptionOccurred;
+    functions.ExceptionCheck = ExceptionCheck;
+    functions.ExceptionClear = ExceptionClear;
+    functions.Throw = Throw;
+    functions.PushLocalFrame = PushLocalFrame;
+    functions.PopLocalFrame = PopLocalFrame;
     return functions;
 }();
 
 const JNIInvokeInterface_ kMachineFunctions = [] {
     JNIInvokeInterface_ functions = {};
     functions.AttachCurrentThread = AttachCurrentThread;
+    functions.GetEnv = GetEnv;
     return functions;
 }();
 
@@ -149,16 +218,27 @@ extern "C" {
 
 ANativeWindow* ANativeWindow_fromSurface(JNIEnv*, jobject) {
     Platform().note("ANativeWindow_fromSurface");
-    return Platform().fails("ANativeWindow_fromSurface") ? nullptr : &window;
+    return Kept(Platform().fails("ANativeWindow_fromSurface") ? nullptr : &window);
 }
 
 void ANativeWindow_release(ANativeWindow*) {
+    --Platform().alive;
     Platform().note("ANativeWindow_release");
 }
 
 AMediaFormat* AMediaFormat_new() {
     Platform().note("AMediaFormat_new");
-    return &format;
+    return Kept(Platform().fails("AMediaFormat_new") ? nullptr : &format);
+}
+
+media_status_t AMediaFormat_delete(AMediaFormat*) {
+    --Platform().alive;
+    return AMEDIA_OK;
+}
+
+bool AMediaFormat_getInt32(AMediaFormat*, const char*, int32_t* value) {
+    *value = Platform().pictureSide;
+    return true;
 }
 
 void AMediaFormat_setInt32(AMediaFormat*, const char* key, int32_t value) {
@@ -172,7 +252,7 @@ void AMediaFormat_setString(AMediaFormat*, const char* key, const char* value) {
 AMediaCodec* AMediaCodec_createDecoderByType(const char* type) {
     const std::string call = std::string("AMediaCodec_createDecoderByType ") + type;
     Platform().note(call);
-    return Platform().fails(call) ? nullptr : new AMediaCodec;
+    return Kept(Platform().fails(call) ? nullptr : new AMediaCodec);
 }
 
 media_status_t AMediaCodec_configure(AMediaCodec*, const AMediaFormat*, ANativeWindow* surface,
@@ -191,6 +271,7 @@ media_status_t AMediaCodec_stop(AMediaCodec* codec) {
 }
 
 media_status_t AMediaCodec_delete(AMediaCodec* codec) {
+    Platform().alive -= codec != nullptr ? 1 : 0;
     delete codec;
     return Noted("AMediaCodec_delete");
 }
@@ -203,8 +284,8 @@ ssize_t AMediaCodec_dequeueInputBuffer(AMediaCodec* codec, int64_t timeoutUs) {
 
 uint8_t* AMediaCodec_getInputBuffer(AMediaCodec*, size_t index, size_t* capacity) {
     Platform().note("AMediaCodec_getInputBuffer " + std::to_string(index));
-    *capacity = 1;  // Less than it has: nothing compares it with a unit's size.
-    return Platform().inputBuffer.data();
+    *capacity = Platform().inputCapacity;
+    return Platform().fails("AMediaCodec_getInputBuffer") ? nullptr : Platform().inputBuffer.data();
 }
 
 media_status_t AMediaCodec_queueInputBuffer(AMediaCodec*, size_t index, off_t offset, size_t size,
@@ -233,6 +314,22 @@ media_status_t AMediaCodec_releaseOutputBuffer(AMediaCodec* codec, size_t, bool 
     IsAlive(codec);
     ++(render ? Platform().rendered : Platform().returnedEmpty);
     return Platform().releaseStatus;
+}
+
+media_status_t AMediaCodec_releaseOutputBufferAtTime(AMediaCodec* codec, size_t index,
+                                                     int64_t timestampNs) {
+    Platform().timestamp = timestampNs;
+    return AMediaCodec_releaseOutputBuffer(codec, index, true);
+}
+
+media_status_t AMediaCodec_flush(AMediaCodec* codec) {
+    IsAlive(codec);
+    return Noted("AMediaCodec_flush");
+}
+
+AMediaFormat* AMediaCodec_getOutputFormat(AMediaCodec* codec) {
+    IsAlive(codec);
+    return Kept(&format);
 }
 
 }  // extern "C"

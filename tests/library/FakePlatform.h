@@ -32,14 +32,22 @@ public:
     /// Hears of each call in the journal before it is done.
     std::function<void(const std::string& call)> listener;
 
+    bool exception = false;      ///< A Java exception is pending.
+    int callsWithException = 0;  ///< Calls to Java while one was.
+    /// References, windows, formats and decoders that were not given back yet.
+    std::atomic<int> alive{0};
+
     // What the decoder answers.
+    std::atomic<int> pictureSide{64};
     std::atomic<long> inputIndex{3};
     std::atomic<long> outputIndex{-1};
     std::atomic<int> outputSize{0};
     std::atomic<media_status_t> releaseStatus{AMEDIA_OK};
     std::vector<unsigned char> inputBuffer = std::vector<unsigned char>(64);
+    size_t inputCapacity = 1;  ///< Less than it has: VERenderer.h does not compare it with a unit.
 
     // What the decoder thread does.
+    std::atomic<int64_t> timestamp{0};
     std::atomic<long> outputTimeout{0};
     std::atomic<int> polls{0};
     std::atomic<int> rendered{0};
