@@ -130,7 +130,7 @@ void AddOutputOptions(CommandLine& line, Options& options) {
     line.Option("--out", options.out, "FILE",
                 "Write to " + OutputExamples() + " (default: show it in a window)");
     line.Option("--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
-                "Behind transparent parts in mp4 and mkv (default: checker)");
+                "Behind transparent parts of output without alpha (default: checker)");
     line.Flag("--json", options.json, "Print what became of it as a line of JSON");
     line.Flag("--no-window", options.noWindow,
               "Without --out: draw all frames and tell how long that took");
