@@ -24,6 +24,10 @@ VideoCoding Vp9() {
              {"auto-alt-ref", "0"}}};
 }
 
+VideoCoding Apng() {
+    return {AV_CODEC_ID_APNG, nullptr, AV_PIX_FMT_RGBA, {{"pred", "up"}}};
+}
+
 auto Video(const VideoFormat& format) {
     return [format](const OutputSettings& settings) {
         return std::make_unique<VideoWriter>(format, settings);
@@ -66,6 +70,8 @@ const std::vector<OutputKind>& OutputKinds() {
         {"x.webp", "an animation of lossy pictures", Frames::kAll, Alpha::kKept, nullptr, Webp},
         {"x.gif", "an animation with 256 colors for each frame", Frames::kAll, Alpha::kOneBit,
          nullptr, Gif},
+        {"x.apng", "an animation without loss", Frames::kAll, Alpha::kKept, nullptr,
+         Video({"apng", Apng(), {{"plays", "0"}}, false})},
     };
     return kKinds;
 }
