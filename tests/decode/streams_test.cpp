@@ -128,4 +128,23 @@ TEST_F(DecodeTest, TakesUnitsOfTwoMegabytes) {
     EXPECT_EQ(ExpectAsDecoded(Path("clip.avi")), 3);
 }
 
+TEST_F(DecodeTest, LeavesOutUnitsLargerThanTheInputBuffer) {
+    TestStream stream = ChangingStream();
+    stream.encoder = "mjpeg";
+    stream.layout = AV_PIX_FMT_YUVJ420P;
+    stream.range = AVCOL_RANGE_JPEG;
+    auto units = Encode(stream, 6);
+    for (const size_t index : {2U, 3U}) {
+        units[index].bytes.resize((1 << 20) + 1);
+    }
+    WriteMedia(Path("clip.mkv"), stream, units);
+    const auto player = Open(Path("clip.mkv"));
+    for (const double seconds : {0.0, 0.04, 0.16, 0.2}) {
+        ASSERT_TRUE(player->Next());
+        EXPECT_NEAR(player->Seconds(), seconds, 0.001);
+    }
+    EXPECT_FALSE(player->Next());
+    EXPECT_EQ(player->Lost(), 2);
+}
+
 }  // namespace

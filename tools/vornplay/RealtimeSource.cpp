@@ -41,11 +41,11 @@ void RealtimeSource::FeedUntil(double seconds) {
     constexpr int64_t kPatienceUs = 2000;
     constexpr int64_t kNoLimit = -1;
     while (!Feed().AtEnd() && Feed().NextTime() <= seconds) {
+        // Later frames may be predicted from those before the start, so none of these is dropped.
+        Feed().FeedNext(Feed().NextTime() < 0.0 ? kNoLimit : kPatienceUs);
         if (Feed().AllRead()) {
             Feed().SetLockStep(true);
         }
-        // Later frames may be predicted from those before the start, so none of these is dropped.
-        Feed().FeedNext(Feed().NextTime() < 0.0 ? kNoLimit : kPatienceUs);
     }
 }
 
