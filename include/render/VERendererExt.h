@@ -69,9 +69,10 @@
 ///     0                     program, vertex array, GL_ARRAY_BUFFER, draw framebuffer,
 ///                           GL_PIXEL_UNPACK_BUFFER; on units 0 and 1 the sampler and
 ///                           GL_TEXTURE_2D; on unit 0 GL_TEXTURE_EXTERNAL_OES
-///     disabled              blending and color masking of draw buffer 0 (of all draw buffers
-///                           where the context has no separate ones), GL_SCISSOR_TEST,
-///                           GL_DEPTH_TEST, GL_STENCIL_TEST, GL_CULL_FACE, GL_RASTERIZER_DISCARD
+///     disabled              blending of draw buffer 0 (of all draw buffers where the context has
+///                           no separate ones), GL_SCISSOR_TEST, GL_CULL_FACE,
+///                           GL_RASTERIZER_DISCARD
+///     all channels          the color mask, of the same draw buffers
 ///     other                 active unit 0; viewport (0, 0, output width, output height);
 ///                           GL_UNPACK_ALIGNMENT 1, other GL_UNPACK_* 0 if pixels were given
 ///

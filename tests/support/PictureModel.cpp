@@ -1,11 +1,13 @@
 #include "support/PictureModel.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
 constexpr double kTooClose = 1e-3;  ///< Of a texel, and of the square's unit.
+constexpr double kRounding = 1e-6;  ///< Of sums of weights.
 constexpr Rgba kKeyColor = {169, 210, 216, 0};
 
 struct Point {
@@ -32,17 +34,64 @@ Point Unproject(const Scene& scene, double ndcX, double ndcY) {
     const double distance = 3.0 - 0.5 * static_cast<double>(scene.zoom);
     const double scale = 1.0 / std::tan(23.5 * kPi / 180.0) / std::abs(distance);
     const double side = distance > 0 ? 1.0 : -1.0;
-    return {static_cast<double>(scene.viewX) + side * ndcX / scale, ndcY / scale};
+    return {static_cast<double>(scene.viewX) + side * ndcX / scale,
+            static_cast<double>(scene.viewY) + ndcY / scale};
+}
+
+/// Where the point (u, v) of the output's square lies in the source.
+Point InSource(const Scene& scene, double u, double v) {
+    if (!scene.colorMirror) {
+        u = 1 - u;
+    }
+    Point p = {u, v};
+    switch (scene.rotation) {
+        case 90: p = {v, 1 - u}; break;
+        case 180: p = {1 - u, 1 - v}; break;
+        case 270: p = {1 - v, u}; break;
+        default: break;
+    }
+    if (const float* m = scene.sourceMatrix) {
+        const double up = 1 - p.y;
+        p = {m[0] * p.x + m[4] * up + m[12], m[1] * p.x + m[5] * up + m[13]};
+    }
+    return p;
+}
+
+/// The four texels around (u, v), weighted by their distances.
+Rgba SampleLinear(const Image& image, double u, double v) {
+    const double x = u * image.width - 0.5;
+    const double y = v * image.height - 0.5;
+    double sum[4] = {};
+    for (const int row : {0, 1}) {
+        for (const int column : {0, 1}) {
+            const double weight = (1 - std::abs(x - std::floor(x) - column)) *
+                                  (1 - std::abs(y - std::floor(y) - row));
+            const Rgba texel = image.pixel(
+                std::clamp(static_cast<int>(std::floor(x)) + column, 0, image.width - 1),
+                std::clamp(static_cast<int>(std::floor(y)) + row, 0, image.height - 1));
+            for (size_t c = 0; c < 4; ++c) {
+                sum[c] += weight * texel[c];
+            }
+        }
+    }
+    Rgba sample;
+    for (size_t c = 0; c < 4; ++c) {
+        sample[c] = static_cast<uint8_t>(
+            std::ceil(sum[c] - kRounding));  // Nothing but black itself is black.
+    }
+    return sample;
 }
 
 std::optional<Rgba> PicturePixel(const Scene& scene, const Point& p) {
     const double u = (p.x + 1) / 2;
     const double v = (p.y + 1) / 2;
-    const std::optional<Rgba> color = Sample(*scene.source, scene.colorMirror ? u : 1 - u, v);
+    const Point place = InSource(scene, u, v);
+    const std::optional<Rgba> color = Sample(*scene.source, place.x, place.y);
     if (scene.mask == nullptr || !color) {
         return color;
     }
-    const std::optional<Rgba> key = Sample(*scene.mask, u, v);
+    const std::optional<Rgba> key =
+        scene.softMask ? SampleLinear(*scene.mask, u, v) : Sample(*scene.mask, u, v);
     if (!key) {
         return std::nullopt;
     }

@@ -15,6 +15,11 @@ struct Scene {
     bool colorMirror = true;
     float viewX = 0.0F;
     float zoom = 2.0F;
+    float viewY = 0.0F;
+    int rotation = 0;       ///< Clockwise, of the picture only, in degrees.
+    bool softMask = false;  ///< The mask is sampled linearly.
+    /// As surface textures give it: column by column, t = 0 at the last row. Null for none.
+    const float* sourceMatrix = nullptr;
     Rgba clear = {0, 0, 0, 0};
 };
 

@@ -82,7 +82,10 @@ void RendererHarness::show(const Scene& scene) {
 
 void RendererHarness::expectShows(const Scene& scene, int tolerance) {
     show(scene);
-    const Image drawn = readBack();
+    ExpectShows(readBack(), scene, tolerance);
+}
+
+void ExpectShows(const Image& drawn, const Scene& scene, int tolerance) {
     const auto expected = Predict(scene, drawn.width, drawn.height);
     size_t undecided = 0;
     size_t wrong = 0;

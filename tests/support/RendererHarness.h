@@ -21,6 +21,9 @@ void Fill(unsigned texture, const Image& image);
 /// The texture's pixels as RGBA, first row first. Leaves framebuffer 0 bound.
 Image ReadBack(unsigned texture, int width, int height);
 
+/// Compares an output with the model; \p tolerance is per channel.
+void ExpectShows(const Image& drawn, const Scene& scene, int tolerance = 0);
+
 /// A renderer with a destination texture of its own, in the current context.
 class RendererHarness {
 public:

@@ -96,9 +96,10 @@ uint32_t Build(GLNames& names, const char* vertexShader, const char* fragmentHea
     GLES3::glAttachShader(program, fragment);
     GLES3::glBindAttribLocation(program, 0, "Vertex");
     GLES3::glLinkProgram(program);
-    // The program keeps them alive as long as it needs them.
-    GLES3::glDeleteShader(vertex);
-    GLES3::glDeleteShader(fragment);
+    for (const GLuint shader : {vertex, fragment}) {
+        GLES3::glDetachShader(program, shader);
+        GLES3::glDeleteShader(shader);
+    }
     if (!IsLinked(program)) {
         GLES3::glDeleteProgram(program);
         throw Failure{VE_ERROR_GL};

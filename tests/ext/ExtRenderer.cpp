@@ -1,0 +1,84 @@
+#include "ext/ExtRenderer.h"
+
+#include <gtest/gtest.h>
+
+#include "gl/GLES3.h"
+
+VERendererOptions OptionsOf(int32_t source, int width, int height) {
+    VERendererOptions options = VEMakeRendererOptions();
+    options.source = source;
+    options.sourceWidth = options.outputWidth = width;
+    options.sourceHeight = options.outputHeight = height;
+    options.outputTexture = NewTexture();
+    return options;
+}
+
+ExtRenderer::ExtRenderer(const VERendererOptions& options) : options(options) {
+    const VEResult result = VECreateRenderer(&this->options, &handle);
+    EXPECT_EQ(VE_OK, result) << VEResultText(result);
+}
+
+ExtRenderer::~ExtRenderer() {
+    EXPECT_EQ(VE_OK, VECloseRenderer(handle, VE_CONTEXT_CURRENT));
+    for (const unsigned texture : {sticker_, source_, mask_, options.outputTexture}) {
+        glDeleteTextures(1, &texture);
+    }
+}
+
+VEDrawn ExtRenderer::draw(const VEDrawOptions& drawOptions) {
+    VEDrawn drawn = VEMakeDrawn();
+    EXPECT_EQ(VE_OK, VEDraw(handle, &drawOptions, &drawn));
+    return drawn;
+}
+
+VEDrawn ExtRenderer::drawFrame(const Image* frame, const Image* mask) {
+    VEDrawOptions drawOptions = VEMakeDrawOptions();
+    drawOptions.frame = frame != nullptr ? frame->bytes.data() : nullptr;
+    drawOptions.mask = mask != nullptr ? mask->bytes.data() : nullptr;
+    return draw(drawOptions);
+}
+
+void ExtRenderer::show(const Scene& scene) {
+    VEDrawOptions drawOptions = VEMakeDrawOptions();
+    if (options.source == VE_SOURCE_TEXTURE_2D) {
+        Fill(source_, *scene.source);
+        drawOptions.sourceTexture = source_;
+        drawOptions.sourceMatrix = scene.sourceMatrix;
+    } else {
+        drawOptions.frame = scene.source->bytes.data();
+    }
+    if (scene.mask != nullptr && options.maskFormat != 0) {
+        drawOptions.mask = scene.mask->bytes.data();
+    } else if (scene.mask != nullptr) {
+        Fill(mask_, *scene.mask);
+        glBindTexture(GL_TEXTURE_2D, mask_);
+        const GLint filter = scene.softMask ? GL_LINEAR : GL_NEAREST;
+        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, filter);
+        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, filter);
+        drawOptions.maskTexture = mask_;
+    }
+    drawOptions.hideMask = scene.mask == nullptr;
+    drawOptions.mirror = !scene.colorMirror;
+    drawOptions.rotation = scene.rotation;
+    const VEView view = {scene.viewX, scene.viewY, scene.zoom};
+    drawOptions.view = &view;
+    std::vector<int32_t> pairs;
+    if (scene.sticker != nullptr) {
+        Fill(sticker_, *scene.sticker);
+        drawOptions.stickerTexture = sticker_;
+        for (const auto& [x, y] : scene.stickers) {
+            pairs.insert(pairs.end(), {x, y});
+        }
+    }
+    drawOptions.stickers = pairs.data();
+    drawOptions.stickerCount = pairs.size() / 2;
+    glClearColor(static_cast<float>(scene.clear[0]) / 255, static_cast<float>(scene.clear[1]) / 255,
+                 static_cast<float>(scene.clear[2]) / 255,
+                 static_cast<float>(scene.clear[3]) / 255);
+    EXPECT_TRUE(draw(drawOptions).picture);
+}
+
+void ExtRenderer::expectShows(const Scene& scene, int tolerance) {
+    show(scene);
+    ExpectShows(readBack(), scene, tolerance);
+}

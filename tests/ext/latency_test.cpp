@@ -1,0 +1,64 @@
+// When the guarded renderer draws which frame.
+
+#include <gtest/gtest.h>
+
+#include "ext/ExtRenderer.h"
+
+namespace {
+
+class ExtLatency : public testing::Test {
+protected:
+    TestContext context;
+    Image frames[3] = {Noise(6, 4, 4, 1), Noise(6, 4, 4, 2), Noise(6, 4, 4, 3)};
+    Image maskA = Solid(1, 1, {1, 1, 1, 50});
+    Image maskB = Solid(1, 1, {1, 1, 1, 60});
+
+    static VERendererOptions Options() {
+        VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 6, 4);
+        options.maskFormat = VE_MASK_RGBA;
+        options.maskWidth = options.maskHeight = 1;
+        return options;
+    }
+
+    static void Expect(const VEDrawn& drawn, bool picture, bool newPicture) {
+        EXPECT_EQ(picture, drawn.picture);
+        EXPECT_EQ(newPicture, drawn.newPicture);
+        EXPECT_EQ(VE_NO_TIME, drawn.ptsUs);
+    }
+
+    static Rgba WithAlpha(Rgba color, uint8_t alpha) {
+        color[3] = alpha;
+        return color;
+    }
+};
+
+TEST_F(ExtLatency, FramesAndMasksComeOneCallLaterAndNoneIsLost) {
+    ExtRenderer renderer(Options());
+    Image before = Noise(6, 4, 4, 9);
+    Fill(renderer.options.outputTexture, before);
+    Expect(renderer.drawFrame(nullptr), false, false);
+    Expect(renderer.drawFrame(&frames[0], &maskA), false, false);
+    EXPECT_EQ(before.bytes, renderer.readBack().bytes);
+    Expect(renderer.drawFrame(&frames[1], &maskB), true, true);
+    EXPECT_EQ(WithAlpha(frames[0].pixel(2, 3), 50), renderer.readBack().pixel(2, 3));
+    Expect(renderer.drawFrame(&frames[2]), true, true);
+    EXPECT_EQ(WithAlpha(frames[1].pixel(2, 3), 60), renderer.readBack().pixel(2, 3));
+    Expect(renderer.drawFrame(nullptr), true, true);
+    EXPECT_EQ(WithAlpha(frames[2].pixel(2, 3), 60), renderer.readBack().pixel(2, 3));
+    Expect(renderer.drawFrame(nullptr), true, false);
+    EXPECT_EQ(WithAlpha(frames[2].pixel(2, 3), 60), renderer.readBack().pixel(2, 3));
+}
+
+TEST_F(ExtLatency, OrAtOnce) {
+    VERendererOptions options = Options();
+    options.drawAtOnce = true;
+    ExtRenderer renderer(options);
+    Expect(renderer.drawFrame(nullptr), false, false);
+    Expect(renderer.drawFrame(&frames[0], &maskA), true, true);
+    EXPECT_EQ(WithAlpha(frames[0].pixel(2, 3), 50), renderer.readBack().pixel(2, 3));
+    Expect(renderer.drawFrame(&frames[1]), true, true);
+    EXPECT_EQ(WithAlpha(frames[1].pixel(2, 3), 50), renderer.readBack().pixel(2, 3));
+    Expect(renderer.drawFrame(nullptr), true, false);
+}
+
+}  // namespace

@@ -1,0 +1,219 @@
+// What the guarded renderer draws, against the model and against the seven functions.
+
+#include <gtest/gtest.h>
+
+#include "ext/ExtRenderer.h"
+#include "gl/GLES3.h"
+
+namespace {
+
+class ExtPicture : public testing::Test {
+protected:
+    TestContext context;
+    Image frame = Noise(40, 24, 4, 1);
+    Image rgbFrame = Noise(41, 23, 3, 2);
+    Image mask = Noise(9, 7, 4, 3);
+    Image sticker = Noise(3, 5, 4, 4);
+    Scene scene;
+
+    void SetUp() override {
+        std::fill_n(mask.at(2, 1), 4 * 5, uint8_t{0});
+        scene.source = &frame;
+        scene.clear = {10, 20, 30, 40};
+    }
+
+    void addMaskAndStickers() {
+        scene.mask = &mask;
+        scene.sticker = &sticker;
+        scene.stickers = {{20, 20}, {-1, -1}, {22, 18}, {60, 5}};
+    }
+};
+
+TEST_F(ExtPicture, EachRotationAndMirrorWithMaskStickersAndAViewInBothDirections) {
+    for (const int32_t source : {VE_SOURCE_TEXTURE_2D, VE_SOURCE_RGBA}) {
+        VERendererOptions options = OptionsOf(source, 40, 24);
+        options.outputWidth = 64;
+        options.outputHeight = 48;
+        options.drawAtOnce = true;
+        ExtRenderer renderer(options);
+        for (const bool decorated : {false, true}) {
+            if (decorated) {
+                addMaskAndStickers();
+            }
+            for (const int rotation : {0, 90, 180, 270}) {
+                scene.rotation = rotation;
+                scene.colorMirror = rotation % 180 == 0;
+                scene.viewX = 0.13F;
+                scene.viewY = -0.21F;
+                scene.zoom = 1.1F;
+                renderer.expectShows(scene);
+                scene.colorMirror = !scene.colorMirror;
+                scene.viewY = 0.4F;
+                scene.zoom = 3.7F;
+                renderer.expectShows(scene);
+            }
+        }
+        scene = Scene{};
+        scene.source = &frame;
+    }
+}
+
+TEST_F(ExtPicture, TheFirstRowTurnedByAQuarterBecomesTheLastColumn) {
+    VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 40, 24);
+    options.outputWidth = 24;
+    options.outputHeight = 40;
+    options.drawAtOnce = true;
+    ExtRenderer renderer(options);
+    VEDrawOptions draw = VEMakeDrawOptions();
+    draw.frame = frame.bytes.data();
+    draw.rotation = 90;
+    renderer.draw(draw);
+    const Image turned = renderer.readBack();
+    EXPECT_EQ(frame.pixel(0, 0), turned.pixel(23, 0));
+    EXPECT_EQ(frame.pixel(39, 0), turned.pixel(23, 39));
+    EXPECT_EQ(frame.pixel(5, 23), turned.pixel(0, 5));
+}
+
+TEST_F(ExtPicture, FitsPixelByPixelWithoutAView) {
+    for (const Image* image : {&frame, &rgbFrame}) {
+        VERendererOptions options = OptionsOf(image->channels == 4 ? VE_SOURCE_RGBA : VE_SOURCE_RGB,
+                                              image->width, image->height);
+        options.drawAtOnce = true;
+        ExtRenderer renderer(options);
+        renderer.drawFrame(image);
+        const Image drawn = renderer.readBack();
+        for (int y = 0; y < drawn.height; ++y) {
+            for (int x = 0; x < drawn.width; ++x) {
+                ASSERT_EQ(image->pixel(x, y), drawn.pixel(x, y));
+            }
+        }
+    }
+}
+
+TEST_F(ExtPicture, TheSourceMatrixCropsAndTurnsThePictureOnly) {
+    // A flip and a crop, as of a padded picture; the same turned; the texture's own orientation.
+    const float crop[16] = {0.75F, 0, 0, 0, 0, -0.8F, 0, 0, 0, 0, 1, 0, 0.1F, 0.9F, 0, 1};
+    const float turned[16] = {0, 0.8F, 0, 0, 0.7F, 0, 0, 0, 0, 0, 1, 0, 0.2F, 0.1F, 0, 1};
+    ExtRenderer renderer(OptionsOf(VE_SOURCE_TEXTURE_2D, 64, 48));
+    addMaskAndStickers();
+    for (const float* matrix : {crop, turned}) {
+        for (const int rotation : {0, 270}) {
+            scene.sourceMatrix = matrix;
+            scene.rotation = rotation;
+            scene.colorMirror = rotation != 0;
+            renderer.expectShows(scene);
+        }
+    }
+    // The matrix of an uncropped picture gives the same pixels as none.
+    const float flip[16] = {1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1, 0, 0, 1, 0, 1};
+    scene.rotation = 0;
+    scene.sourceMatrix = flip;
+    renderer.expectShows(scene);
+    const std::vector<uint8_t> withMatrix = renderer.readBack().bytes;
+    scene.sourceMatrix = nullptr;
+    renderer.expectShows(scene);
+    EXPECT_EQ(withMatrix, renderer.readBack().bytes);
+}
+
+TEST_F(ExtPicture, ManyStickersComeInOrder) {
+    ExtRenderer renderer(OptionsOf(VE_SOURCE_TEXTURE_2D, 64, 48));
+    scene.sticker = &sticker;
+    for (int i = 0; i < 100; ++i) {
+        scene.stickers.emplace_back(i % 61, 20 + i % 37);
+    }
+    renderer.expectShows(scene);
+}
+
+TEST_F(ExtPicture, AMaskTextureHasSoftEdges) {
+    // Transparent black in the middle of opaque white, with room between.
+    Image soft = Solid(12, 10, {255, 255, 255, 255});
+    for (int y = 3; y < 7; ++y) {
+        std::fill_n(soft.at(4, y), 4 * 4, uint8_t{0});
+    }
+    ExtRenderer renderer(OptionsOf(VE_SOURCE_TEXTURE_2D, 64, 48));
+    scene.mask = &soft;
+    scene.softMask = true;
+    scene.zoom = VE_ZOOM_FIT;
+    renderer.expectShows(scene, 2);
+    size_t between = 0;
+    const Image drawn = renderer.readBack();
+    for (int x = 0; x < drawn.width; ++x) {
+        between += drawn.pixel(x, 24)[3] > 0 && drawn.pixel(x, 24)[3] < 255 ? 1 : 0;
+    }
+    EXPECT_GT(between, 4U);
+}
+
+TEST_F(ExtPicture, TheLastMaskStaysAndBeforeTheFirstThePictureIsWhole) {
+    VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 40, 24);
+    options.drawAtOnce = true;
+    options.maskFormat = VE_MASK_RGBA;
+    options.maskWidth = mask.width;
+    options.maskHeight = mask.height;
+    ExtRenderer renderer(options);
+    scene.zoom = VE_ZOOM_FIT;
+    renderer.drawFrame(&frame);
+    ExpectShows(renderer.readBack(), scene);
+    renderer.drawFrame(nullptr, &mask);
+    renderer.drawFrame(&frame);
+    scene.mask = &mask;
+    ExpectShows(renderer.readBack(), scene);
+    scene.mask = nullptr;
+    renderer.expectShows(scene);  // Hides it.
+    renderer.drawFrame(nullptr);
+    scene.mask = &mask;
+    ExpectShows(renderer.readBack(), scene);
+}
+
+TEST_F(ExtPicture, IsThatOfTheSevenFunctionsBitForBit) {
+    for (const Image* image : {&frame, &rgbFrame}) {
+        const bool rgba = image->channels == 4;
+        VERendererOptions options =
+            OptionsOf(rgba ? VE_SOURCE_RGBA : VE_SOURCE_RGB, image->width, image->height);
+        options.maskFormat = VE_MASK_RGBA;
+        options.maskWidth = mask.width;
+        options.maskHeight = mask.height;
+        options.drawAtOnce = true;
+        ExtRenderer renderer(options);
+        RendererHarness seven({VE_OUTPUT_MASKED, rgba ? VE_MODE_RGBA : VE_MODE_RGB, image->width,
+                               image->height, VE_MASK_RGBA, mask.width, mask.height});
+        addMaskAndStickers();
+        scene.source = image;
+        for (const float zoom : {0.0F, VE_ZOOM_FIT, 2.0F, 3.3F}) {
+            for (const float x : {0.0F, 0.37F}) {
+                scene.zoom = zoom;
+                scene.viewX = x;
+                scene.colorMirror = !scene.colorMirror;
+                seven.show(scene);
+                renderer.show(scene);
+                EXPECT_EQ(seven.readBack().bytes, renderer.readBack().bytes);
+            }
+        }
+    }
+}
+
+TEST_F(ExtPicture, TheSevenFunctionsDrawItToo) {
+    VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 40, 24);
+    options.maskFormat = VE_MASK_RGBA;
+    options.maskWidth = mask.width;
+    options.maskHeight = mask.height;
+    ExtRenderer renderer(options);
+    Fill(options.outputTexture, frame);
+    VEStickerList stickers = {{20, 20}, {22, 18}};
+    const unsigned texture = NewTexture();
+    Fill(texture, sticker);
+    EXPECT_EQ(0, VEUpdateUserPosition(renderer.handle, 0.2F, 5, 3, 0));
+    EXPECT_EQ(0, VEUpdateRenderer(renderer.handle, frame.bytes.data(), 0, true, nullptr));
+    EXPECT_EQ(0, VEUpdateRendererWithSticker(renderer.handle, nullptr, 0, false, nullptr,
+                                             static_cast<int>(texture), stickers));
+    EXPECT_EQ(0, VEUpdateCompressedData(renderer.handle, frame.bytes.data(), 8));
+    glDeleteTextures(1, &texture);
+    scene.clear = {0, 0, 0, 0};
+    scene.viewX = 0.2F;
+    scene.zoom = 3;
+    scene.colorMirror = false;
+    scene.sticker = &sticker;
+    scene.stickers = stickers;
+    ExpectShows(renderer.readBack(), scene);
+}
+
+}  // namespace

@@ -1,0 +1,175 @@
+// From any GL state the picture is right, and with keepState the state is, too.
+
+#include <GLES3/gl32.h>
+#include <gtest/gtest.h>
+
+#include "decode/GlSnapshot.h"
+#include "ext/ExtRenderer.h"
+#include "gl/GLES3.h"
+
+namespace {
+
+using Names = std::set<std::string>;
+
+class ExtState : public testing::TestWithParam<bool> {
+protected:
+    TestContext context;
+    Image frame = Noise(31, 17, 3, 1);
+    Image mask = Noise(5, 3, 3, 2);
+    Image sticker = Noise(2, 2, 4, 3);
+    Scene scene;
+    std::vector<unsigned> textures = std::vector<unsigned>(6);
+
+    void bindToEverything() {
+        unsigned buffers[3];
+        unsigned samplers[2];
+        unsigned framebuffers[2];
+        unsigned vertexArray = 0;
+        glGenBuffers(3, buffers);
+        glGenSamplers(2, samplers);
+        glGenFramebuffers(2, framebuffers);
+        glGenVertexArrays(1, &vertexArray);
+        glGenTextures(6, textures.data());
+        for (GLuint unit = 0; unit < 3; ++unit) {
+            glActiveTexture(GL_TEXTURE0 + unit);
+            glBindTexture(GL_TEXTURE_2D, textures[2 * unit]);
+            glBindTexture(GL_TEXTURE_EXTERNAL_OES, textures[2 * unit + 1]);
+            glBindSampler(unit, samplers[unit % 2]);
+        }
+        glSamplerParameteri(samplers[0], GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
+        glBindVertexArray(vertexArray);
+        glBindBuffer(GL_ARRAY_BUFFER, buffers[0]);
+        glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, buffers[1]);
+        glBindBuffer(GL_PIXEL_UNPACK_BUFFER, buffers[2]);
+        glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffers[0]);
+        glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffers[1]);
+    }
+
+    static void setHostileState() {
+        for (const GLenum capability :
+             {GL_BLEND, GL_SCISSOR_TEST, GL_DEPTH_TEST, GL_STENCIL_TEST, GL_CULL_FACE,
+              GL_RASTERIZER_DISCARD, GL_PRIMITIVE_RESTART_FIXED_INDEX, GL_SAMPLE_COVERAGE,
+              GL_SAMPLE_ALPHA_TO_COVERAGE, GL_POLYGON_OFFSET_FILL}) {
+            glEnable(capability);
+        }
+        glDisablei(GL_BLEND, 1);
+        glColorMaski(2, GL_TRUE, GL_TRUE, GL_FALSE, GL_FALSE);
+        glColorMaski(0, GL_FALSE, GL_TRUE, GL_FALSE, GL_FALSE);
+        glBlendFunc(GL_ZERO, GL_ZERO);
+        glScissor(1, 1, 1, 1);
+        glDepthFunc(GL_NEVER);
+        glStencilFunc(GL_NEVER, 0, 0);
+        glCullFace(GL_FRONT_AND_BACK);
+        glSampleCoverage(0, GL_FALSE);
+        glViewport(3, 4, 5, 6);
+        glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
+        glPixelStorei(GL_UNPACK_ROW_LENGTH, 77);
+        glPixelStorei(GL_UNPACK_SKIP_ROWS, 3);
+        glPixelStorei(GL_UNPACK_SKIP_PIXELS, 5);
+        glActiveTexture(GL_TEXTURE2);
+    }
+
+    static void expectPerBufferStateKept() {
+        EXPECT_TRUE(glIsEnabledi(GL_BLEND, 0));
+        EXPECT_FALSE(glIsEnabledi(GL_BLEND, 1));
+        EXPECT_TRUE(glIsEnabledi(GL_BLEND, 2));
+        GLboolean channels[4];
+        glGetBooleani_v(GL_COLOR_WRITEMASK, 2, channels);
+        EXPECT_TRUE(channels[0] && channels[1] && !channels[2] && !channels[3]);
+    }
+};
+
+TEST_P(ExtState, PictureAndStateAreRightFromAnyState) {
+    VERendererOptions options = OptionsOf(VE_SOURCE_RGB, 31, 17);
+    options.keepState = GetParam();
+    options.maskFormat = VE_MASK_RGB;
+    options.maskWidth = mask.width;
+    options.maskHeight = mask.height;
+    const unsigned stickerTexture = NewTexture();
+    Fill(stickerTexture, sticker);
+    const int32_t place[] = {15, 15};
+    VEDrawOptions draw = VEMakeDrawOptions();
+    draw.frame = frame.bytes.data();
+    draw.mask = mask.bytes.data();
+    draw.stickerTexture = stickerTexture;
+    draw.stickers = place;
+    draw.stickerCount = 1;
+    glEnable(GL_DITHER);
+    bindToEverything();
+    setHostileState();
+    glGetError();
+
+    const GlSnapshot before;
+    VERenderer* renderer = nullptr;
+    ASSERT_EQ(VE_OK, VECreateRenderer(&options, &renderer));
+    EXPECT_EQ(Names{}, GlSnapshot().ChangedSince(before)) << "by creation";
+    for (int call = 0; call < 2; ++call) {
+        ASSERT_EQ(VE_OK, VEDraw(renderer, &draw, nullptr));
+        if (GetParam()) {
+            EXPECT_EQ(Names{}, GlSnapshot().ChangedSince(before)) << "by a draw";
+            expectPerBufferStateKept();
+        } else {
+            bindToEverything();
+            setHostileState();
+        }
+    }
+    const GlSnapshot beforeClose;
+    EXPECT_EQ(VE_OK, VECloseRenderer(renderer, VE_CONTEXT_CURRENT));
+    EXPECT_EQ(Names{}, GlSnapshot().ChangedSince(beforeClose)) << "by closing";
+    EXPECT_EQ(GLenum{GL_NO_ERROR}, glGetError());
+
+    scene.source = &frame;
+    scene.mask = &mask;
+    scene.sticker = &sticker;
+    scene.stickers = {{15, 15}};
+    scene.zoom = VE_ZOOM_FIT;
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    ExpectShows(ReadBack(options.outputTexture, 31, 17), scene);
+}
+
+INSTANTIATE_TEST_SUITE_P(KeepState, ExtState, testing::Bool());
+
+TEST_F(ExtState, TransformFeedbackGoesOn) {
+    const char* vertexShader =
+        "#version 300 es\nout float v;void main(){v=1.0;gl_Position=vec4(0);}";
+    const char* fragmentShader = "#version 300 es\nvoid main(){}";
+    const GLuint program = glCreateProgram();
+    for (const auto& [stage, text] :
+         {std::pair{GL_VERTEX_SHADER, vertexShader}, {GL_FRAGMENT_SHADER, fragmentShader}}) {
+        const GLuint shader = glCreateShader(static_cast<GLenum>(stage));
+        glShaderSource(shader, 1, &text, nullptr);
+        glCompileShader(shader);
+        glAttachShader(program, shader);
+    }
+    const char* varying = "v";
+    glTransformFeedbackVaryings(program, 1, &varying, GL_INTERLEAVED_ATTRIBS);
+    glLinkProgram(program);
+    unsigned buffer = 0;
+    glGenBuffers(1, &buffer);
+    glBindBufferBase(GL_TRANSFORM_FEEDBACK_BUFFER, 0, buffer);
+    glBufferData(GL_TRANSFORM_FEEDBACK_BUFFER, 64, nullptr, GL_DYNAMIC_COPY);
+
+    VERendererOptions options = OptionsOf(VE_SOURCE_RGB, 31, 17);
+    options.keepState = true;
+    options.drawAtOnce = true;
+    unsigned framebuffer = 0;
+    glGenFramebuffers(1, &framebuffer);
+    textures[0] = NewTexture();
+    Fill(textures[0], frame);
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
+    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, textures[0], 0);
+    glUseProgram(program);
+    glBeginTransformFeedback(GL_POINTS);
+    {
+        ExtRenderer renderer(options);
+        renderer.drawFrame(&frame);
+    }
+    GLint paused = GL_TRUE;
+    glGetIntegerv(GL_TRANSFORM_FEEDBACK_PAUSED, &paused);
+    EXPECT_EQ(GL_FALSE, paused);
+    glDrawArrays(GL_POINTS, 0, 1);
+    glEndTransformFeedback();
+    EXPECT_EQ(GLenum{GL_NO_ERROR}, glGetError());
+}
+
+}  // namespace
