@@ -2,6 +2,8 @@
 
 #include "render/VEExport.h"
 
-/// Keeps the application's choice, and logs it. The library runs no timer queries of its own yet.
+/// Stores and logs whether GPU timer queries are allowed. The library makes no such queries, so the
+/// value has no other effect.
+///
 /// \thread any.
 VE_EXPORT void SetAllowGpuTimerQueries(int allow);

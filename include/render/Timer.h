@@ -6,9 +6,9 @@
 
 #include "render/VEExport.h"
 
-/// A stopwatch on the system's wall clock, with a resolution of a microsecond.
+/// Measures time with the system's wall clock, in steps of a microsecond.
 ///
-/// \thread one at a time.
+/// \thread any, but only one thread at a time may use an object.
 class VE_EXPORT Timer {
 public:
     Timer();
@@ -17,14 +17,14 @@ public:
     void start();
     void stop();
 
-    /// Time from start to stop or, while running, to now.
+    /// Time from start to stop, or to now if stop was not called.
     double getElapsedTimeInMicroSec();
     double getElapsedTimeInMilliSec();
     double getElapsedTimeInSec();
-    /// Seconds.
+    /// The same as getElapsedTimeInSec.
     double getElapsedTime();
 
-    /// Milliseconds of the wall clock in 32 bits: it wraps, so only differences mean anything.
+    /// The low 32 bits of the wall clock's milliseconds. Use them only for differences.
     static int getTimeNowInMilliSec();
 
 private:

@@ -1,4 +1,4 @@
 #pragma once
 
-/// Marks what the shared library exports; everything else is compiled hidden.
+/// Marks what the shared library exports. All other symbols are hidden.
 #define VE_EXPORT __attribute__((visibility("default")))

@@ -17,7 +17,7 @@ VERendererBase* AsRenderer(void* handle) {
     return static_cast<VERendererBase*>(handle);
 }
 
-/// The handle must be the address of the base, which AsRenderer expects.
+/// AsRenderer expects the address of the base.
 void* AsHandle(VERendererBase* renderer) {
     return renderer;
 }

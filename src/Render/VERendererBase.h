@@ -4,7 +4,7 @@
 
 #include "render/VERenderer.h"
 
-/// A renderer behind a handle; the handle is this object's address.
+/// A renderer. Its handle is the address of this object.
 ///
 /// VEDestroyRenderer calls Destroy, runs this class's destructor and frees the memory. It does not
 /// know the kind of renderer, so a subclass must not need a destructor.
@@ -22,11 +22,11 @@ public:
     /// Draws one frame. \return 0.
     virtual int Update(void* data, unsigned int size, bool colorMirror, void* maskData,
                        int stickerTexture, VEStickerList& stickers) = 0;
-    /// Releases everything the renderer owns; harmless when repeated.
+    /// Releases everything that the renderer owns. A second call does nothing more.
     virtual void Destroy() = 0;
     /// Hands one compressed access unit to the decoder. \return 0.
     virtual int UpdateCompressedData(void* data, int size) = 0;
-    /// Forwards a view position to the filter. \return 0.
+    /// Passes a view position to the filter. \return 0.
     virtual int UpdateUserPosition(float a, float b, float c, float d) = 0;
 
 protected:

@@ -4,8 +4,8 @@
 
 namespace {
 
-/// Brings the kernel's services up when the library is loaded and down when it is unloaded or the
-/// process exits. Log and allocator are made in the constructor, so they are destroyed after it.
+/// Starts the kernel's services when the library is loaded, and ends them when it is unloaded or
+/// the process exits. The constructor creates log and allocator, so they are destroyed after this.
 struct InitShutdown {
     InitShutdown() {
         OVR::Log* log = OVR::Log::GetDefaultLog();

@@ -15,8 +15,8 @@ namespace {
 // Frozen: log tags
 constexpr char kSourceFile[] = "src/common/VELog.cpp";
 
-/// Set sizes in bytes, in the order tried. The kernel only takes multiples of its own word, so
-/// 64-bit systems get one more attempt.
+/// Sizes of the CPU set in bytes, in the order in which they are tried. A 64-bit kernel takes only
+/// multiples of 8.
 constexpr size_t kSetSizes[] = {4, 2, 1,
 #if defined(__LP64__)
                                 8

@@ -46,7 +46,7 @@ double Timer::getElapsedTime() {
 int Timer::getTimeNowInMilliSec() {
     timeval now = {};
     gettimeofday(&now, nullptr);
-    // Unsigned, where wrapping is defined.
+    // Frozen: clock
     const uint32_t milliseconds =
         static_cast<uint32_t>(now.tv_sec) * 1000U + static_cast<uint32_t>(now.tv_usec) / 1000U;
     return static_cast<int32_t>(milliseconds);

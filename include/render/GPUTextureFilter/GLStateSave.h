@@ -2,10 +2,11 @@
 
 #include <cstdint>
 
-/// Captures GL state when constructed and puts it back when destroyed: blending, scissor, depth and
-/// culling state and the GL_ARRAY_BUFFER binding. The vertex array is reset to 0. Not exported.
+/// Saves GL state in its constructor and restores it in its destructor: blending, scissor, depth
+/// and culling state and the GL_ARRAY_BUFFER binding. The destructor sets the vertex array to 0.
+/// Not exported.
 ///
-/// \thread the GL thread; both ends need the same context current.
+/// \thread the GL thread, with the same context current at construction and destruction.
 class GLStateSave {
 public:
     GLStateSave();

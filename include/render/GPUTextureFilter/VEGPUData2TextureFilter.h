@@ -2,11 +2,11 @@
 
 #include "render/GPUTextureFilter/VEGPUTextureFilterBaseImpl.h"
 
-/// A texture filter whose picture and mask arrive as CPU pixels. Not exported.
+/// A texture filter whose frames and masks come from CPU memory. Not exported.
 ///
-/// Pixels are tight rows, first row first, of the whole texture; they are read during the call
-/// only. Null completes the pending upload and queues nothing. What is drawn is the previous call's
-/// frame.
+/// Pixels are rows of the whole texture without padding, first row first. They are read only during
+/// the call. Null completes the pending upload and starts none. Each call draws the frame of the
+/// call before.
 ///
 /// \thread the GL thread.
 class GPUData2TextureFilter : public GPUTextureFilterBaseImpl {
@@ -14,13 +14,13 @@ public:
     using GPUTextureFilterBaseImpl::GPUTextureFilterBaseImpl;
     ~GPUData2TextureFilter();
 
-    /// The first call of a fresh filter only creates the source texture: its pixels are not used
-    /// and nothing is drawn.
+    /// The first call of a new filter only creates the source texture. It does not use its pixels
+    /// and draws nothing.
     void Draw2FilterTexture(const void* pixels, bool mirror, int32_t stickerTexture,
                             const VEStickerList& stickers);
 
-    /// As Draw2FilterTexture, keyed by a mask. The first two calls of a fresh filter only create
-    /// the source texture and the mask texture, in this order.
+    /// Like Draw2FilterTexture, with a mask. The first call of a new filter only creates the source
+    /// texture, the second only the mask texture.
     void Draw2ExtractFilterTexture(const void* pixels, bool mirror, const void* maskPixels,
                                    int32_t stickerTexture, const VEStickerList& stickers);
 

@@ -5,26 +5,26 @@
 #include "render/GPUTextureFilter/GLFbo.h"
 #include "render/GPUTextureFilter/GLTexture.h"
 
-/// Makes and deletes the GL objects of a texture filter. Not exported.
+/// Creates and deletes the GL objects of a texture filter. Not exported.
 ///
 /// \thread the GL thread.
 class GPUTextureFilterBase {
 public:
-    /// Loads the GL entry points; a failure is logged and construction goes on.
+    /// Loads the GL entry points. Logs a failure and goes on.
     GPUTextureFilterBase();
 
-    /// \return the program's name, 0 when it could not be built. Its shaders stay with the context.
+    /// \return the name of the program, or 0 if it cannot be built. Its shaders are never deleted.
     static uint32_t BuildGLProgram(const char* vertexSource, const char* fragmentSource);
     static void DeleteGLProgram(uint32_t program);
 
-    /// \return a framebuffer with nothing attached yet, for DeleteFBO.
+    /// \return a framebuffer without attachments. Delete it with DeleteFBO.
     static GLFbo* GeneratorFBO(uint32_t width, uint32_t height, uint32_t format);
     static void DeleteFBO(GLFbo* fbo);
 
-    /// \return a new texture, for DeleteTexture. See GLTexture for the arguments.
+    /// \return a new texture. Delete it with DeleteTexture. The arguments are those of GLTexture.
     static GLTexture* GeneratorTexture(uint32_t format, uint32_t width, uint32_t height,
                                        bool usePbo);
-    /// As GeneratorTexture, around a texture name that the record takes over.
+    /// Like GeneratorTexture, with the name of an existing texture, which DeleteTexture deletes.
     static GLTexture* GeneratorTextureWithId(uint32_t format, uint32_t texture, uint32_t width,
                                              uint32_t height, bool usePbo);
     static void DeleteTexture(GLTexture* texture);

@@ -7,18 +7,18 @@
 #include "render/GPUTextureFilter/VEGPUTextureFilterBase.h"
 #include "render/VEStickerList.h"
 
-/// The texture filter: draws a picture, keyed by a mask and overlaid with stickers, into the
-/// caller's texture under a movable perspective view. Not exported.
+/// The texture filter draws a picture into the caller's texture: with a mask, with stickers, in a
+/// perspective view that can move. Not exported.
 ///
-/// Program and framebuffer are made by the first draw, which fixes the choice of shaders.
+/// The first draw creates the program and the framebuffer and chooses the shaders for all draws.
 ///
 /// \thread the GL thread.
 class GPUTextureFilterBaseImpl : public GPUTextureFilterBase {
 public:
-    /// Stands for "no mask", and for a program not built yet.
+    /// Stands for "no mask", and for a program that is not built yet.
     static constexpr uint32_t kNone = 0xFFFFFFFFU;
 
-    /// \param width, height of source and target alike: the output has the size of its source.
+    /// \param width, height the size of the source and of the target.
     GPUTextureFilterBaseImpl(uint32_t targetTexture, uint32_t targetFormat, uint32_t sourceFormat,
                              uint32_t width, uint32_t height, uint32_t maskFormat,
                              uint32_t maskWidth, uint32_t maskHeight);
@@ -26,17 +26,17 @@ public:
     GPUTextureFilterBaseImpl(const GPUTextureFilterBaseImpl&) = delete;
     GPUTextureFilterBaseImpl& operator=(const GPUTextureFilterBaseImpl&) = delete;
 
-    /// Moves the camera to (\p x, 0, 3 - zoom / 2), looking at (x, 0, 0). Takes effect at the next
-    /// draw. \p y and \p w are accepted and ignored: the view has no vertical movement.
+    /// Moves the camera to (\p x, 0, 3 - zoom / 2), looking at (x, 0, 0), for the next draws. \p y
+    /// and \p w are ignored.
     void updateMatrixState(float x, float y, float zoom, float w);
 
-    /// Rebuilds the sticker mesh for a sticker anchored at output pixel (\p x, \p y), counted from
-    /// the first row; (-1, -1) hides the sticker and keeps the mesh.
+    /// Rebuilds the sticker mesh for the anchor (\p x, \p y), in pixels of the output from the
+    /// first row and column. (-1, -1) hides the sticker and keeps the mesh.
     void updateStickerPaintPosition(int32_t x, int32_t y);
 
-    /// \param sourceIsExternal the source is a GL_TEXTURE_EXTERNAL_OES instead of a GL_TEXTURE_2D.
-    /// \param maskTexture      kNone for none.
-    /// \param stickerTexture   negative for none.
+    /// \param sourceIsExternal the source is a GL_TEXTURE_EXTERNAL_OES, not a GL_TEXTURE_2D.
+    /// \param maskTexture      kNone for no mask.
+    /// \param stickerTexture   a negative number for no stickers.
     void draw(uint32_t sourceTexture, uint32_t maskTexture, bool mirror, bool sourceIsExternal,
               int32_t stickerTexture, const VEStickerList& stickers);
 

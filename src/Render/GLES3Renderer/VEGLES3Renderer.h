@@ -16,5 +16,5 @@ public:
     int UpdateUserPosition(float a, float b, float c, float d) override;
 
 private:
-    GPUData2TextureFilter* filter;  ///< Owned; null after Destroy.
+    GPUData2TextureFilter* filter;  ///< Owned. Null after Destroy.
 };

@@ -23,7 +23,7 @@ const char kFilterVertexShader[] =
 
 namespace {
 
-// The sources differ in the type of Texture0 alone.
+// The sources differ only in the type of Texture0.
 #define FLAG "uniform bool vSticker;\n"
 #define EXTERNAL_SOURCE "uniform samplerExternalOES Texture0;\n"
 #define TEXTURE_2D_SOURCE "uniform sampler2D Texture0;\n"

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The numbers by which the log names the error checks of the filter.
+/// The error checks of the filter, with their numbers in the log.
 // Frozen: check numbers
 enum class DrawCheck {
     // Locations of uniforms, at the first draw.
@@ -50,7 +50,7 @@ enum class DrawCheck {
     // Every sticker.
     StickerFlagOn = 308,
 
-    // What is reset after the draw.
+    // Bindings that are set to 0 after the draw.
     UnbindVertexArrayOES = 314,
     UnbindVertexArray = 315,
     UnbindProgram = 316,
@@ -58,6 +58,6 @@ enum class DrawCheck {
     UnbindFramebuffer = 318,
 };
 
-/// Makes one glGetError call and logs its code, if it has one, with the number of \p check. Further
-/// errors in GL's queue appear at later checks. Control flow never depends on them.
+/// Calls glGetError once and logs an error with the number of \p check. Nothing else depends on the
+/// result.
 void CheckGLError(DrawCheck check);

@@ -21,7 +21,7 @@ void SetTexParameters() {
     GLES3::glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
 }
 
-/// Gives the bound texture its storage and fills it from \p data.
+/// Allocates the bound texture and fills it from \p data.
 void SpecifyImage(const GLTexture& texture, const void* data) {
     GLES3::glTexImage2D(GL_TEXTURE_2D, 0, static_cast<GLint>(texture.m_format),
                         static_cast<GLsizei>(texture.m_width),
@@ -82,8 +82,9 @@ void GLTexture::finishPending() {
     m_pendingPbo = -1;
 }
 
-/// Writes the frame into the next buffer, whose old store is orphaned first so that the GL may
-/// still read it. A buffer that cannot be mapped drops the frame.
+/// Writes the frame into the next buffer. Its old memory is orphaned first, since GL may still read
+/// from it.
+// Frozen: dropped frame
 void GLTexture::queue(const void* data) {
     const auto size = static_cast<GLsizeiptr>(m_byteSize);
     GLES3::glBindBuffer(GL_PIXEL_UNPACK_BUFFER, m_pbo[m_nextPbo]);

@@ -37,7 +37,7 @@ Vector Normalize(const Vector& v) {
 }  // namespace
 
 Matrix Perspective(double fovYDegrees, float aspect, float zNear, float zFar) {
-    // In double, so that the scale is the float nearest to 1 / tan.
+    // Computed in double: the scale is the float that is nearest to 1 / tan.
     const double scale = 1.0 / std::tan(fovYDegrees * (OVR::Math<double>::Pi / 360.0));
     Matrix m = {};
     m.M[0][0] = static_cast<float>(scale / aspect);

@@ -3,7 +3,7 @@
 #include "kernel/Matrix4.h"
 #include "kernel/Vector.h"
 
-/// The matrices of a view. Points are columns: clip = projection × view × point.
+// The matrices of a view. Points are columns: clip = projection × view × point.
 
 /// Right-handed perspective projection onto the clip cube [-1, 1]³.
 /// \param fovYDegrees vertical field of view. \param aspect width / height.
@@ -14,10 +14,10 @@ OVR::Matrix4<float> Perspective(double fovYDegrees, float aspect, float zNear, f
 OVR::Matrix4<float> LookAt(const OVR::Vector3<float>& eye, const OVR::Vector3<float>& target,
                            const OVR::Vector3<float>& up);
 
-/// left × right: \p right is applied first.
+/// \return left × right.
 OVR::Matrix4<float> Multiply(const OVR::Matrix4<float>& left, const OVR::Matrix4<float>& right);
 
-/// The renderers' camera: a vertical field of view of 47 degrees, for a square output.
+/// The projection of the renderers' camera: a vertical field of view of 47 degrees, aspect 1.
 OVR::Matrix4<float> CameraProjection();
 
 /// The camera at (\p x, \p y, 3 - zoom / 2), which looks at (x, y, 0). At zoom 6 it stands in the

@@ -32,7 +32,7 @@ AMediaCodec* MakeCodec(ANativeWindow* window, int width, int height, const char*
     return codec;
 }
 
-/// Try again, or a change of format or buffers: no error.
+/// "Try again", a new format and new buffers are not errors.
 bool IsNotice(ssize_t index) {
     return index < 0 && index >= AMEDIACODEC_INFO_OUTPUT_BUFFERS_CHANGED;
 }

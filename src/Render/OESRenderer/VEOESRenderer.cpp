@@ -28,7 +28,7 @@ T Checked(T result, const char* failure) {
     return result;
 }
 
-/// Start routine of the decoder thread; owns its argument, a share in the loop.
+/// Start routine of the decoder thread. Owns its argument: a shared pointer to the loop.
 void* Codec_Thread_Fun(void* argument) {
     pthread_detach(pthread_self());  // Frozen: decoder thread
     const std::unique_ptr<std::shared_ptr<DecodeLoop>> loop(
@@ -94,7 +94,7 @@ void VEOESRenderer::startDecoding(const VERendererMode& mode) {
         std::make_shared<DecodeLoop>(env, surface, mode.textureWidth, mode.textureHeight, mimeType);
     auto threadsShare = std::make_unique<std::shared_ptr<DecodeLoop>>(decoding);
     if (pthread_create(&decodeThread, nullptr, Codec_Thread_Fun, threadsShare.get()) == 0) {
-        (void)threadsShare.release();  // The thread's now.
+        (void)threadsShare.release();  // The thread owns it.
     }
 }
 

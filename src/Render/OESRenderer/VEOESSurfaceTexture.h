@@ -5,20 +5,20 @@
 #include <cstdint>
 
 /// An external OES texture and the android.graphics.SurfaceTexture that fills it. JNI failures are
-/// logged and leave null: the calls concerned then do nothing.
+/// logged. Calls that need what is missing then do nothing.
 ///
-/// \thread the creating thread, to which both \p env and the GL context belong.
+/// \thread the creating thread: \p env and the GL context belong to it.
 class OESSurfaceTexture {
 public:
     explicit OESSurfaceTexture(JNIEnv* env);
-    /// Deletes the texture and drops the Java object, without its release().
+    /// Deletes the texture and the reference to the Java object. Does not call release().
     ~OESSurfaceTexture();
     OESSurfaceTexture(const OESSurfaceTexture&) = delete;
     OESSurfaceTexture& operator=(const OESSurfaceTexture&) = delete;
 
-    /// Latches the newest image into the texture. A Java exception stays pending.
+    /// Calls updateTexImage: the texture gets the newest picture. A Java exception stays pending.
     void Update();
-    /// Size in pixels of images whose producer sets none.
+    /// Sets the size in pixels of pictures whose producer sets no size.
     void SetDefaultBufferSize(int width, int height);
 
     uint32_t GetTextureId() const { return textureId; }
