@@ -149,7 +149,7 @@ Image Painter::Draw(const Scene& scene) {
     GLES3::glClearColor(kPaper[0], kPaper[1], kPaper[2], 1);
     GLES3::glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     GLES3::glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
-    if (scene.paint == Paint::Shade) {
+    if (scene.paint == Paint::kShade) {
         DrawPhotoBehind();
     }
     DrawMesh(scene, ViewProjectionOf(scene));
@@ -158,8 +158,8 @@ Image Painter::Draw(const Scene& scene) {
 
 Matrix Painter::ViewProjectionOf(const Scene& scene) const {
     const float aspect = static_cast<float>(size_.width) / static_cast<float>(size_.height);
-    return scene.paint == Paint::Shade ? Matrix::IdentityValue
-                                       : scene.camera.ViewProjection(aspect);
+    return scene.paint == Paint::kShade ? Matrix::IdentityValue
+                                        : scene.camera.ViewProjection(aspect);
 }
 
 /// Draws the photo over the whole target, behind everything else.
@@ -178,15 +178,15 @@ void Painter::DrawPhotoBehind() {
 
 void Painter::DrawMesh(const Scene& scene, const Matrix& viewProjection) {
     OVR::GlGeometry mesh = scene.build();
-    if (scene.paint == Paint::Lines) {
+    if (scene.paint == Paint::kLines) {
         DrawLines(mesh, viewProjection, 1);
         return;
     }
     const OVR::GlProgram& program = ProgramFor(scene.paint);
     Use(program, viewProjection);
     GLES3::glUniform1f(program.Uniforms[kTexCoordOffset].Location, scene.texCoordOffset);
-    GLES3::glBindTexture(GL_TEXTURE_2D, textures_[scene.paint == Paint::Panorama ? 0 : 1]);
-    scene.paint == Paint::Shade ? BlendMultiplied() : BlendOver();
+    GLES3::glBindTexture(GL_TEXTURE_2D, textures_[scene.paint == Paint::kPanorama ? 0 : 1]);
+    scene.paint == Paint::kShade ? BlendMultiplied() : BlendOver();
     DrawFarSideFirst(mesh);
     if (scene.edges > 0) {
         DrawLines(EdgesOf(mesh), viewProjection, scene.edges);
@@ -206,9 +206,9 @@ void Painter::DrawLines(OVR::GlGeometry lines, const Matrix& viewProjection, flo
 
 const OVR::GlProgram& Painter::ProgramFor(Paint paint) const {
     switch (paint) {
-        case Paint::Faces: return faces_;
-        case Paint::Shade: return vertexColor_;
-        case Paint::Lines: return oneColor_;
+        case Paint::kFaces: return faces_;
+        case Paint::kShade: return vertexColor_;
+        case Paint::kLines: return oneColor_;
         default: return picture_;
     }
 }

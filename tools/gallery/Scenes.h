@@ -8,11 +8,11 @@
 
 /// How the triangles of a mesh are painted. Lines have one color.
 enum class Paint {
-    Faces,     ///< Front faces in one color, back faces in another, lit and opaque.
-    Panorama,  ///< With the equirectangular picture.
-    Photo,     ///< With the photo.
-    Shade,     ///< The photo multiplied by the vertex color, over the whole picture.
-    Lines,
+    kFaces,     ///< Front faces in one color, back faces in another, lit and opaque.
+    kPanorama,  ///< With the equirectangular picture.
+    kPhoto,     ///< With the photo.
+    kShade,     ///< The photo multiplied by the vertex color, over the whole picture.
+    kLines,
 };
 
 /// One picture of the gallery.
