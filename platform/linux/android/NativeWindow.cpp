@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
 
 namespace {
 
@@ -11,6 +12,8 @@ int64_t Now() {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
     return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
 }
+
+std::atomic<bool> strict{getenv("LINUX_PLATFORM_STRICT") != nullptr};
 
 }  // namespace
 
@@ -92,6 +95,22 @@ int32_t ANativeWindow_unlockAndPost(ANativeWindow* window) {
     lock.unlock();
     window->queue->Queue(std::move(frame));
     return 0;
+}
+
+int native_window_is_strict(void) {
+    return strict ? 1 : 0;
+}
+
+void native_window_set_strict(int on) {
+    strict = on != 0;
+}
+
+ANativeWindow* native_window_new_reference(ANativeWindow* window) {
+    if (strict) {
+        return new ANativeWindow(window->queue);
+    }
+    ANativeWindow_acquire(window);
+    return window;
 }
 
 int native_window_set_buffers_timestamp(ANativeWindow* window, int64_t timestampNs) {

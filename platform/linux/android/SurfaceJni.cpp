@@ -1,5 +1,6 @@
 #include <android/native_window_jni.h>
 #include <android_view_Surface.h>
+#include <system/window.h>
 
 #include "Jni.h"
 #include "NativeWindow.h"
@@ -40,7 +41,7 @@ ANativeWindow* ANativeWindow_fromSurface(JNIEnv* env, jobject surface) {
     env->MonitorEnter(surface);
     auto* window = FromJava<ANativeWindow>(LongField(env, surface, "window"));
     if (window != nullptr) {
-        ANativeWindow_acquire(window);
+        window = native_window_new_reference(window);
     }
     env->MonitorExit(surface);
     return window;

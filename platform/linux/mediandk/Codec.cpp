@@ -10,14 +10,21 @@ namespace {
 
 constexpr ssize_t kNotStarted = AMEDIA_ERROR_INVALID_OPERATION;
 
+int32_t Int32Or0(const AMediaFormat& format, const char* name) {
+    const auto* value = format.Find<int32_t>(name);
+    return value != nullptr ? *value : 0;
+}
+
+size_t SizeOr0(const AMediaFormat& format, const char* name) {
+    return static_cast<size_t>(std::max(0, Int32Or0(format, name)));
+}
+
 /// No unit is larger than an uncompressed picture.
-size_t CapacityFor(const AMediaFormat& format, int width, int height) {
+size_t GenerousCapacity(const AMediaFormat& format) {
     constexpr size_t kLeast = 1 << 20;
     constexpr size_t kMostBytesPerPixel = 3;
-    const auto* wanted = format.Find<int32_t>(AMEDIAFORMAT_KEY_MAX_INPUT_SIZE);
-    const size_t rawSize =
-        kMostBytesPerPixel * static_cast<size_t>(width) * static_cast<size_t>(height);
-    return std::max({kLeast, rawSize, static_cast<size_t>(wanted != nullptr ? *wanted : 0)});
+    return std::max(kLeast, kMostBytesPerPixel * SizeOr0(format, AMEDIAFORMAT_KEY_WIDTH) *
+                                SizeOr0(format, AMEDIAFORMAT_KEY_HEIGHT));
 }
 
 std::vector<uint8_t> ParameterSets(const AMediaFormat& format) {
@@ -30,9 +37,15 @@ std::vector<uint8_t> ParameterSets(const AMediaFormat& format) {
     return sets;
 }
 
-int TransformFor(const AMediaFormat& format) {
-    const auto* degrees = format.Find<int32_t>("rotation-degrees");
-    switch (degrees != nullptr ? *degrees : 0) {
+PictureFormat Expected(const AMediaFormat& format) {
+    PictureFormat expected;
+    expected.width = expected.bufferWidth = Int32Or0(format, AMEDIAFORMAT_KEY_WIDTH);
+    expected.height = expected.bufferHeight = Int32Or0(format, AMEDIAFORMAT_KEY_HEIGHT);
+    return expected;
+}
+
+int TransformFor(int degrees) {
+    switch (degrees % 360) {
         case 90: return ANATIVEWINDOW_TRANSFORM_ROTATE_90;
         case 180: return ANATIVEWINDOW_TRANSFORM_ROTATE_180;
         case 270: return ANATIVEWINDOW_TRANSFORM_ROTATE_270;
@@ -40,9 +53,9 @@ int TransformFor(const AMediaFormat& format) {
     }
 }
 
-bool IsSize(const int32_t* value) {
+bool IsSize(int32_t value) {
     constexpr int32_t kLargest = 1 << 14;
-    return value != nullptr && *value > 0 && *value <= kLargest;
+    return value > 0 && value <= kLargest;
 }
 
 }  // namespace
@@ -51,19 +64,19 @@ media_status_t Codec::Configure(const AMediaFormat& format, ANativeWindow* windo
     if (flags != 0) {
         return AMEDIA_ERROR_UNSUPPORTED;
     }
-    const auto* width = format.Find<int32_t>(AMEDIAFORMAT_KEY_WIDTH);
-    const auto* height = format.Find<int32_t>(AMEDIAFORMAT_KEY_HEIGHT);
-    if (!IsSize(width) || !IsSize(height)) {
+    if (!IsSize(Int32Or0(format, AMEDIAFORMAT_KEY_WIDTH)) ||
+        !IsSize(Int32Or0(format, AMEDIAFORMAT_KEY_HEIGHT))) {
         return AMEDIA_ERROR_INVALID_PARAMETER;
     }
     const std::lock_guard<std::mutex> lock(mutex_);
     if (configuration_) {
         return AMEDIA_ERROR_INVALID_OPERATION;
     }
-    configuration_ = Configuration{{},
-                                   CapacityFor(format, *width, *height),
+    const int degrees = Int32Or0(format, "rotation-degrees") + behavior_.Get().rotation;
+    configuration_ = Configuration{Expected(format),
+                                   {InputCapacity(format), strict_},
                                    ParameterSets(format),
-                                   TransformFor(format),
+                                   TransformFor(degrees),
                                    nullptr};
     if (window != nullptr) {
         configuration_->renderer = NewRenderer(window);
@@ -77,19 +90,19 @@ media_status_t Codec::Start() {
         return AMEDIA_ERROR_INVALID_OPERATION;
     }
     auto decoder = std::make_unique<VideoDecoder>(VideoDecoder::CodecOf(mimeType_),
-                                                  configuration_->parameterSets);
+                                                  configuration_->parameterSets, strict_);
     if (!decoder->IsOpen()) {
         return AMEDIA_ERROR_MALFORMED;
     }
-    session_ = NewSession(std::move(decoder), configuration_->announced);
+    session_ = NewSession(std::move(decoder), PictureFormat());
     return AMEDIA_OK;
 }
 
 std::shared_ptr<DecodeSession> Codec::NewSession(std::unique_ptr<VideoDecoder> decoder,
                                                  const PictureFormat& announced) {
     flow_->Open();
-    return std::make_shared<DecodeSession>(std::move(decoder), configuration_->inputCapacity,
-                                           announced, flow_);
+    return std::make_shared<DecodeSession>(std::move(decoder), configuration_->input, announced,
+                                           flow_);
 }
 
 media_status_t Codec::Stop() {
@@ -150,6 +163,10 @@ ssize_t Codec::DequeueOutput(AMediaCodecBufferInfo* info, int64_t timeoutUs) {
     if (session == nullptr) {
         return kNotStarted;
     }
+    behavior_.DelayOutput();
+    if (const auto notice = behavior_.TakeNotice()) {
+        return *notice;
+    }
     const Deadline deadline(timeoutUs);
     if (!flow_->TakeTurn(timeoutUs)) {
         return AMEDIACODEC_INFO_TRY_AGAIN_LATER;
@@ -157,6 +174,8 @@ ssize_t Codec::DequeueOutput(AMediaCodecBufferInfo* info, int64_t timeoutUs) {
     const ssize_t result = session->Output().Dequeue(info, deadline.LeftUs());
     if (result < 0) {
         flow_->EndTurn();
+    } else if (info->size > 0) {
+        behavior_.CountPicture();
     }
     return result;
 }
@@ -168,8 +187,12 @@ uint8_t* Codec::OutputData(size_t index, size_t* size) {
 }
 
 std::optional<PictureFormat> Codec::OutputFormat() {
-    const auto session = Session();
-    return session != nullptr ? std::optional(session->Output().Format()) : std::nullopt;
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (session_ == nullptr) {
+        return std::nullopt;
+    }
+    const PictureFormat announced = session_->Output().Format();
+    return announced.width > 0 ? announced : configuration_->expected;
 }
 
 media_status_t Codec::ReleaseOutput(size_t index, bool render, std::optional<int64_t> timestampNs) {
@@ -212,6 +235,15 @@ ssize_t Codec::WaitForInput(int64_t timeoutUs) {
 size_t Codec::InputCapacity() {
     const auto session = Session();
     return session != nullptr ? session->Input().Capacity() : 0;
+}
+
+size_t Codec::InputCapacity(const AMediaFormat& format) const {
+    const size_t asked = behavior_.Get().inputCapacity;
+    if (asked > 0) {
+        return asked;
+    }
+    const size_t wanted = SizeOr0(format, AMEDIAFORMAT_KEY_MAX_INPUT_SIZE);
+    return strict_ && wanted > 0 ? wanted : std::max(wanted, GenerousCapacity(format));
 }
 
 std::shared_ptr<DecodeSession> Codec::Session() {

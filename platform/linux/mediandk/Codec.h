@@ -8,6 +8,7 @@
 #include <string>
 
 #include "DecodeSession.h"
+#include "DecoderBehavior.h"
 #include "FrameFlow.h"
 #include "WindowRenderer.h"
 
@@ -15,7 +16,9 @@
 /// the lock, and ends when the session stops.
 class Codec {
 public:
-    explicit Codec(std::string mimeType) : mimeType_(std::move(mimeType)) {}
+    /// \param strict as HostPlatform_setStrict describes.
+    Codec(std::string mimeType, const HostBehavior& behavior, bool strict)
+        : mimeType_(std::move(mimeType)), strict_(strict), behavior_(behavior) {}
     ~Codec() { Stop(); }
     Codec(const Codec&) = delete;
     Codec& operator=(const Codec&) = delete;
@@ -40,6 +43,8 @@ public:
     /// \name For the host
     /// \{
     FrameFlow& Flow() { return *flow_; }
+    DecoderBehavior& Behavior() { return behavior_; }
+    bool IsStrict() const { return strict_; }
     /// Waits like DequeueInput(), but takes no buffer. \return 0 or DequeueInput()'s error.
     ssize_t WaitForInput(int64_t timeoutUs);
     /// \return 0 before Start().
@@ -48,8 +53,8 @@ public:
 
 private:
     struct Configuration {
-        PictureFormat announced;
-        size_t inputCapacity;
+        PictureFormat expected;  ///< Before the first picture.
+        InputBuffers::Settings input;
         std::vector<uint8_t> parameterSets;
         int transform;
         std::shared_ptr<WindowRenderer> renderer;
@@ -62,7 +67,11 @@ private:
     std::shared_ptr<WindowRenderer> Renderer();
     void Show(const Picture& picture, std::optional<int64_t> timestampNs);
 
+    size_t InputCapacity(const AMediaFormat& format) const;
+
     const std::string mimeType_;
+    const bool strict_;
+    DecoderBehavior behavior_;
     const std::shared_ptr<FrameFlow> flow_ = std::make_shared<FrameFlow>();
     std::mutex mutex_;
     std::optional<Configuration> configuration_;

@@ -2,10 +2,11 @@
 
 #include <utility>
 
-DecodeSession::DecodeSession(std::unique_ptr<VideoDecoder> decoder, size_t inputCapacity,
-                             const PictureFormat& announced, std::shared_ptr<FrameFlow> flow)
+DecodeSession::DecodeSession(std::unique_ptr<VideoDecoder> decoder,
+                             const InputBuffers::Settings& input, const PictureFormat& announced,
+                             std::shared_ptr<FrameFlow> flow)
     : decoder_(std::move(decoder)),
-      input_(inputCapacity),
+      input_(input),
       output_(announced),
       flow_(std::move(flow)),
       thread_(&DecodeSession::Run, this) {}

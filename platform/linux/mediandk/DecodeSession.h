@@ -11,7 +11,7 @@
 /// One run of a decoder on its own thread, from start or flush to the next flush or stop.
 class DecodeSession {
 public:
-    DecodeSession(std::unique_ptr<VideoDecoder> decoder, size_t inputCapacity,
+    DecodeSession(std::unique_ptr<VideoDecoder> decoder, const InputBuffers::Settings& input,
                   const PictureFormat& announced, std::shared_ptr<FrameFlow> flow);
     ~DecodeSession();
     DecodeSession(const DecodeSession&) = delete;

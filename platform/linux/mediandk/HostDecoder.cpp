@@ -1,7 +1,10 @@
-#include <linux_platform/Host.h>
+#include "HostDecoder.h"
+
+#include <system/window.h>
+
+#include <utility>
 
 #include "Codec.h"
-#include "HostDecoder.h"
 
 struct HostDecoder {
     std::shared_ptr<Codec> codec;
@@ -10,6 +13,7 @@ struct HostDecoder {
 namespace {
 
 thread_local std::weak_ptr<Codec> currentCodec;
+thread_local HostBehavior nextBehavior = {};
 
 HostResult ResultOf(ssize_t status) {
     if (status >= 0) {
@@ -24,7 +28,15 @@ void SetCurrentCodec(const std::shared_ptr<Codec>& codec) {
     currentCodec = codec;
 }
 
+HostBehavior TakeNextBehavior() {
+    return std::exchange(nextBehavior, {});
+}
+
 extern "C" {
+
+void HostPlatform_setStrict(int on) {
+    native_window_set_strict(on);
+}
 
 HostDecoder* HostDecoder_acquire(void) {
     auto codec = currentCodec.lock();
@@ -49,6 +61,15 @@ void HostDecoder_step(HostDecoder* decoder) {
 
 void HostDecoder_setReorderDepth(HostDecoder* decoder, int pictures) {
     decoder->codec->Flow().SetReorderDepth(pictures);
+}
+
+void HostDecoder_setBehavior(HostDecoder* decoder, const HostBehavior* behavior) {
+    const HostBehavior settings = behavior != nullptr ? *behavior : HostBehavior{};
+    if (decoder != nullptr) {
+        decoder->codec->Behavior().Set(settings);
+    } else {
+        nextBehavior = settings;
+    }
 }
 
 size_t HostDecoder_inputCapacity(HostDecoder* decoder) {

@@ -18,12 +18,6 @@ av::Buffer NewStorage(size_t capacity) {
 
 }  // namespace
 
-InputBuffers::InputBuffers(size_t capacity) : capacity_(capacity) {
-    for (size_t index = 0; index < kCount; ++index) {
-        free_.push_back(index);
-    }
-}
-
 ssize_t InputBuffers::Dequeue(int64_t timeoutUs) {
     std::unique_lock<std::mutex> lock(mutex_);
     const ssize_t status = WaitForFree(lock, timeoutUs);
@@ -32,8 +26,10 @@ ssize_t InputBuffers::Dequeue(int64_t timeoutUs) {
     }
     const size_t index = free_.front();
     Slot& slot = slots_[index];
-    if (slot.storage == nullptr) {
-        slot.storage = NewStorage(capacity_);
+    if (settings_.strict) {
+        slot.strictBlock.reset(new uint8_t[settings_.capacity]);
+    } else if (slot.storage == nullptr) {
+        slot.storage = NewStorage(settings_.capacity);
     }
     free_.pop_front();
     slot.owner = Owner::kClient;
@@ -58,9 +54,9 @@ uint8_t* InputBuffers::Data(size_t index, size_t* capacity) {
         return nullptr;
     }
     if (capacity != nullptr) {
-        *capacity = capacity_;
+        *capacity = settings_.capacity;
     }
-    return slots_[index].storage->data;
+    return settings_.strict ? slots_[index].strictBlock.get() : slots_[index].storage->data;
 }
 
 media_status_t InputBuffers::Queue(size_t index, size_t offset, size_t size, int64_t timeUs,
@@ -69,11 +65,12 @@ media_status_t InputBuffers::Queue(size_t index, size_t offset, size_t size, int
     if (closed_) {
         return AMEDIA_ERROR_INVALID_OPERATION;
     }
-    if (!HeldByClient(index) || offset > capacity_ || size > capacity_ - offset) {
+    if (!HeldByClient(index) || offset > Capacity() || size > Capacity() - offset) {
         return AMEDIA_ERROR_INVALID_PARAMETER;
     }
     Slot& slot = slots_[index];
-    uint8_t* data = slot.storage->data + offset;
+    uint8_t* data =
+        settings_.strict ? CopyToStorage(slot, offset, size) : slot.storage->data + offset;
     std::memset(data + size, 0, AV_INPUT_BUFFER_PADDING_SIZE);
     slot.owner = Owner::kDecoder;
     units_.push_back({index, queuedCount_++, &slot.storage, data, size, timeUs, flags});
@@ -112,4 +109,11 @@ void InputBuffers::Close() {
 
 bool InputBuffers::HeldByClient(size_t index) const {
     return index < kCount && slots_[index].owner == Owner::kClient;
+}
+
+uint8_t* InputBuffers::CopyToStorage(Slot& slot, size_t offset, size_t size) {
+    slot.storage = NewStorage(size);
+    std::memcpy(slot.storage->data, slot.strictBlock.get() + offset, size);
+    slot.strictBlock = nullptr;
+    return slot.storage->data;
 }

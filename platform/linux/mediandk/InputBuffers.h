@@ -25,7 +25,15 @@ struct InputUnit {
 /// free -> held by the client -> queued -> held by the decoder -> free.
 class InputBuffers {
 public:
-    explicit InputBuffers(size_t capacity);
+    struct Settings {
+        size_t capacity;
+        bool strict;  ///< A buffer is a heap block of exactly the capacity, freed when queued.
+    };
+    explicit InputBuffers(const Settings& settings) : settings_(settings) {
+        for (size_t index = 0; index < kCount; ++index) {
+            free_.push_back(index);
+        }
+    }
 
     /// \name The client's side
     /// \{
@@ -36,7 +44,7 @@ public:
     media_status_t Queue(size_t index, size_t offset, size_t size, int64_t timeUs, uint32_t flags);
     /// Waits like Dequeue(), but takes no buffer. \return 0 or Dequeue()'s error.
     ssize_t WaitForFree(int64_t timeoutUs);
-    size_t Capacity() const { return capacity_; }
+    size_t Capacity() const { return settings_.capacity; }
     /// \}
 
     /// \name The decoder's side
@@ -53,14 +61,16 @@ private:
     enum class Owner { kNobody, kClient, kDecoder };
     struct Slot {
         av::Buffer storage;  ///< Allocated on first use.
+        std::unique_ptr<uint8_t[]> strictBlock;
         Owner owner = Owner::kNobody;
     };
     static constexpr size_t kCount = 8;
 
     ssize_t WaitForFree(std::unique_lock<std::mutex>& lock, int64_t timeoutUs);
     bool HeldByClient(size_t index) const;
+    static uint8_t* CopyToStorage(Slot& slot, size_t offset, size_t size);
 
-    const size_t capacity_;
+    const Settings settings_;
     std::mutex mutex_;
     std::condition_variable freed_;
     std::condition_variable queued_;

@@ -11,6 +11,8 @@ enum class ColorMatrix { kBt709 = 1, kBt601 = 2, kBt2020 = 6 };
 struct PictureFormat {
     int width = 0;
     int height = 0;
+    int bufferWidth = 0;  ///< With the padding.
+    int bufferHeight = 0;
     AVPixelFormat layout = AV_PIX_FMT_YUV420P;
     ColorMatrix matrix = ColorMatrix::kBt601;
     bool fullRange = false;
@@ -28,16 +30,19 @@ struct Picture {
 };
 
 /// Uses the colors that the stream states, or else common defaults.
-PictureFormat FormatOf(const AVFrame& frame);
+/// \param padded buffers have a multiple of 64 columns and of 16 rows.
+PictureFormat FormatOf(const AVFrame& frame, bool padded);
 
-/// Size of a picture with chroma halved both ways.
+/// Size of a buffer with chroma halved both ways.
 size_t PlanarSize(const PictureFormat& format);
 
 /// Whether ConvertToRgba and ConvertToPlanar support the layout.
 bool CanConvert(const PictureFormat& format);
 
+/// The padding becomes green.
 /// \param stride of \p rgba, in bytes.
 void ConvertToRgba(const Picture& picture, uint8_t* rgba, int stride);
 
-/// \param planes PlanarSize bytes: Y, U, V without padding, chroma halved both ways.
+/// Leaves the padding as it is.
+/// \param planes PlanarSize bytes: Y, U, V, chroma halved both ways.
 void ConvertToPlanar(const Picture& picture, uint8_t* planes);

@@ -78,6 +78,15 @@ const Conversion* Find(AVPixelFormat layout) {
     return found != kConversions.end() ? found : nullptr;
 }
 
+void FillPadding(const PictureFormat& format, uint8_t* rgba, int stride) {
+    constexpr uint32_t kGreen = 0xFF00FF00;
+    for (int row = 0; row < format.bufferHeight; ++row) {
+        auto* pixels = reinterpret_cast<uint32_t*>(rgba + static_cast<ptrdiff_t>(row) * stride);
+        std::fill(pixels + (row < format.height ? format.width : 0), pixels + format.bufferWidth,
+                  kGreen);
+    }
+}
+
 }  // namespace
 
 bool CanConvert(const PictureFormat& format) {
@@ -91,16 +100,18 @@ void ConvertToRgba(const Picture& picture, uint8_t* rgba, int stride) {
                  frame.linesize[1], rgba, stride,
                  ExchangedConstants(picture.format.matrix, picture.format.fullRange), frame.width,
                  frame.height);
+    FillPadding(picture.format, rgba, stride);
 }
 
 void ConvertToPlanar(const Picture& picture, uint8_t* planes) {
     const AVFrame& frame = *picture.frame;
-    const int chromaWidth = (frame.width + 1) / 2;
-    const int chromaHeight = (frame.height + 1) / 2;
-    uint8_t* u = planes + static_cast<ptrdiff_t>(frame.width) * frame.height;
-    uint8_t* v = u + static_cast<ptrdiff_t>(chromaWidth) * chromaHeight;
+    const int stride = picture.format.bufferWidth;
+    const int rows = picture.format.bufferHeight;
+    const int chromaStride = (stride + 1) / 2;
+    uint8_t* u = planes + static_cast<ptrdiff_t>(stride) * rows;
+    uint8_t* v = u + static_cast<ptrdiff_t>(chromaStride) * ((rows + 1) / 2);
     Find(picture.format.layout)
         ->toPlanar(frame.data[0], frame.linesize[0], frame.data[1], frame.linesize[1],
-                   frame.data[2], frame.linesize[2], planes, frame.width, u, chromaWidth, v,
-                   chromaWidth, frame.width, frame.height);
+                   frame.data[2], frame.linesize[2], planes, stride, u, chromaStride, v,
+                   chromaStride, frame.width, frame.height);
 }

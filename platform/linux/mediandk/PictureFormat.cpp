@@ -33,18 +33,27 @@ ColorMatrix MatrixOf(const AVFrame& frame) {
     }
 }
 
+int RoundedUp(int size, int unit) {
+    return (size + unit - 1) / unit * unit;
+}
+
 }  // namespace
 
 bool PictureFormat::operator==(const PictureFormat& other) const {
-    return width == other.width && height == other.height && layout == other.layout &&
-           matrix == other.matrix && fullRange == other.fullRange;
+    return width == other.width && height == other.height && bufferWidth == other.bufferWidth &&
+           bufferHeight == other.bufferHeight && layout == other.layout && matrix == other.matrix &&
+           fullRange == other.fullRange;
 }
 
-PictureFormat FormatOf(const AVFrame& frame) {
+PictureFormat FormatOf(const AVFrame& frame, bool padded) {
+    constexpr int kColumns = 64;
+    constexpr int kRows = 16;
     const auto layout = static_cast<AVPixelFormat>(frame.format);
     PictureFormat format;
     format.width = frame.width;
     format.height = frame.height;
+    format.bufferWidth = RoundedUp(frame.width, padded ? kColumns : 1);
+    format.bufferHeight = RoundedUp(frame.height, padded ? kRows : 1);
     format.layout = WithoutRange(layout);
     format.matrix = MatrixOf(frame);
     format.fullRange = frame.color_range == AVCOL_RANGE_JPEG || format.layout != layout;
@@ -52,7 +61,7 @@ PictureFormat FormatOf(const AVFrame& frame) {
 }
 
 size_t PlanarSize(const PictureFormat& format) {
-    const auto width = static_cast<size_t>(format.width);
-    const auto height = static_cast<size_t>(format.height);
+    const auto width = static_cast<size_t>(format.bufferWidth);
+    const auto height = static_cast<size_t>(format.bufferHeight);
     return width * height + 2 * ((width + 1) / 2) * ((height + 1) / 2);
 }

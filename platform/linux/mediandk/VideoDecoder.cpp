@@ -38,8 +38,9 @@ AVCodecID VideoDecoder::CodecOf(const std::string& mimeType) {
     return mimeType == "video/mjpeg" ? AV_CODEC_ID_MJPEG : AV_CODEC_ID_NONE;
 }
 
-VideoDecoder::VideoDecoder(AVCodecID codec, const std::vector<uint8_t>& parameterSets)
-    : packet_(av_packet_alloc()) {
+VideoDecoder::VideoDecoder(AVCodecID codec, const std::vector<uint8_t>& parameterSets,
+                           bool padsPictures)
+    : padsPictures_(padsPictures), packet_(av_packet_alloc()) {
     const AVCodec* implementation = avcodec_find_decoder(codec);
     if (implementation == nullptr) {
         return;
@@ -87,7 +88,7 @@ void VideoDecoder::Receive(const Sink& sink) {
             LogSkipped("a broken picture", result);
             continue;
         }
-        picture.format = FormatOf(*picture.frame);
+        picture.format = FormatOf(*picture.frame, padsPictures_);
         picture.timeUs = picture.frame->pts;
         picture.unit = picture.frame->reordered_opaque;
         if (!CanConvert(picture.format)) {

@@ -20,7 +20,8 @@ public:
     static AVCodecID CodecOf(const std::string& mimeType);
 
     /// \param parameterSets those that the stream does not contain; may be empty.
-    VideoDecoder(AVCodecID codec, const std::vector<uint8_t>& parameterSets);
+    /// \param padsPictures as FormatOf does.
+    VideoDecoder(AVCodecID codec, const std::vector<uint8_t>& parameterSets, bool padsPictures);
 
     bool IsOpen() const { return context_ != nullptr; }
 
@@ -37,6 +38,7 @@ public:
 private:
     void Receive(const Sink& sink);
 
+    const bool padsPictures_;
     av::CodecContext context_;
     av::Packet packet_;
 };

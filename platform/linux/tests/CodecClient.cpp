@@ -33,7 +33,7 @@ TestOutput FormatNow(AMediaCodec* codec) {
 
 ssize_t QueueUnit(AMediaCodec* codec, const TestUnit& unit, int64_t timeoutUs, uint32_t flags) {
     const ssize_t result = AMediaCodec_dequeueInputBuffer(codec, timeoutUs);
-    if (result < 0) {
+    if (result < 0 || result == AMEDIACODEC_ERROR_RECLAIMED) {
         return result;
     }
     const auto index = static_cast<size_t>(result);

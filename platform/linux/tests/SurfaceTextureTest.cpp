@@ -1,6 +1,7 @@
 #include <GLES3/gl3.h>
 #include <android/native_window_jni.h>
 #include <gtest/gtest.h>
+#include <linux_platform/Host.h>
 #include <system/window.h>
 // After gl3.h, whose types it uses.
 #include <GLES2/gl2ext.h>
@@ -193,6 +194,11 @@ TEST_F(SurfaceTexture, ThrowsWhatAndroidThrowsAfterRelease) {
     EXPECT_EQ(ANativeWindow_lock(window, &buffer, nullptr), -ENODEV);
 
     EXPECT_TRUE(surface->CallBoolean("isValid"));
+    HostPlatform_setStrict(1);
+    ANativeWindow* strict = ANativeWindow_fromSurface(env, surface->Get());
+    EXPECT_NE(strict, window);
+    ANativeWindow_release(strict);
+    HostPlatform_setStrict(0);
     EXPECT_EQ(surface->Call("release"), "");
     EXPECT_EQ(surface->Call("release"), "") << "twice";
     EXPECT_FALSE(surface->CallBoolean("isValid"));

@@ -44,6 +44,24 @@ typedef struct HostJavaOptions {
 /// \return null on failure
 JavaVM* HostJava_start(const HostJavaOptions* options, char* error, size_t errorSize);
 
+/// Switches strict mode on or off for the codecs and window handles that are created from now on.
+/// The environment variable LINUX_PLATFORM_STRICT, with any value, switches it on from the start.
+///
+/// In strict mode, the platform behaves like the least tolerant devices:
+/// - AMediaCodec_delete frees the handle. A later call with it, or one that has not returned yet,
+/// is a
+///   use after free, which the address sanitizer reports. Each ANativeWindow_fromSurface returns a
+///   new handle, and ANativeWindow_release frees it, although the codec still uses the window. Only
+///   AMediaCodec_delete accepts null; other calls crash.
+/// - An input buffer is a heap block of exactly its capacity, which is "max-input-size" if the
+/// format
+///   has that. AMediaCodec_queueInputBuffer frees the block.
+/// - A picture's buffer is padded to a multiple of 64 columns and of 16 rows: 1920 × 1088 for
+///   1920 × 1080. The padding is bright green. Only SurfaceTexture.getTransformMatrix leaves it
+///   out.
+/// \thread any
+void HostPlatform_setStrict(int on);
+
 /// A reference to a decoder. It stays valid after the application deletes the decoder, which is
 /// then not running. All functions may be called from any thread, also at the same time.
 typedef struct HostDecoder HostDecoder;
@@ -87,6 +105,41 @@ void HostDecoder_step(HostDecoder* decoder);
 /// in display order. Containers know it. If neither the host nor the stream states it, the decoder
 /// learns it from the stream, and may lose pictures until then. Call this before the first unit.
 void HostDecoder_setReorderDepth(HostDecoder* decoder, int pictures);
+
+/// Calls of a decoder that can be made to fail, as bits.
+enum HostCall {
+    HOST_CALL_CREATE = 1 << 0,
+    HOST_CALL_CONFIGURE = 1 << 1,
+    HOST_CALL_START = 1 << 2,
+    HOST_CALL_DEQUEUE_INPUT = 1 << 3,
+    HOST_CALL_GET_INPUT = 1 << 4,
+    HOST_CALL_QUEUE_INPUT = 1 << 5,
+    HOST_CALL_DEQUEUE_OUTPUT = 1 << 6,
+    HOST_CALL_RELEASE_OUTPUT = 1 << 7,
+    HOST_CALL_GET_OUTPUT_FORMAT = 1 << 8,
+    HOST_CALL_FLUSH = 1 << 9,
+    HOST_CALL_ALL = (1 << 10) - 1,
+};
+
+/// Faults and habits of a decoder. All zero is a normal decoder.
+typedef struct HostBehavior {
+    uint32_t failing;           ///< Bits of HostCall. They fail at once, whatever their timeout.
+    int32_t error;              ///< Result of failing calls; 0: AMEDIA_ERROR_UNKNOWN.
+    int64_t failAfterPictures;  ///< Calls fail once so many pictures were dequeued.
+    int64_t outputDelayUs;      ///< Time that each AMediaCodec_dequeueOutputBuffer takes at least.
+    size_t inputCapacity;       ///< Bytes of an input buffer; 0: chosen by the platform.
+    int32_t rotation;           ///< Clockwise, in degrees, in addition to the format's.
+    int32_t notices;            ///< Not 0: "buffers changed", "format changed" before each picture.
+} HostBehavior;
+
+/// Sets the behavior of a decoder. A reclaimed codec, for example, fails in all calls with
+/// AMEDIACODEC_ERROR_RECLAIMED. That is a positive number, also from the dequeue functions.
+///
+/// \param decoder  null: the next decoder that the calling thread creates. inputCapacity and
+/// rotation
+///                 have an effect before AMediaCodec_configure only.
+/// \param behavior copied; null: normal.
+void HostDecoder_setBehavior(HostDecoder* decoder, const HostBehavior* behavior);
 
 /// \return the most bytes of a unit; 0 if the decoder is not running.
 size_t HostDecoder_inputCapacity(HostDecoder* decoder);

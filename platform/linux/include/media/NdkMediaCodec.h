@@ -81,7 +81,8 @@ ssize_t AMediaCodec_dequeueOutputBuffer(AMediaCodec* codec, AMediaCodecBufferInf
 uint8_t* AMediaCodec_getOutputBuffer(AMediaCodec* codec, size_t index, size_t* size);
 /// The format of the next pictures, which the caller deletes. Null before start. "width" and
 /// "height" are those of the buffer. "crop-left", "crop-top", "crop-right" and "crop-bottom" are
-/// the first and last column and row of the picture in it.
+/// the first and last column and row of the picture in it. Before the first picture, the size is
+/// that of the format given to AMediaCodec_configure.
 AMediaFormat* AMediaCodec_getOutputFormat(AMediaCodec* codec);
 
 /// Returns the buffer. If \p render is true, the window gets its picture first.

@@ -9,6 +9,14 @@
 extern "C" {
 #endif
 
+/// Whether the platform is in strict mode, which HostPlatform_setStrict describes.
+int native_window_is_strict(void);
+void native_window_set_strict(int on);
+
+/// Another reference to the window, released by ANativeWindow_release. In strict mode it is a
+/// separate handle to the same consumer.
+ANativeWindow* native_window_new_reference(ANativeWindow* window);
+
 /// Sets the time stamp of the next buffers, in nanoseconds.
 int native_window_set_buffers_timestamp(ANativeWindow* window, int64_t timestampNs);
 
