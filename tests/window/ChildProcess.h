@@ -4,7 +4,7 @@
 
 #include <string>
 
-/// A program that a test runs beside itself; it ends with the test at the latest.
+/// A program that runs beside a test, and ends with it at the latest.
 class ChildProcess {
 public:
     ChildProcess() = default;
@@ -16,9 +16,9 @@ public:
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    /// Whether it has; its exit status is gone then.
+    /// Whether it has ended. Its exit status is gone then.
     bool HasEnded();
-    /// \return its exit status, or -1 if it crashed, or had been seen to end before
+    /// \return its exit status, or -1 if it crashed or HasEnded() was true
     int Wait();
 
 private:

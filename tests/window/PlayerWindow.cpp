@@ -15,7 +15,7 @@ namespace {
 constexpr std::chrono::seconds kPatience(30);
 constexpr std::chrono::milliseconds kPause(20);
 
-/// Asks again and again.
+/// Asks until \p holds, up to a time limit.
 bool Await(const std::function<bool()>& holds) {
     const auto end = std::chrono::steady_clock::now() + kPatience;
     while (!holds()) {
@@ -115,8 +115,7 @@ void PlayerWindow::OpenOnWayland(const std::string& arguments, Size size, int de
                            [](uint8_t value) { return value != 0 && value != 255; });
     };
     EXPECT_TRUE(Sees(shows)) << Log();
-    // The compositor learns where the pointer is when it enters, and may have missed that at its
-    // start.
+    // The compositor notices the pointer when it enters, and may have missed that at its start.
     screen_->Do("mousemove 0 0");
     MoveTo(size.width / 2, size.height / 2);
 }

@@ -7,15 +7,15 @@
 #include "PlayerFixture.h"
 #include "VirtualScreen.h"
 
-/// Opens the player's window, and does and sees what a user does and sees.
+/// Opens the player's window, and uses it as a user does.
 class PlayerWindow : public PlayerTest {
 protected:
     void SetUp() override;
 
     /// Starts the player and waits for its window.
     void Open(const std::string& arguments);
-    /// Likewise on Wayland, where the window takes all of a screen of \p size, whose pixels are so
-    /// dense that programs are told of \p density times fewer in each direction.
+    /// Likewise on Wayland. The window fills a screen of \p size pixels, \p density of which make
+    /// one unit of the pointer in each direction.
     void OpenOnWayland(const std::string& arguments, Size size, int density);
     /// Presses Q. \return the player's exit status
     int Quit();
@@ -25,7 +25,7 @@ protected:
     std::string Log() const;
 
     void Key(const std::string& key) const { screen_->Do("key " + key); }
-    /// Pointer commands take places in the window.
+    /// Places of the pointer are in the window.
     void MoveTo(int x, int y) const;
     void Click(int x, int y, int button = 1) const;
     void Wheel(bool nearer) const { screen_->Do(nearer ? "click 4" : "click 5"); }
@@ -36,11 +36,11 @@ protected:
         double seconds = 0.0;
         Image image;
     };
-    /// Saves the shown frame by its key, after all that was asked for before.
+    /// Saves the shown frame with its key, after all earlier commands.
     Saved Save();
 
     Image Capture() const { return screen_->Capture(window_); }
-    /// Captures until \p holds, or for so long that it will not any more.
+    /// Captures until \p holds, up to a time limit.
     bool Sees(const std::function<bool(const Image&)>& holds) const;
     bool SeesText(const std::string& text) const;
 

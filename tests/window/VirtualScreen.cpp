@@ -42,7 +42,7 @@ std::string ReadLine(int channel) {
     return line;
 }
 
-/// Windows may go while one looks at them.
+/// A window may be gone while the test looks at it.
 int Ignore(Display* /*display*/, XErrorEvent* /*error*/) {
     return 0;
 }
@@ -63,7 +63,7 @@ std::unique_ptr<VirtualScreen> VirtualScreen::Start() {
     const std::string name = ":" + ReadLine(channel[0]);
     close(channel[0]);
     Display* display = name.size() > 1 ? XOpenDisplay(name.c_str()) : nullptr;
-    // Not to be owned in part: its destructor ends the server.
+    // Its destructor ends the server, also if there is no display.
     std::unique_ptr<VirtualScreen> screen(new VirtualScreen(server, name, display));
     return display != nullptr ? std::move(screen) : nullptr;
 }

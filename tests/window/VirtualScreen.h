@@ -9,10 +9,10 @@
 
 struct _XDisplay;
 
-/// An X server of the test's own, without a screen that anybody sees.
+/// An X server without a real screen.
 class VirtualScreen {
 public:
-    /// \return null where there is none to be had
+    /// \return null if there is none
     static std::unique_ptr<VirtualScreen> Start();
     ~VirtualScreen();
     VirtualScreen(const VirtualScreen&) = delete;
@@ -21,9 +21,9 @@ public:
     /// As $DISPLAY names it.
     const std::string& Name() const { return name_; }
 
-    /// The window that the program of this name opened; 0 if there is none to be seen yet.
+    /// The visible window of the program of this name; 0 if there is none yet.
     unsigned long FindWindow(const std::string& program) const;
-    /// What a window shows; nothing if it cannot be had just now.
+    /// What a window shows; empty if the server does not say.
     Image Capture(unsigned long window) const;
     Size SizeOf(unsigned long window) const;
 

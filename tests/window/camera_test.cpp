@@ -1,4 +1,4 @@
-// Where the pointer is, where the picture's places are seen, and where stickers land.
+// The conversions between the pointer, the window, the picture and its stickers.
 
 #include "window/Camera.h"
 
@@ -13,7 +13,7 @@ double Scale(const View& view) {
     return 2.2998426 / (3.0 - static_cast<double>(view.zoom) / 2.0);
 }
 
-/// Where the centre of a sticker at this position is seen in the output.
+/// Where the center of a sticker at this position is seen in the output.
 Point SeenSticker(const View& view, const std::pair<int, int>& at, Size output) {
     const int halfWidth = output.width / 2;
     const int halfHeight = output.height / 2;
@@ -35,7 +35,7 @@ const View kViews[] = {View(), FitView(), At(0.3F, 4.0F), At(-0.7F, 0.0F), At(0.
 
 }  // namespace
 
-TEST(Camera, StickersLandUnderThePointerInEveryView) {
+TEST(CameraTest, StickersLandUnderThePointerInEveryView) {
     for (const Size output : {Size{640, 480}, Size{641, 33}, Size{64, 1080}}) {
         for (const View& view : kViews) {
             for (const Point& place : {Point{0.5, 0.5}, Point{20.5, 30.5}, Point{63.5, 9.5}}) {
@@ -49,7 +49,7 @@ TEST(Camera, StickersLandUnderThePointerInEveryView) {
     }
 }
 
-TEST(Camera, NoPlaceGivesThePositionThatHidesASticker) {
+TEST(CameraTest, NoPlaceGivesThePositionThatHidesASticker) {
     const Size output = {40, 40};
     const View view = FitView();
     for (int y = -30; y < 40; ++y) {
@@ -58,7 +58,7 @@ TEST(Camera, NoPlaceGivesThePositionThatHidesASticker) {
     }
 }
 
-TEST(Camera, WhatIsDraggedOrZoomedStaysUnderThePointer) {
+TEST(CameraTest, WhatIsDraggedOrZoomedStaysUnderThePointer) {
     const Size output = {320, 200};
     for (const View& view : kViews) {
         const Point held = PointSeenAt(view, {100.0, 50.0}, output);
@@ -71,7 +71,7 @@ TEST(Camera, WhatIsDraggedOrZoomedStaysUnderThePointer) {
     }
 }
 
-TEST(Camera, ZoomStopsBeforeThePicture) {
+TEST(CameraTest, ZoomStopsBeforeThePicture) {
     const Size output = {320, 200};
     EXPECT_LT(Zoomed(View(), 1000.0, 160.0, output).zoom, 6.0F);
     EXPECT_GT(Zoomed(At(0.0F, 8.0F), 1000.0, 160.0, output).zoom, 6.0F);
@@ -79,7 +79,7 @@ TEST(Camera, ZoomStopsBeforeThePicture) {
     EXPECT_GT(Zoomed(View(), -1000.0, 160.0, output).zoom, -100.0F);
 }
 
-TEST(Layout, PutsThePictureInTheMiddleAsLargeAsFits) {
+TEST(CameraTest, PutsThePictureInTheMiddleAsLargeAsFits) {
     const Area wide = Layout{{500, 240}, {500, 240}, {320, 240}}.PictureArea();
     EXPECT_EQ(wide.left, 90);
     EXPECT_EQ(wide.top, 0);
@@ -90,7 +90,7 @@ TEST(Layout, PutsThePictureInTheMiddleAsLargeAsFits) {
     EXPECT_EQ(high.height, 120);
 }
 
-TEST(Layout, KnowsWhatIsPointedAtOnDenseScreens) {
+TEST(CameraTest, KnowsWhatIsPointedAtOnDenseScreens) {
     const Layout dense = {{500, 240}, {1000, 480}, {320, 240}};
     EXPECT_EQ(dense.PictureArea().left, 180);
     const auto place = dense.PictureAt(90, 0);

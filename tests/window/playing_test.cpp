@@ -1,4 +1,4 @@
-// Pause, single frames, seeking, pace: on both ways from the file to the picture.
+// Pause, single frames, seeking and pace, for frames handed over as pixels and compressed.
 
 #include <cmath>
 
@@ -10,20 +10,20 @@ constexpr int kRate = 25;
 constexpr int kFrames = 300;
 constexpr Size kSize = {64, 48};
 
-class Playing : public PlayerWindow, public ::testing::WithParamInterface<std::string> {
+class PlayingTest : public PlayerWindow, public ::testing::WithParamInterface<std::string> {
 protected:
     void MakeClip(int frames) const {
         WriteClip("in", frames, kSize);
         PlayWell("in/%04d.png --out clip.mp4");
     }
 
-    /// Saves, and expects the frame of the time that the file's name tells. \return that time
+    /// Saves, and expects the frame of the time in the name of the file. \return that time
     double ExpectFrame() {
         const Saved saved = Save();
-        const Pixel colour = FrameColor(static_cast<int>(std::lround(saved.seconds * kRate)) + 1);
+        const Pixel color = FrameColor(static_cast<int>(std::lround(saved.seconds * kRate)) + 1);
         const Pixel found = At(saved.image, kSize.width / 2, kSize.height / 2);
-        for (size_t i = 0; i < colour.size(); ++i) {
-            EXPECT_NEAR(found.at(i), colour.at(i), 5) << "at " << saved.seconds;
+        for (size_t i = 0; i < color.size(); ++i) {
+            EXPECT_NEAR(found.at(i), color.at(i), 5) << "at " << saved.seconds;
         }
         return saved.seconds;
     }
@@ -33,7 +33,7 @@ protected:
 
 }  // namespace
 
-TEST_P(Playing, SeeksAndStepsToTheVeryFrame) {
+TEST_P(PlayingTest, SeeksAndStepsToTheVeryFrame) {
     MakeClip(kFrames);
     Open(Clip());
     Key("space");
@@ -57,7 +57,7 @@ TEST_P(Playing, SeeksAndStepsToTheVeryFrame) {
     EXPECT_EQ(Quit(), 0) << Log();
 }
 
-TEST_P(Playing, ShowsOrCountsEveryFrameAndBeginsAgain) {
+TEST_P(PlayingTest, ShowsOrCountsEveryFrameAndBeginsAgain) {
     constexpr int kFew = 12;
     MakeClip(kFew);
     Open(Clip());
@@ -71,13 +71,13 @@ TEST_P(Playing, ShowsOrCountsEveryFrameAndBeginsAgain) {
     EXPECT_EQ(Quit(), 0);
 }
 
-TEST_P(Playing, EndsWithTheWaylandCompositor) {
+TEST_P(PlayingTest, EndsWithTheWaylandCompositor) {
     MakeClip(kFrames);
     OpenOnWayland(Clip(), {320, 240}, 1);
     EXPECT_EQ(EndCompositor(), 0) << Log();
 }
 
-TEST_P(Playing, MasksGoAlongWithTheirFrames) {
+TEST_P(PlayingTest, MasksGoAlongWithTheirFrames) {
     MakeClip(200);
     WriteClip("mask", 200, {2, 2});
     for (const int number : {1, 126}) {
@@ -93,4 +93,4 @@ TEST_P(Playing, MasksGoAlongWithTheirFrames) {
     EXPECT_EQ(At(Save().image, 32, 24), kKeyedOut);
 }
 
-INSTANTIATE_TEST_SUITE_P(BothWays, Playing, ::testing::Values("cpu", "decode"));
+INSTANTIATE_TEST_SUITE_P(Both, PlayingTest, ::testing::Values("cpu", "decode"));
