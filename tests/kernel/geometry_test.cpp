@@ -114,7 +114,6 @@ TEST_F(Geometry, CreateLeavesTheDefaultVertexArrayClean) {
         GLES3::glGetVertexAttribiv(location, GL_VERTEX_ATTRIB_ARRAY_ENABLED, &enabled);
         ASSERT_EQ(enabled, location == 9 ? 1 : 0) << location;
     }
-    geometry.Free();
 }
 
 TEST_F(Geometry, UpdateReplacesVerticesAndKeepsTheRest) {
