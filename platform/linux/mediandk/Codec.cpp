@@ -1,7 +1,9 @@
 #include "Codec.h"
 
 #include <algorithm>
+#include <chrono>
 #include <initializer_list>
+#include <thread>
 
 #include "MediaFormat.h"
 #include "Wait.h"
@@ -172,6 +174,10 @@ ssize_t Codec::DequeueOutput(AMediaCodecBufferInfo* info, int64_t timeoutUs) {
         return AMEDIACODEC_INFO_TRY_AGAIN_LATER;
     }
     const ssize_t result = session->Output().Dequeue(info, deadline.LeftUs());
+    if (strict_ && result == AMEDIA_ERROR_INVALID_OPERATION) {
+        // A device may return late from a call that a stop interrupts.
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
     if (result < 0) {
         flow_->EndTurn();
     } else if (info->size > 0) {
