@@ -7,10 +7,10 @@
 
 #include "Interleaved.h"
 
-/// \p work as often as it takes to be seen by the clock.
+/// Repeats \p work until its time can be measured.
 Interleaved::Work Repeat(int times, std::function<void()> work);
 
-/// Runs the works in turn, once per iteration of \p state, which counts the time by hand.
-/// \param warmUpRounds before that, whose times are not counted.
+/// Runs the works in turn, once for each iteration of \p state, and sets the time of the iteration.
+/// \param warmUpRounds rounds before that whose times are not counted.
 Interleaved RunContest(benchmark::State& state, const std::vector<Interleaved::Work>& works,
                        int warmUpRounds = 1);

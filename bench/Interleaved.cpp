@@ -20,7 +20,7 @@ double ProcessorSeconds() {
     return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
-/// Of the whole process: a driver may touch new pages first in threads of its own.
+/// Of the whole process, since threads of the driver also touch new pages.
 long PageFaults() {
     rusage usage = {};
     getrusage(RUSAGE_SELF, &usage);

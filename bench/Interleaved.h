@@ -4,26 +4,24 @@
 #include <functional>
 #include <vector>
 
-/// Times several pieces of work against each other, one run of each in turn, so that whatever else
-/// the machine does meets all of them alike.
+/// Measures several pieces of work in turn, so that other load on the machine affects all alike.
 class Interleaved {
 public:
     using Work = std::function<void()>;
 
     explicit Interleaved(std::vector<Work> works);
 
-    /// Runs each once, in an order that differs from call to call: all orders are equally frequent,
-    /// and none profits from what runs before it.
-    /// \return the time of all, in seconds.
+    /// Runs each piece once. The order changes from call to call, and all orders are equally
+    /// frequent.
+    /// \return the total time in seconds.
     double runRound();
 
     double medianMilliseconds(size_t work) const;
-    /// Median over the rounds of the ratio within each.
+    /// Median of the ratios within each round.
     double medianRatio(size_t work, size_t reference) const;
-    /// Likewise of the processor time, of all the process's threads: what other load on the machine
-    /// leaves alone, and what running on several cores does not make less.
+    /// The same for the processor time of all threads of the process. Other load hardly changes it.
     double medianProcessorRatio(size_t work, size_t reference) const;
-    /// Pages that a run had to get from the system.
+    /// Pages that the system gave to a run.
     double meanPageFaults(size_t work) const;
 
 private:

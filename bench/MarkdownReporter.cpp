@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Head and rule of a table with a column for each counter.
+/// The first two lines of a table with a column for each counter.
 std::string Head(const benchmark::UserCounters& counters) {
     std::string names = "| |";
     std::string rule = "|---|";

@@ -2,7 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
-/// Writes each benchmark's label and counters as a row of a Markdown table.
+/// Writes the label and the counters of each benchmark as a row of a Markdown table.
 class MarkdownReporter : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context& context) override;

@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Keeps freed frame-sized blocks in the heap. Otherwise each frame's fresh buffer store is mapped
-/// from the system anew, and filling it stops at a page fault every 4 KiB.
+/// Keeps freed blocks of a frame's size in the heap. Otherwise the system maps new memory for each
+/// frame, and writing to it causes a page fault for every 4 KiB.
 void KeepLargeBlocks() {
     constexpr int kMegabyte = 1 << 20;
     mallopt(M_MMAP_THRESHOLD, 32 * kMegabyte);

@@ -2,14 +2,14 @@
 
 #include "Clip.h"
 
-/// Decodes a clip over and over with libavcodec, with as many threads, used alike, as the
-/// platform's decoder has.
+/// Decodes a clip repeatedly with libavcodec. Number and kind of threads are those of the
+/// platform's decoder.
 class ClipDecoder {
 public:
-    /// \param clip outlives this.
+    /// \param clip must outlive this object.
     explicit ClipDecoder(const Clip& clip);
 
-    /// Decodes one unit. \return the picture that it completes, valid until the next call.
+    /// Decodes one unit. \return the picture, valid until the next call.
     const AVFrame& next();
 
 private:

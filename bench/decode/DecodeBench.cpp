@@ -40,7 +40,7 @@ double MeanDifference(const Pixels& one, const Pixels& other) {
     return sum / static_cast<double>(one.size());
 }
 
-/// The library's whole path beside libavcodec alone and beside the least that shows the same.
+/// Compares the library with libavcodec alone and with the least code that shows the same pictures.
 class DecodeContest {
 public:
     explicit DecodeContest(const Clip& clip) : clip_(clip) {}
@@ -50,7 +50,7 @@ public:
                 [this] { lean_.play(kPicturesPerTurn); }, [this] { decodeOnly(); }};
     }
 
-    /// But for rounding, and for the blue that libyuv's own constants cut.
+    /// Differences come from rounding, and from the blue that libyuv's own constants cut.
     bool picturesAreAlike() const {
         constexpr double kTolerance = 2;
         const Pixels picture = read(ours_.target());

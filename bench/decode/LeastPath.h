@@ -5,8 +5,8 @@
 #include "ClipDecoder.h"
 #include "render/BareObjects.h"
 
-/// The least that brings a clip's pictures to a texture: libavcodec, libyuv, one upload, one draw.
-/// No state is saved, restored or checked, no thread waits for another.
+/// The least code that draws the pictures of a clip: libavcodec, libyuv, one upload, one draw. It
+/// saves, restores and checks no state, and no thread waits for another.
 ///
 /// Its GL objects live as long as their context.
 class LeastPath {

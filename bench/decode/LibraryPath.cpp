@@ -42,7 +42,7 @@ void LibraryPath::feed() {
     VEUpdateCompressedData(handle_, unit.data, unit.size);
 }
 
-/// Waits for no longer than it may take until there is room for another unit.
+/// Waits until there is room for another unit, up to a limit.
 bool LibraryPath::showNext() {
     constexpr int64_t kPauseUs = 1000;
     HostFrames frames;

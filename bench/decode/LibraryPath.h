@@ -7,17 +7,17 @@
 
 #include "Clip.h"
 
-/// The library's whole path, from units to the drawn picture, in lock-step: every picture is shown.
+/// The library from units to drawn pictures, in lock-step: every picture is shown.
 class LibraryPath {
 public:
-    /// \param clip outlives this.
+    /// \param clip must outlive this object.
     LibraryPath(const Clip& clip, JavaVM* machine);
     ~LibraryPath();
     LibraryPath(const LibraryPath&) = delete;
     LibraryPath& operator=(const LibraryPath&) = delete;
 
-    /// Shows the next \p count pictures, each followed by glFinish. Begins and ends with a decoder
-    /// that has nothing to do.
+    /// Shows the next \p count pictures, with glFinish after each. The decoder is idle before and
+    /// after.
     void play(int count);
 
     GLuint target() const { return target_; }

@@ -8,8 +8,8 @@ namespace {
 
 enum : GLuint { kPositionSlot, kTexCoordSlot };
 
-/// The scale is the library's view at its initial zoom: cot(47° / 2), seen from distance 2. The
-/// library can mirror the picture, but never its mask: the two have coordinates of their own.
+/// The scale is that of the library's initial view: cot(47° / 2), seen from distance 2. Picture and
+/// mask have separate coordinates, since the library mirrors only the picture.
 constexpr char kVertexShader[] = R"(
 uniform bool mirrored;
 layout(location = 0) in vec3 position;
@@ -29,7 +29,7 @@ void main() {
 #endif
 })";
 
-/// The library has one program for pictures and stickers, told apart by a uniform.
+/// One program for pictures and stickers, as in the library. A uniform selects.
 constexpr char kFragmentShader[] = R"(
 uniform sampler2D source;
 uniform sampler2D mask;
@@ -67,7 +67,7 @@ void main() {
 #endif
 })";
 
-/// As the library packs its meshes, block by block. No shader reads the colours.
+/// Packed block by block, like the library's meshes. No shader reads the colors.
 struct Vertices {
     float positions[4][3];
     float colors[4][4];

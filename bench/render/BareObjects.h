@@ -3,11 +3,11 @@
 #include <GLES3/gl3.h>
 
 enum class ShaderKind {
-    kEquivalent,  ///< Does all that the library's does.
-    kLean,        ///< Gives the same picture with the least work.
+    kEquivalent,  ///< Does the same as the library's shader.
+    kLean,        ///< Draws the same picture with the least work.
 };
 
-/// A mesh of two triangles with buffers and a vertex array of its own.
+/// A mesh of two triangles, with its buffers and its vertex array.
 struct BareQuad {
     GLuint vertexArray = 0;
     GLuint buffers[2] = {0, 0};  ///< Vertices and indices.

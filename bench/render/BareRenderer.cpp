@@ -37,7 +37,7 @@ void BareRenderer::draw(const void* pixels, const void* mask, const VEStickerLis
     if (!stickers.empty()) {
         drawStickers(stickers);
     }
-    glBindVertexArray(0);  // The library takes its index buffer from the array bound at its call.
+    glBindVertexArray(0);  // The library unbinds the index buffer of the array that is bound.
 }
 
 BareRenderer::Stream BareRenderer::makeStream() const {

@@ -4,8 +4,8 @@
 #include "FrameCase.h"
 #include "render/VEStickerList.h"
 
-/// The least GL code that draws a stream as the library does: the same uploads, clear and draws,
-/// with no state saved, restored or checked.
+/// The least GL code that draws a stream like the library: the same uploads, clear and draws. It
+/// saves, restores and checks no state.
 ///
 /// Its GL objects live as long as their context.
 class BareRenderer {
@@ -13,8 +13,8 @@ public:
     /// \param kind the lean shader cannot draw stickers over masked pictures.
     BareRenderer(const FrameCase& frame, ShaderKind kind, GLuint stickerTexture);
 
-    /// Draws the frame given at the call before.
-    /// \param mask read where the case is masked.
+    /// Draws the frame of the call before.
+    /// \param mask read if the case has a mask.
     void draw(const void* pixels, const void* mask, const VEStickerList& stickers);
 
     GLuint target() const { return target_; }

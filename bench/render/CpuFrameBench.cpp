@@ -21,7 +21,7 @@ constexpr int kRounds = 120;  // Each of the 24 orders of the four contestants, 
 constexpr int kStickerSize = 64;
 constexpr size_t kStickerBytes = size_t{4} * kStickerSize * kStickerSize;
 
-/// Noise, with runs of zeros: as a mask, keys of both kinds.
+/// Noise with runs of zeros, so that a mask has black pixels and others.
 Bytes MakePixels(size_t size) {
     Bytes pixels(size);
     uint32_t noise = 1;
@@ -32,7 +32,7 @@ Bytes MakePixels(size_t size) {
     return pixels;
 }
 
-/// Positions in rows of ten, from the frame's first row on.
+/// Positions in rows of ten, starting at the first row of the frame.
 VEStickerList SpreadStickers(const FrameCase& frame) {
     constexpr int kColumns = 10;
     VEStickerList stickers;
@@ -43,7 +43,7 @@ VEStickerList SpreadStickers(const FrameCase& frame) {
     return stickers;
 }
 
-/// One stream of the library's, driven as an application drives it.
+/// One stream that the library draws, with the calls of an application.
 class LibraryRenderer {
 public:
     LibraryRenderer(const FrameCase& frame, GLuint stickerTexture)
@@ -77,8 +77,8 @@ private:
     int stickerTexture_;
 };
 
-/// The library's frame beside two bare programs: one with a shader equivalent to the library's, one
-/// with the leanest shader that gives the same picture.
+/// Compares the library with two programs of plain GL code: one has a shader equivalent to the
+/// library's, one the simplest shader that gives the same picture.
 class FrameContest {
 public:
     explicit FrameContest(const FrameCase& frame)
