@@ -29,6 +29,9 @@ public:
         av_channel_layout_default(&encoder_->ch_layout, 1);
         muxer.Check(avcodec_open2(encoder_.get(), codec, nullptr));
         stream_ = &muxer.AddEncoded(*encoder_);
+        const int track = stream_->index;
+        av_dict_set(&stream_->metadata, "language", track == 1 ? "deu" : "fra", 0);
+        av_dict_set(&stream_->metadata, "title", ("Track " + std::to_string(track)).c_str(), 0);
     }
 
     void WriteUntil(double seconds) {
@@ -91,7 +94,11 @@ LibavPtr<AVFrame> MakePicture(Size size) {
 
 void MakeClip(const std::string& path, const ClipKind& kind) {
     Muxer muxer(path, kind.container);
-    VideoTrack video(muxer, {AV_CODEC_ID_H264, nullptr, AV_PIX_FMT_YUV420P, {{"crf", "1"}}},
+    VideoTrack video(muxer,
+                     {AV_CODEC_ID_H264,
+                      nullptr,
+                      AV_PIX_FMT_YUV420P,
+                      {{"crf", "1"}, {"x264-params", kind.interlaced ? "tff=1" : "tff=0"}}},
                      kind.size, kind.frameRate, kind.tags);
     std::vector<std::unique_ptr<NoiseTrack>> audio;
     for (const char* name : kind.audio) {
@@ -114,32 +121,42 @@ void MakeClip(const std::string& path, const ClipKind& kind) {
     muxer.Finish();
 }
 
-std::vector<std::vector<AudioPacket>> ReadAudio(const std::string& path) {
+std::vector<AudioTrack> ReadAudio(const std::string& path) {
     AVFormatContext* input = nullptr;
     if (avformat_open_input(&input, path.c_str(), nullptr, nullptr) < 0) {
         throw std::runtime_error(path);
     }
     avformat_find_stream_info(input, nullptr);
-    std::vector<std::vector<AudioPacket>> streams(input->nb_streams);
+    const auto tag = [](const AVStream& stream, const char* name) {
+        const AVDictionaryEntry* entry = av_dict_get(stream.metadata, name, nullptr, 0);
+        return std::string(entry != nullptr ? entry->value : "");
+    };
+    std::vector<AudioTrack> tracks(input->nb_streams);
     LibavPtr<AVPacket> packet(av_packet_alloc());
     for (; av_read_frame(input, packet.get()) >= 0; av_packet_unref(packet.get())) {
         const AVStream& stream = *input->streams[packet->stream_index];
         if (stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO) {
-            streams[static_cast<size_t>(packet->stream_index)].push_back(
-                {static_cast<double>(packet->pts) * av_q2d(stream.time_base),
-                 std::string(packet->data, packet->data + packet->size)});
+            AudioTrack& track = tracks.at(static_cast<size_t>(stream.index));
+            track.language = tag(stream, "language");
+            track.title = tag(stream, "title");
+            track.packets.push_back({static_cast<double>(packet->pts) * av_q2d(stream.time_base),
+                                     std::string(packet->data, packet->data + packet->size)});
         }
     }
     avformat_close_input(&input);
-    streams.erase(std::remove_if(streams.begin(), streams.end(),
-                                 [](const auto& packets) { return packets.empty(); }),
-                  streams.end());
-    return streams;
+    tracks.erase(tracks.begin());  // The video.
+    return tracks;
 }
 
 std::vector<Image> ReadFrames(const std::string& path) {
-    VideoReader reader(path);
     std::vector<Image> frames;
+    if (path.substr(path.size() - 5) == ".webp") {  // libavformat reads no animations.
+        for (const auto& [image, end] : ReadWebp(path)) {
+            frames.push_back(image);
+        }
+        return frames;
+    }
+    VideoReader reader(path);
     while (const AVFrame* frame = reader.Next()) {
         Image image({frame->width, frame->height});
         FrameConverter converter(image.size, AV_PIX_FMT_RGBA);

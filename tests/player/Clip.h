@@ -7,7 +7,7 @@
 #include "support/Image.h"
 #include "support/Libav.h"
 
-/// What a clip for tests is to be like.
+/// What a clip for tests is like.
 struct ClipKind {
     int frames = 20;
     Size size = {64, 48};
@@ -15,7 +15,9 @@ struct ClipKind {
     ColorTags tags = {AVCOL_RANGE_MPEG, AVCOL_SPC_SMPTE170M, AVCOL_PRI_SMPTE170M,
                       AVCOL_TRC_SMPTE170M};
     const char* container = "matroska";
-    std::vector<const char*> audio;  ///< Encoders, one for each track.
+    bool interlaced = false;
+    std::vector<const char*>
+        audio;  ///< Encoders, one for each track. All have languages and titles.
 };
 
 /// Writes H.264 video with frames that are shown in another order than they are decoded in. Frame
@@ -27,10 +29,15 @@ struct AudioPacket {
     std::string bytes;
 };
 
-/// The packets of each audio track of a file.
-std::vector<std::vector<AudioPacket>> ReadAudio(const std::string& path);
+struct AudioTrack {
+    std::string language;
+    std::string title;
+    std::vector<AudioPacket> packets;
+};
 
-/// The pictures of a video, RGBA.
+std::vector<AudioTrack> ReadAudio(const std::string& path);
+
+/// The frames of an output of any kind.
 std::vector<Image> ReadFrames(const std::string& path);
 
 /// The pictures of an animated WebP and when each ends, in milliseconds.

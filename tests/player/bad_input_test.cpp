@@ -1,48 +1,53 @@
 #include <algorithm>
 #include <fstream>
-#include <iterator>
 
+#include "Clip.h"
 #include "PlayerFixture.h"
+#include "support/VideoFile.h"
 
-TEST_F(PlayerTest, BadInputGivesOneLineAndLeavesNothingBehind) {
+extern "C" {
+#include <libavutil/intreadwrite.h>
+}
+
+using BadInputTest = PlayerTest;
+
+TEST_F(BadInputTest, BadInputGivesOneLineAndLeavesNothingBehind) {
     WriteImage("in.png", Pattern({9, 7}));
     std::ofstream(Path("text.bin")) << "no picture at all, only text\n";
     std::filesystem::create_directory(Path("taken.png"));
     const std::set<std::string> before = Files();
-    for (const std::string arguments : {
-             "",
-             "none.mp4 --out out.mp4",
-             "none/%04d.png --out out/%04d.png",
-             "text.bin --out out.png",
-             "in.png --start 5 --out out.png",
-             "in.png --nonsense --out out.png",
-             "in.png --size 0x7 --out out.png",
-             "in.png --size 9 --out out.png",
-             "in.png --size 99999x7 --out out.png",
-             "in.png --out out.mp4",
-             "in.png --out out.bmp",
-             "in.png --out out.mkv",
-             "in.png --out out%s.png",
-             "in.png --out none/out.png",
-             "in.png --size 8x8 --out none/out.mp4",
-             "in.png --size 8x8 --out none/out.webm",
-             "in.png --out none/out.gif",
-             "in.png --out none/out.webp",
-             "in.png --script none.json --out out.png",
-             "in.png --script text.bin --mirror --out out.png",
-             "in.png --out taken.png",
-             "in.png --out text.bin/%d.png",
-             "in.png --mask text.bin --out out.png",
-             "in.png --sticker text.bin --at 1,2 --out out.png",
-             "in.png --sticker in.png --at 1,2,3 --out out.png",
-             "in.png --at 1,2 --out out.png",
-             "in.png --view 0,0,two,0 --out out.png",
-             "in.png --view 0,0,2,0 --fit --out out.png",
-             "in.png --clear 0,0,0,256 --out out.png",
-             "in.png --frames 0 --out out.png",
-             "in.png --start nan --out out.png",
-             "in.png --backdrop red --size 8x8 --out out.mp4",
-         }) {
+    for (const std::string arguments : {"",
+                                        "none.mp4 --out out.mp4",
+                                        "none/%04d.png --out out/%04d.png",
+                                        "text.bin --out out.png",
+                                        "in.png --start 5 --out out.png",
+                                        "in.png --nonsense --out out.png",
+                                        "in.png --size 0x7 --out out.png",
+                                        "in.png --size 9 --out out.png",
+                                        "in.png --size 99999x7 --out out.png",
+                                        "in.png --out out.mp4",
+                                        "in.png --out out.bmp",
+                                        "in.png --out out.mkv",
+                                        "in.png --out out%s.png",
+                                        "in.png --out none/out.png",
+                                        "in.png --size 8x8 --out none/out.mp4",
+                                        "in.png --size 8x8 --out none/out.webm",
+                                        "in.png --out none/out.gif",
+                                        "in.png --out none/out.webp",
+                                        "in.png --script none.json --out out.png",
+                                        "in.png --script text.bin --mirror --out out.png",
+                                        "in.png --out taken.png",
+                                        "in.png --out text.bin/%d.png",
+                                        "in.png --mask text.bin --out out.png",
+                                        "in.png --sticker text.bin --at 1,2 --out out.png",
+                                        "in.png --sticker in.png --at 1,2,3 --out out.png",
+                                        "in.png --at 1,2 --out out.png",
+                                        "in.png --view 0,0,two,0 --out out.png",
+                                        "in.png --view 0,0,2,0 --fit --out out.png",
+                                        "in.png --clear 0,0,0,256 --out out.png",
+                                        "in.png --frames 0 --out out.png",
+                                        "in.png --start nan --out out.png",
+                                        "in.png --backdrop red --size 8x8 --out out.mp4"}) {
         const RunResult result = Play(arguments);
         EXPECT_EQ(result.status, 2) << arguments;
         EXPECT_EQ(result.errors.rfind("vornplay: ", 0), 0U) << arguments << "\n" << result.errors;
@@ -53,14 +58,14 @@ TEST_F(PlayerTest, BadInputGivesOneLineAndLeavesNothingBehind) {
     }
 }
 
-TEST_F(PlayerTest, AnEarlierOutputOutlivesAFailedRun) {
+TEST_F(BadInputTest, AnEarlierOutputOutlivesAFailedRun) {
     WriteImage("in.png", Pattern({9, 7}));
     std::ofstream(Path("out.mp4")) << "earlier";
     EXPECT_EQ(Play("in.png --size 8x8 --mask none.png --out out.mp4").status, 2);
     EXPECT_EQ(std::filesystem::file_size(Path("out.mp4")), 7U);
 }
 
-TEST_F(PlayerTest, WithoutAGlContextItSaysSo) {
+TEST_F(BadInputTest, WithoutAGlContextItSaysSo) {
     WriteImage("in.png", Pattern({9, 7}));
     const RunResult result =
         Run("__EGL_VENDOR_LIBRARY_FILENAMES=/dev/null " VORNPLAY, "in.png --no-window");
@@ -68,7 +73,7 @@ TEST_F(PlayerTest, WithoutAGlContextItSaysSo) {
     EXPECT_EQ(result.errors.rfind("vornplay: no EGL", 0), 0U) << result.errors;
 }
 
-TEST_F(PlayerTest, WithoutADisplayItSaysWhatToDo) {
+TEST_F(BadInputTest, WithoutADisplayItSaysWhatToDo) {
     WriteImage("in.png", Pattern({9, 7}));
     const std::string player = "env -u DISPLAY -u WAYLAND_DISPLAY " VORNPLAY " ";
     const RunResult result = Run(player, "in.png");
@@ -88,33 +93,55 @@ namespace {
 /// Makes the type of one picture of an H.264 file wrong, so that the decoder drops it without an
 /// error.
 void DisguisePicture(const std::string& path, int number) {
-    std::ifstream file(path, std::ios::binary);
-    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    constexpr size_t kLengthSize = 4;
-    size_t unit = bytes.find("mdat") + kLengthSize;
-    for (int pictures = 0; pictures < number;) {
-        const int type = bytes.at(unit + kLengthSize) & 31;
-        pictures += type == 1 || type == 5 ? 1 : 0;
-        if (pictures == number) {
-            bytes[unit + kLengthSize] = 0x65;  // A key picture, which it is not.
-        }
-        size_t length = 0;
-        for (size_t i = 0; i < kLengthSize; ++i) {
-            length = length << 8U | static_cast<uint8_t>(bytes.at(unit + i));
-        }
-        unit += kLengthSize + length;
+    VideoFile file(path);
+    const AVPacket* unit = nullptr;
+    for (int i = 0; i < number; ++i) {
+        unit = file.Next();
     }
-    std::ofstream(path, std::ios::binary) << bytes;
+    int64_t type = 4;  // Behind the length.
+    while ((unit->data[type] & 31) == 6) {
+        type += 4 + AV_RB32(unit->data + type - 4);
+    }
+    std::fstream(path, std::ios::in | std::ios::out | std::ios::binary)
+        .seekp(unit->pos + type)
+        .put(0x65);  // A key picture, which it is not.
 }
 
 }  // namespace
 
-TEST_F(PlayerTest, CountsPicturesThatTheDecoderDropsInSilence) {
-    WriteClip("clip", 12, {64, 48});
-    PlayWell("clip/%04d.png --out clip.mp4");
-    DisguisePicture(Path("clip.mp4"), 8);
-    const RunResult result = Play("clip.mp4 --no-window");
+TEST_F(BadInputTest, CountsPicturesThatTheDecoderDropsInSilenceUnlessFieldsMayBePaired) {
+    ClipKind kind;
+    kind.container = "mp4";
+    for (const bool interlaced : {false, true}) {
+        kind.interlaced = interlaced;
+        MakeClip(Path("clip.mp4"), kind);
+        DisguisePicture(Path("clip.mp4"), 8);
+        const RunResult result = Play("clip.mp4 --no-window --path decode");
+        EXPECT_EQ(result.status, interlaced ? 0 : 1) << result.errors;
+        const bool named =
+            result.errors.find("clip.mp4 is broken: 1 frames lost") != std::string::npos;
+        EXPECT_EQ(named, !interlaced) << result.errors;
+    }
+}
+
+TEST_F(BadInputTest, BrokenInputIsDrawnAsFarAsItDecodes) {
+    WriteClip("in", 5, {16, 16});
+    // Pictures of many sizes are scaled to one.
+    for (int i = 1; i <= 40; ++i) {
+        WriteImage("clip/" + std::to_string(i) + ".png", Pattern({150 + i, 160}));
+    }
+    PlayWell("clip/%d.png --size 160x160 --out clip.mp4");
+    std::filesystem::resize_file(Path("clip.mp4"),
+                                 std::filesystem::file_size(Path("clip.mp4")) * 2 / 3);
+    RunResult result = Play("clip.mp4 --out out.mp4");
     EXPECT_EQ(result.status, 1);
-    EXPECT_NE(result.errors.find("clip.mp4 is broken: 1 frames lost"), std::string::npos)
-        << result.errors;
+    EXPECT_NE(result.errors.find("clip.mp4 is broken: "), std::string::npos) << result.errors;
+    EXPECT_GT(std::filesystem::file_size(Path("out.mp4")), 0U);
+
+    std::filesystem::resize_file(Path("in/0003.png"), 40);
+    result = Play("in/%04d.png --out out/%d.png");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.errors.find("in/%04d.png is broken: 1 frames lost"), std::string::npos);
+    EXPECT_NE(result.errors.find("4 frames in, 4 out, 1 failed"), std::string::npos);
+    EXPECT_EQ(At(Read("out/3.png"), 8, 8), FrameColor(4));
 }

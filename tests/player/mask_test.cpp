@@ -1,6 +1,8 @@
 #include "PlayerFixture.h"
 #include "support/PngFile.h"
 
+using MaskTest = PlayerTest;
+
 namespace {
 
 constexpr Size kMaskSize = {4, 1};
@@ -22,7 +24,7 @@ Pixel WithAlpha(Pixel colour, uint8_t alpha) {
 
 }  // namespace
 
-TEST_F(PlayerTest, MaskKeysByItsAlphaAndItsLastFrameIsHeld) {
+TEST_F(MaskTest, MaskKeysByItsAlphaAndItsLastFrameIsHeld) {
     constexpr Pixel kTransparentWhite = {255, 255, 255, 0};
     constexpr Pixel kOpaqueBlack = {0, 0, 0, 255};
     constexpr Pixel kFaintBlack = {0, 0, 0, 90};
@@ -49,7 +51,7 @@ TEST_F(PlayerTest, MaskKeysByItsAlphaAndItsLastFrameIsHeld) {
     EXPECT_EQ(At(opaque, 7, 2), FrameColor(1));
 }
 
-TEST_F(PlayerTest, MaskWithoutAlphaKeysByItsBrightness) {
+TEST_F(MaskTest, MaskWithoutAlphaKeysByItsBrightness) {
     WriteClip("in", 1, kClipSize);
     const std::array<uint8_t, 4> gray = {0, 1, 128, 255};
     WriteGrayPng(Path("mask.png"), kMaskSize, gray.data());
@@ -61,7 +63,7 @@ TEST_F(PlayerTest, MaskWithoutAlphaKeysByItsBrightness) {
     }
 }
 
-TEST_F(PlayerTest, MaskFromAVideoIsBlackWhereTheVideoIs) {
+TEST_F(MaskTest, MaskFromAVideoIsBlackWhereTheVideoIs) {
     Image half = Solid({64, 64}, {0, 0, 0, 255});
     for (int y = 0; y < 64; ++y) {
         std::fill_n(half.At(32, y), 32 * Image::kChannels, uint8_t{255});
@@ -75,7 +77,7 @@ TEST_F(PlayerTest, MaskFromAVideoIsBlackWhereTheVideoIs) {
     EXPECT_EQ(At(out, 56, 32), FrameColor(2));
 }
 
-TEST_F(PlayerTest, MaskIsScaledToItsSizeAndNotMirrored) {
+TEST_F(MaskTest, MaskIsScaledToItsSizeAndNotMirrored) {
     constexpr Pixel kWhite = {255, 255, 255, 255};
     WriteClip("in", 1, kClipSize);
     WriteImage("mask.png", MaskOf({Pixel{}, Pixel{}, kWhite, kWhite}));

@@ -2,7 +2,9 @@
 
 #include "PlayerFixture.h"
 
-TEST_F(PlayerTest, ContactSheetLaysPicturesOutInRows) {
+using SheetTest = PlayerTest;
+
+TEST_F(SheetTest, ContactSheetLaysPicturesOutInRows) {
     const Pixel red = {255, 0, 0, 255};
     const Pixel blue = {0, 0, 255, 255};
     WriteImage("red.png", Solid({40, 20}, red));
@@ -18,7 +20,7 @@ TEST_F(PlayerTest, ContactSheetLaysPicturesOutInRows) {
     EXPECT_EQ(Run(CONTACTSHEET, "--out sheet.png red.png").status, 2);
 }
 
-TEST_F(PlayerTest, MotionMaskMarksWhatMoves) {
+TEST_F(SheetTest, MotionMaskMarksWhatMoves) {
     constexpr Size kSize = {320, 240};
     const Image still = Pattern(kSize);
     for (int i = 0; i < 8; ++i) {
