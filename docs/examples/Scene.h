@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// What the programs on the documentation's pages are given.
+/// The argument of the programs on the documentation pages.
 
 #include <jni.h>
 
@@ -17,13 +17,13 @@ struct Pixels {
 
 /// An OpenGL ES 3 context is current.
 struct Scene {
-    int texture = 0;  ///< The destination: a fresh name from glGenTextures.
+    int texture = 0;  ///< The destination: a new name from glGenTextures.
     Pixels frame;     ///< A frame of a video.
     Pixels sticker;   ///< A small picture.
 
     JavaVM* javaVM = nullptr;                ///< For compressed video only.
-    std::vector<std::vector<uint8_t>> clip;  ///< Likewise: H.264 units that show the frame.
+    std::vector<std::vector<uint8_t>> clip;  ///< H.264 access units that show the frame.
 };
 
-/// What each page defines.
+/// Each page defines this function.
 void Draw(const Scene& scene);

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Prints the code of a page, each line at its number there: extract.sh PAGE [LANGUAGE, else cpp]
+# Prints the code of a page with its line numbers: extract.sh PAGE [LANGUAGE], which is cpp by default
 set -eu
 language=${2:-cpp}
 if [ "$language" = cpp ]; then

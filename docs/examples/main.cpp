@@ -1,5 +1,5 @@
-// Runs the program of a documentation page, and writes the picture that it draws or compares it
-// with the one on the page.
+// Runs the program of a documentation page. Writes the picture that it draws, or compares it with
+// the picture on the page.
 
 #include <linux_platform/Host.h>
 
@@ -63,7 +63,7 @@ Pixels View(Image& image) {
     return {image.size.width, image.size.height, image.pixels.data()};
 }
 
-/// What the page's program drew, over a checkerboard where it is transparent.
+/// The picture that the program drew. A checkerboard shows where it is transparent.
 Image Picture(const Arguments& arguments) {
     Image frame = ReadPng(arguments.frame);
     Image sticker = ReadPng(arguments.sticker);

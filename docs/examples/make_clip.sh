@@ -1,10 +1,10 @@
 #!/bin/bash
-# Makes an H.264 clip in which a picture stands still: make_clip.sh PLAYER PICTURE CLIP
+# Makes an H.264 clip of one still picture: make_clip.sh PLAYER PICTURE CLIP
 set -euo pipefail
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 for number in $(seq 1001 1024); do
     cp "$2" "$work/$number.png"
 done
-# Fit, so that the picture is cropped once only: when the clip is played.
+# --fit: the picture is cropped only when the clip is played.
 "$1" "$work/%04d.png" --fit --quiet --out "$3"

@@ -155,7 +155,7 @@
 /// In output mode 1, each pixel of the mask decides about the pixel of the picture at the same
 /// place. Where red, green and blue of the mask are all 0, the result is the fixed color
 /// (169, 210, 216) with alpha 0. Elsewhere it is the color of the picture with the alpha of the
-/// mask, which is 255 for an RGB mask. The mask has a size of its own and is stretched over the
+/// mask, which is 255 for an RGB mask. The mask can have any size. It is stretched over the
 /// picture with nearest filtering. The result is not premultiplied.
 ///
 /// Stickers
