@@ -4,6 +4,7 @@
 #include <linux_platform/Host.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <thread>
 
 #include "DecodeFixture.h"
@@ -43,14 +44,14 @@ unsigned NewTexture() {
     return texture;
 }
 
-/// Red in the middle of a texture.
-int Level(unsigned texture, int width, int height) {
+/// Red of a pixel of a texture, counted from the first row and column.
+int Level(unsigned texture, int x, int y) {
     unsigned framebuffer = 0;
     glGenFramebuffers(1, &framebuffer);
     glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer);
     glFramebufferTexture2D(GL_READ_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
     std::array<uint8_t, 4> pixel{};
-    glReadPixels(width / 2, height / 2, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, pixel.data());
+    glReadPixels(x, y, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, pixel.data());
     glDeleteFramebuffers(1, &framebuffer);
     return pixel[0];
 }
@@ -58,11 +59,12 @@ int Level(unsigned texture, int width, int height) {
 /// A guarded renderer and its decoder.
 class DecoderRenderer {
 public:
-    explicit DecoderRenderer(void (*onPicture)(void*) = nullptr, void* listener = nullptr) {
+    explicit DecoderRenderer(void (*onPicture)(void*) = nullptr, void* listener = nullptr,
+                             int width = 320, int height = 240) {
         VERendererOptions options = VEMakeRendererOptions();
         options.source = VE_SOURCE_H264;
-        options.sourceWidth = 320;
-        options.sourceHeight = 240;
+        options.sourceWidth = width;
+        options.sourceHeight = height;
         options.outputTexture = texture;
         options.javaVM = Machine();
         options.onPicture = onPicture;
@@ -101,7 +103,7 @@ public:
         const VEDrawn drawn = draw();
         if (drawn.newPicture) {
             times.push_back(drawn.ptsUs);
-            levels.push_back(Level(texture, 320, 240));
+            levels.push_back(Level(texture, 160, 120));
         }
     }
 
@@ -114,6 +116,8 @@ public:
 
 class Decoder : public DecodeTest {
 protected:
+    ~Decoder() override { HostPlatform_setStrict(getenv("LINUX_PLATFORM_STRICT") != nullptr); }
+
     std::vector<TestUnit> units_ = Encode(GrayStream(), kPictures);
 };
 
@@ -219,6 +223,46 @@ TEST_F(Decoder, UnitsThatDoNotFitUseNoBuffer) {
     }
     EXPECT_EQ(result, VE_AGAIN) << "nobody draws";
     EXPECT_EQ(renderer.state().result, VE_OK);
+}
+
+TEST_F(Decoder, CropAndRotationApplyToThePictureAlone) {
+    constexpr int kWidth = 300;  // Padded to 320 × 208 in strict mode.
+    constexpr int kHeight = 200;
+    TestStream stream;
+    stream.width = kWidth;
+    stream.height = kHeight;
+    stream.picture = [](int) {
+        return TestStream::Quarters{Yuv{50, 128, 128}, Yuv{90, 128, 128}, Yuv{130, 128, 128},
+                                    Yuv{170, 128, 128}};
+    };
+    const std::vector<TestUnit> units = Encode(stream, 3);
+    const auto red = [](int luma) { return (luma - 16) * 255 / 219; };
+    HostPlatform_setStrict(1);
+    for (const int rotation : {0, 90, 180, 270}) {
+        HostBehavior behavior = {};
+        behavior.rotation = rotation;
+        HostDecoder_setBehavior(nullptr, &behavior);
+        DecoderRenderer renderer(nullptr, nullptr, kWidth, kHeight);
+        for (const TestUnit& unit : units) {
+            renderer.queue(UnitOf(unit));
+        }
+        renderer.queue(EndUnit());
+        while (renderer.times.empty() || !renderer.state().endOfStream) {
+            renderer.collect();
+        }
+        // The quarters around the picture's edge, clockwise from the first row and column.
+        const int turned = rotation / 90;
+        const int lumas[] = {50, 90, 170, 130};
+        const int places[][2] = {
+            {0, 0}, {kWidth - 1, 0}, {kWidth - 1, kHeight - 1}, {0, kHeight - 1}};
+        for (int corner = 0; corner < 4; ++corner) {
+            EXPECT_NEAR(Level(renderer.texture, places[corner][0], places[corner][1]),
+                        red(lumas[(corner - turned + 4) % 4]), 3)
+                << rotation << " degrees, corner " << corner;
+        }
+        EXPECT_EQ(renderer.state().width, 320);
+        EXPECT_EQ(renderer.state().cropRight, kWidth - 1);
+    }
 }
 
 /// \param guarded by VERendererExt.h, otherwise by VERenderer.h.

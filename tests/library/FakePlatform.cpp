@@ -273,7 +273,8 @@ media_status_t AMediaCodec_stop(AMediaCodec* codec) {
 media_status_t AMediaCodec_delete(AMediaCodec* codec) {
     Platform().alive -= codec != nullptr ? 1 : 0;
     delete codec;
-    return Noted("AMediaCodec_delete");
+    Platform().note("AMediaCodec_delete");
+    return AMEDIA_OK;
 }
 
 ssize_t AMediaCodec_dequeueInputBuffer(AMediaCodec* codec, int64_t timeoutUs) {
