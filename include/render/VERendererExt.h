@@ -5,7 +5,9 @@
 /// behind. Plain C.
 ///
 /// VERenderer.h is the other way in. It trusts its caller and the platform; this one trusts
-/// neither. A renderer made here also works with the functions of VERenderer.h.
+/// neither. A renderer made here also works with the functions of VERenderer.h: they return -1 for
+/// all errors, start at zoom 2, move the view in every output mode, and draw no application's
+/// texture.
 ///
 /// In short
 /// --------
@@ -196,9 +198,10 @@ typedef struct VEDrawOptions {
     const float* sourceMatrix;
     int32_t rotation;  ///< Clockwise: 0, 90, 180 or 270 degrees. Comes after the source matrix.
     bool mirror;       ///< Swaps left and right of the picture, and of each sticker in itself.
-    /// A new mask (see VERenderer.h): pixels of the size given at creation, or a texture with its
-    /// own filters, at most one of the two. Without one the last mask stays; a texture must exist
-    /// as long. Before the first mask the whole picture shows.
+    /// A new mask (see VERenderer.h): pixels of the size given at creation, or a texture, at most
+    /// one of the two. Without one the last mask stays; a texture must exist as long. Before the
+    /// first mask the whole picture shows. A texture is sampled with its own filters: with
+    /// GL_LINEAR, an alpha that falls to 0 towards black gives soft edges.
     const void* mask;
     uint32_t maskTexture;
     bool hideMask;            ///< Draws without a mask, which is kept.
@@ -295,7 +298,8 @@ typedef enum VEContext {
     VE_CONTEXT_LOST = 1,     ///< It is gone, and the objects with it: no GL call is made.
 } VEContext;
 
-/// Destroys a renderer, its thread and its decoder. The handle is then invalid.
+/// Destroys a renderer, its thread and its decoder, as VEDestroyRenderer does with the context
+/// current. The handle is then invalid.
 ///
 /// \return VE_BUSY when a decoder call takes longer than closeWaitMs: the renderer is destroyed all
 ///         the same, and the decoder's thread ends by itself after that call.

@@ -25,13 +25,13 @@ ExtRenderer::~ExtRenderer() {
     }
 }
 
-VEDrawn ExtRenderer::draw(const VEDrawOptions& drawOptions) {
+VEDrawn ExtRenderer::draw(const VEDrawOptions& drawOptions) const {
     VEDrawn drawn = VEMakeDrawn();
     EXPECT_EQ(VE_OK, VEDraw(handle, &drawOptions, &drawn));
     return drawn;
 }
 
-VEDrawn ExtRenderer::drawFrame(const Image* frame, const Image* mask) {
+VEDrawn ExtRenderer::drawFrame(const Image* frame, const Image* mask) const {
     VEDrawOptions drawOptions = VEMakeDrawOptions();
     drawOptions.frame = frame != nullptr ? frame->bytes.data() : nullptr;
     drawOptions.mask = mask != nullptr ? mask->bytes.data() : nullptr;

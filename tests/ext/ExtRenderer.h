@@ -16,8 +16,8 @@ public:
     ExtRenderer(const ExtRenderer&) = delete;
     ExtRenderer& operator=(const ExtRenderer&) = delete;
 
-    VEDrawn draw(const VEDrawOptions& options);
-    VEDrawn drawFrame(const Image* frame, const Image* mask = nullptr);
+    VEDrawn draw(const VEDrawOptions& options) const;
+    VEDrawn drawFrame(const Image* frame, const Image* mask = nullptr) const;
     /// Draws the scene. A mask is given as pixels where the renderer takes them, as a texture
     /// otherwise.
     void show(const Scene& scene);

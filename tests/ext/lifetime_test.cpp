@@ -18,7 +18,7 @@ protected:
     Image mask = Noise(4, 4, 4, 2);
     unsigned sticker = NewTexture();
 
-    VERendererOptions decoratedOptions() const {
+    static VERendererOptions decoratedOptions() {
         VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 8, 8);
         options.maskFormat = VE_MASK_RGBA;
         options.maskWidth = options.maskHeight = 4;

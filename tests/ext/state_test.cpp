@@ -32,8 +32,8 @@ protected:
         glGenTextures(6, textures.data());
         for (GLuint unit = 0; unit < 3; ++unit) {
             glActiveTexture(GL_TEXTURE0 + unit);
-            glBindTexture(GL_TEXTURE_2D, textures[2 * unit]);
-            glBindTexture(GL_TEXTURE_EXTERNAL_OES, textures[2 * unit + 1]);
+            glBindTexture(GL_TEXTURE_2D, textures[unit]);
+            glBindTexture(GL_TEXTURE_EXTERNAL_OES, textures[unit + 3]);
             glBindSampler(unit, samplers[unit % 2]);
         }
         glSamplerParameteri(samplers[0], GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);

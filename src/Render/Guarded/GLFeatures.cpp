@@ -23,7 +23,7 @@ bool HasExtension(const char* name) {
 template <typename Function>
 void LookUp(Function& entry, const char* name, const char* suffix) {
     char fullName[64];
-    std::snprintf(fullName, sizeof(fullName), "%s%s", name, suffix);
+    (void)std::snprintf(fullName, sizeof(fullName), "%s%s", name, suffix);
     entry = reinterpret_cast<Function>(eglGetProcAddress(fullName));
 }
 
@@ -53,11 +53,12 @@ GLFeatures::GLFeatures()
 }
 
 int GLVersion() {
+    static constexpr char kPrefix[] = "OpenGL ES ";
+    constexpr size_t kLength = sizeof(kPrefix) - 1;
     const auto* text = reinterpret_cast<const char*>(GLES3::glGetString(GL_VERSION));
-    int major = 0;
-    int minor = 0;
-    if (text == nullptr || std::sscanf(text, "OpenGL ES %d.%d", &major, &minor) != 2) {
+    if (text == nullptr || std::strncmp(text, kPrefix, kLength) != 0 ||
+        std::strlen(text) < kLength + 3) {
         return 0;
     }
-    return 10 * major + minor;
+    return 10 * (text[kLength] - '0') + (text[kLength + 2] - '0');
 }

@@ -67,7 +67,7 @@ void PictureMesh::draw() const {
     GLES3::glDrawArrays(GL_TRIANGLES, 0, kVertices);
 }
 
-StickerMesh::StickerMesh(GLNames& names) : vertexArray_(0), buffer_(names.makeBuffer()) {
+StickerMesh::StickerMesh(GLNames& names) : buffer_(names.makeBuffer()) {
     vertexArray_ = MakeVertexArray(names, buffer_, 4);
     GLES3::glBufferData(GL_ARRAY_BUFFER, kStickersAtATime * kVertices * sizeof(StickerVertex),
                         nullptr, GL_STREAM_DRAW);

@@ -34,6 +34,6 @@ public:
     void draw(const StickerPlaces& places) const;
 
 private:
-    uint32_t vertexArray_;
+    uint32_t vertexArray_ = 0;
     uint32_t buffer_;
 };

@@ -60,10 +60,8 @@ void DecodedSource::stage(const VEDrawOptions& options) {
     const VEResult result = decoder_->latch(latched_);
     Require(result == VE_OK, result);
     hasPicture_ = hasPicture_ && !latched_.isOutdated;
-    if (latched_.isNew) {
-        hasPicture_ = true;
-        hasNewPicture_ = true;
-    }
+    hasPicture_ = (hasPicture_ || latched_.isNew) && !latched_.isOutdated;
+    hasNewPicture_ = (hasNewPicture_ || latched_.isNew) && hasPicture_;
 }
 
 bool DecodedSource::take(const VEDrawOptions& /*options*/, Picture& picture) {
