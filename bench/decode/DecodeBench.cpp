@@ -7,6 +7,7 @@
 #include <string>
 
 #include "Contest.h"
+#include "Jvm.h"
 #include "LeastPath.h"
 #include "LibraryPath.h"
 #include "TexturePixels.h"
@@ -17,18 +18,6 @@ namespace {
 constexpr int kPicturesPerTurn = 25;
 constexpr size_t kUnits = 100;
 constexpr int kRounds = 24;  // Each order of the four contestants once.
-
-JavaVM* Machine() {
-    static JavaVM* const machine = [] {
-        std::array<char, 256> error{};
-        JavaVM* started = HostJava_start(nullptr, error.data(), error.size());
-        if (started == nullptr) {
-            throw std::runtime_error(error.data());
-        }
-        return started;
-    }();
-    return machine;
-}
 
 using Pixels = std::vector<unsigned char>;
 
@@ -69,7 +58,7 @@ private:
 
     OffscreenContext context_;
     const Clip& clip_;
-    LibraryPath ours_{clip_, Machine()};
+    LibraryPath ours_{clip_, Jvm()};
     LeastPath bare_{clip_, ShaderKind::kEquivalent};
     LeastPath lean_{clip_, ShaderKind::kLean};
     ClipDecoder decoder_{clip_};
