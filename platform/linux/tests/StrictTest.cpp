@@ -117,6 +117,10 @@ TEST_F(StrictDeathTest, HandlesAndBuffersDieWithTheirRelease) {
     EXPECT_DEATH(AMediaCodec_stop(nullptr), "null pointer");
     EXPECT_DEATH(DeleteUnderACall(setup), "heap-use-after-free");
 
+    AMediaFormat* format = AMediaFormat_new();
+    AMediaFormat_delete(format);
+    EXPECT_DEATH(AMediaFormat_setInt32(format, "width", 1), "heap-use-after-free");
+
     const TestWindow target;
     ANativeWindow* window = native_window_new_reference(target.window);
     ANativeWindow_release(window);

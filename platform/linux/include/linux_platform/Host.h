@@ -39,8 +39,7 @@ typedef struct HostJavaOptions {
 /// until the process ends. \thread any, one at a time.
 ///
 /// \param options may be null
-/// \param error   receives the reason of a failure as one line, cut to \p errorSize bytes; may be
-///                null
+/// \param error   receives the reason of a failure as one line, cut to \p errorSize bytes; or null
 /// \return null on failure
 JavaVM* HostJava_start(const HostJavaOptions* options, char* error, size_t errorSize);
 
@@ -48,17 +47,17 @@ JavaVM* HostJava_start(const HostJavaOptions* options, char* error, size_t error
 /// The environment variable LINUX_PLATFORM_STRICT, with any value, switches it on from the start.
 ///
 /// In strict mode, the platform behaves like the least tolerant devices:
-/// - AMediaCodec_delete frees the handle. A later call with it, or one that has not returned yet,
-/// is a
-///   use after free, which the address sanitizer reports. Each ANativeWindow_fromSurface returns a
-///   new handle, and ANativeWindow_release frees it, although the codec still uses the window. Only
-///   AMediaCodec_delete accepts null; other calls crash.
+/// - AMediaCodec_delete frees the handle. Using it later is a use after free, which the address
+///   sanitizer reports. That includes a call that another thread has begun and that returns later,
+///   which a call of the output side does even after AMediaCodec_stop. Only AMediaCodec_delete
+///   accepts null; other calls crash.
+/// - Each ANativeWindow_fromSurface returns a new handle. ANativeWindow_release frees it, although
+///   the codec still uses the window.
 /// - An input buffer is a heap block of exactly its capacity, which is "max-input-size" if the
-/// format
-///   has that. AMediaCodec_queueInputBuffer frees the block.
+///   format has that. AMediaCodec_queueInputBuffer frees the block.
 /// - A picture's buffer is padded to a multiple of 64 columns and of 16 rows: 1920 × 1088 for
-///   1920 × 1080. The padding is bright green. Only SurfaceTexture.getTransformMatrix leaves it
-///   out.
+///   1920 × 1080. The padding is bright green in a window, and zeros in an output buffer. Only
+///   SurfaceTexture.getTransformMatrix and the output format's crop leave it out.
 /// \thread any
 void HostPlatform_setStrict(int on);
 
@@ -125,7 +124,7 @@ enum HostCall {
 typedef struct HostBehavior {
     uint32_t failing;           ///< Bits of HostCall. They fail at once, whatever their timeout.
     int32_t error;              ///< Result of failing calls; 0: AMEDIA_ERROR_UNKNOWN.
-    int64_t failAfterPictures;  ///< Calls fail once so many pictures were dequeued.
+    int64_t failAfterPictures;  ///< They fail once so many pictures were dequeued.
     int64_t outputDelayUs;      ///< Time that each AMediaCodec_dequeueOutputBuffer takes at least.
     size_t inputCapacity;       ///< Bytes of an input buffer; 0: chosen by the platform.
     int32_t rotation;           ///< Clockwise, in degrees, in addition to the format's.
@@ -135,9 +134,8 @@ typedef struct HostBehavior {
 /// Sets the behavior of a decoder. A reclaimed codec, for example, fails in all calls with
 /// AMEDIACODEC_ERROR_RECLAIMED. That is a positive number, also from the dequeue functions.
 ///
-/// \param decoder  null: the next decoder that the calling thread creates. inputCapacity and
-/// rotation
-///                 have an effect before AMediaCodec_configure only.
+/// \param decoder  null: the next one that the calling thread creates. inputCapacity and rotation
+///                 have no effect after AMediaCodec_configure.
 /// \param behavior copied; null: normal.
 void HostDecoder_setBehavior(HostDecoder* decoder, const HostBehavior* behavior);
 
