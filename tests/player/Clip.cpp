@@ -116,6 +116,7 @@ void MakeClip(const std::string& path, const ClipKind& kind) {
     }
     video.Finish();
     for (const auto& track : audio) {
+        track->WriteUntil(video.Seconds() + 0.3);
         track->Finish();
     }
     muxer.Finish();

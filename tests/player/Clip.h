@@ -21,7 +21,7 @@ struct ClipKind {
 };
 
 /// Writes H.264 video with frames that are shown in another order than they are decoded in. Frame
-/// n, from 1 on, is all of its FrameColor. The audio is noise as long as the video.
+/// n, from 1 on, is all of its FrameColor. The audio is noise, a little longer than the video.
 void MakeClip(const std::string& path, const ClipKind& kind);
 
 struct AudioPacket {

@@ -20,10 +20,10 @@ Pixel At(const Image& image, int x, int y) {
     return pixel;
 }
 
-Image Solid(Size size, const Pixel& colour) {
+Image Solid(Size size, const Pixel& color) {
     Image image(size);
     for (size_t i = 0; i < image.pixels.size(); ++i) {
-        image.pixels[i] = colour.at(i % colour.size());
+        image.pixels[i] = color.at(i % color.size());
     }
     return image;
 }

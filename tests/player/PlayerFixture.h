@@ -19,13 +19,13 @@ struct RunResult {
 };
 
 Pixel At(const Image& image, int x, int y);
-Image Solid(Size size, const Pixel& colour);
-/// A picture whose pixels all differ from their neighbours.
+Image Solid(Size size, const Pixel& color);
+/// A picture whose pixels all differ from their neighbors.
 Image Pattern(Size size);
-/// A colour for each frame number, opaque and far from its neighbours'.
+/// A color for each frame number, opaque and far from those of its neighbors.
 Pixel FrameColor(int frame);
 
-/// Runs the tools in an empty directory of its own.
+/// Runs the tools in a new, empty directory.
 class PlayerTest : public ::testing::Test {
 protected:
     PlayerTest();

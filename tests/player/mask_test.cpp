@@ -17,9 +17,9 @@ Image MaskOf(const std::array<Pixel, 4>& pixels) {
     return mask;
 }
 
-Pixel WithAlpha(Pixel colour, uint8_t alpha) {
-    colour[3] = alpha;
-    return colour;
+Pixel WithAlpha(Pixel color, uint8_t alpha) {
+    color[3] = alpha;
+    return color;
 }
 
 }  // namespace

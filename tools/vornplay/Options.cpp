@@ -75,7 +75,7 @@ void AddHandoverOptions(CommandLine& line, Options& options) {
     line.Option("--path", options.handover, ParseHandover, "decode|cpu|auto",
                 "Hand over compressed frames or pixels (default: auto)");
     line.Flag("--realtime", options.realtime,
-              "Keep the clip's pace, and tell how many frames were shown and dropped");
+              "Keep the clip's pace, and count the frames shown and dropped");
     line.Option("--platform", options.platform, "DIR",
                 "Where libandroid.so and android.jar are (default: those linked to)");
 }
@@ -134,9 +134,9 @@ void AddOutputOptions(CommandLine& line, Options& options) {
                 "Write to " + OutputExamples() + " (default: show it in a window)");
     line.Option("--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
                 "Behind transparent parts of output without alpha (default: checker)");
-    line.Flag("--json", options.json, "Print what became of it as a line of JSON");
+    line.Flag("--json", options.json, "Print the result as a line of JSON");
     line.Flag("--no-window", options.noWindow,
-              "Without --out: draw all frames and tell how long that took");
+              "Without --out: draw all frames and report how long that took");
     line.Flag("--quiet,-q", options.quiet, "No progress and no summary");
     line.Flag("-v,--verbose", options.verbose, "Show the log of the renderer and the decoders");
     line.Exclude("--realtime", "--out");

@@ -8,7 +8,7 @@
 #include "Muxer.h"
 #include "support/VideoFile.h"
 
-/// Carries the audio of the input over as it is, beside the video that is drawn from it.
+/// Copies the audio of the input, as it is, beside the drawn video.
 class AudioCopy {
 public:
     /// Adds a stream to \p muxer for each audio stream that its container takes. \throws ToolError
@@ -16,7 +16,7 @@ public:
 
     const AudioReport& Report() const { return report_; }
 
-    /// Copies what begins before this time of the output. \throws ToolError
+    /// Copies the packets that begin before this time of the output. \throws ToolError
     void CopyUntil(double seconds);
     void CopyRest() { CopyUntil(std::numeric_limits<double>::infinity()); }
 
@@ -26,7 +26,7 @@ private:
     };
     struct Track {
         AVStream* output = nullptr;                          ///< Null: not copied.
-        int64_t last = std::numeric_limits<int64_t>::min();  ///< Where it has got to.
+        int64_t last = std::numeric_limits<int64_t>::min();  ///< The time of the last packet.
     };
 
     void Open(const VideoFile& video);
@@ -42,7 +42,7 @@ private:
     std::unique_ptr<AVFormatContext, CloseInput> input_;
     std::vector<Track> tracks_;  ///< For each stream of the input.
     double origin_;              ///< The output's start, in the input's time.
-    bool trims_;                 ///< What is before the start is left out.
+    bool trims_;                 ///< Leaves out what is before the start.
     bool waiting_ = false;       ///< packet_ holds the next one.
     LibavPtr<AVPacket> packet_{av_packet_alloc()};
 };

@@ -14,7 +14,7 @@ extern "C" {
 namespace {
 
 constexpr char kPalettes[] =
-    "split[pixels][colours];[colours]palettegen=stats_mode=single[palette];"
+    "split[pixels][colors];[colors]palettegen=stats_mode=single[palette];"
     "[pixels][palette]paletteuse=new=1:dither=bayer:bayer_scale=4:alpha_threshold=128";
 
 VideoCoding Coding() {

@@ -9,7 +9,7 @@
 struct AVFilterContext;
 struct AVFilterGraph;
 
-/// Writes an animated GIF, each frame with a palette of its own. Pixels of less than half alpha are
+/// Writes an animated GIF with a palette for each frame. Pixels of less than half alpha are
 /// transparent.
 class GifWriter : public FrameSink {
 public:

@@ -10,8 +10,8 @@
 
 using LibavOptions = std::vector<std::pair<const char*, const char*>>;
 
-/// A file of one or more streams that libavformat writes. It takes its name once it is whole;
-/// before, and after a failure, there is none.
+/// A file of one or more streams that libavformat writes. It gets its name when it is complete;
+/// after a failure there is no file.
 class Muxer {
 public:
     /// \param container libavformat's name of it. \throws ToolError
@@ -27,9 +27,9 @@ public:
     /// A stream for packets that are copied from another file.
     AVStream& AddCopied(const AVStream& source);
 
-    /// Writes what goes before the packets, once all streams are there.
+    /// Writes the header, after all streams are added.
     void Begin(const LibavOptions& options);
-    /// Takes a packet with the times of a stream of \p timeBase; leaves it empty.
+    /// Writes a packet, whose times are in \p timeBase, and leaves it empty.
     void Write(AVPacket& packet, const AVStream& stream, AVRational timeBase);
     void Finish();
 

@@ -8,9 +8,9 @@
 /// How the pictures of a track are compressed.
 struct VideoCoding {
     AVCodecID codec;
-    const char* encoder;  ///< The one wanted; null for any.
+    const char* encoder;  ///< libavcodec's name of it; null for any.
     AVPixelFormat format;
-    LibavOptions options;  ///< Those that the encoder does not know do nothing.
+    LibavOptions options;  ///< The encoder ignores those that it does not know.
 };
 
 /// The video of a file, at a constant frame rate.

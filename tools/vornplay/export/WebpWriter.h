@@ -8,8 +8,7 @@
 
 struct WebPMux;
 
-/// Writes an animated WebP with alpha. Each frame is a picture of its own, also where it repeats
-/// the one before.
+/// Writes an animated WebP with alpha. It stores every frame, also if it repeats the one before.
 class WebpWriter : public FrameSink {
 public:
     /// \throws ToolError
