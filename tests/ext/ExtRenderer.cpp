@@ -33,22 +33,26 @@ VEDrawn ExtRenderer::draw(const VEDrawOptions& drawOptions) const {
 
 VEDrawn ExtRenderer::drawFrame(const Image* frame, const Image* mask) const {
     VEDrawOptions drawOptions = VEMakeDrawOptions();
-    drawOptions.frame = frame != nullptr ? frame->bytes.data() : nullptr;
-    drawOptions.mask = mask != nullptr ? mask->bytes.data() : nullptr;
+    const std::vector<uint8_t> frameBytes = Packed(frame, options.source == VE_SOURCE_RGB);
+    const std::vector<uint8_t> maskBytes = Packed(mask, options.maskFormat == VE_MASK_RGB);
+    drawOptions.frame = frame != nullptr ? frameBytes.data() : nullptr;
+    drawOptions.mask = mask != nullptr ? maskBytes.data() : nullptr;
     return draw(drawOptions);
 }
 
 void ExtRenderer::show(const Scene& scene) {
     VEDrawOptions drawOptions = VEMakeDrawOptions();
+    const std::vector<uint8_t> frame = Packed(scene.source, options.source == VE_SOURCE_RGB);
+    const std::vector<uint8_t> mask = Packed(scene.mask, options.maskFormat == VE_MASK_RGB);
     if (options.source == VE_SOURCE_TEXTURE_2D) {
         Fill(source_, *scene.source);
         drawOptions.sourceTexture = source_;
         drawOptions.sourceMatrix = scene.sourceMatrix;
     } else {
-        drawOptions.frame = scene.source->bytes.data();
+        drawOptions.frame = frame.data();
     }
     if (scene.mask != nullptr && options.maskFormat != 0) {
-        drawOptions.mask = scene.mask->bytes.data();
+        drawOptions.mask = mask.data();
     } else if (scene.mask != nullptr) {
         Fill(mask_, *scene.mask);
         glBindTexture(GL_TEXTURE_2D, mask_);

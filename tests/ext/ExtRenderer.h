@@ -25,7 +25,7 @@ public:
     void expectShows(const Scene& scene, int tolerance = 0);
 
     Image readBack() const {
-        return ReadBack(options.outputTexture, options.outputWidth, options.outputHeight);
+        return ReadBack(options.outputTexture, {options.outputWidth, options.outputHeight});
     }
 
     VERendererOptions options;

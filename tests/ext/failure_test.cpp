@@ -71,11 +71,11 @@ TEST(ExtFailure, SourcesAreCheckedBeforehand) {
 /// A draw that ran out of memory changes nothing, and works when it is tried again.
 TEST(ExtFailure, ADrawThatFailedCanBeTriedAgain) {
     const TestContext context;
-    const Image frames[2] = {Noise(8, 6, 4, 1), Noise(8, 6, 4, 2)};
+    const Image frames[2] = {Noise({8, 6}, 1), Noise({8, 6}, 2)};
     ExtRenderer renderer(OptionsOf(VE_SOURCE_RGBA, 8, 6));
     VEDrawOptions draw = VEMakeDrawOptions();
     for (int i = 0; i < 2; ++i) {
-        draw.frame = frames[i].bytes.data();
+        draw.frame = frames[i].pixels.data();
         {
             const Replaced noMemory(GLES3::glMapBufferRange, kMapsNothing);
             EXPECT_EQ(VE_ERROR_MEMORY, VEDraw(renderer.handle, &draw, nullptr));
@@ -86,9 +86,9 @@ TEST(ExtFailure, ADrawThatFailedCanBeTriedAgain) {
         }
         EXPECT_EQ(i == 1, renderer.draw(draw).picture);
     }
-    EXPECT_EQ(frames[0].bytes, renderer.readBack().bytes);
+    EXPECT_EQ(frames[0].pixels, renderer.readBack().pixels);
     renderer.drawFrame(nullptr);
-    EXPECT_EQ(frames[1].bytes, renderer.readBack().bytes);
+    EXPECT_EQ(frames[1].pixels, renderer.readBack().pixels);
 
     // The same for the programs of masks and stickers.
     const unsigned texture = NewTexture();
@@ -109,7 +109,7 @@ TEST(ExtFailure, ADrawThatFailedCanBeTriedAgain) {
 TEST(ExtFailure, GlOutOfMemoryAtCreationIsAResult) {
     const TestContext context;
     const VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 8, 6);
-    Fill(options.outputTexture, Noise(8, 6, 4, 1));
+    Fill(options.outputTexture, Noise({8, 6}, 1));
     const int before = CountGlNames();
     static bool full;
     full = false;

@@ -9,9 +9,9 @@ namespace {
 class ExtLatency : public testing::Test {
 protected:
     TestContext context;
-    Image frames[3] = {Noise(6, 4, 4, 1), Noise(6, 4, 4, 2), Noise(6, 4, 4, 3)};
-    Image maskA = Solid(1, 1, {1, 1, 1, 50});
-    Image maskB = Solid(1, 1, {1, 1, 1, 60});
+    Image frames[3] = {Noise({6, 4}, 1), Noise({6, 4}, 2), Noise({6, 4}, 3)};
+    Image maskA = Solid({1, 1}, {1, 1, 1, 50});
+    Image maskB = Solid({1, 1}, {1, 1, 1, 60});
 
     static VERendererOptions Options() {
         VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 6, 4);
@@ -34,19 +34,19 @@ protected:
 
 TEST_F(ExtLatency, FramesAndMasksComeOneCallLaterAndNoneIsLost) {
     ExtRenderer renderer(Options());
-    Image before = Noise(6, 4, 4, 9);
+    Image before = Noise({6, 4}, 9);
     Fill(renderer.options.outputTexture, before);
     Expect(renderer.drawFrame(nullptr), false, false);
     Expect(renderer.drawFrame(&frames[0], &maskA), false, false);
-    EXPECT_EQ(before.bytes, renderer.readBack().bytes);
+    EXPECT_EQ(before.pixels, renderer.readBack().pixels);
     Expect(renderer.drawFrame(&frames[1], &maskB), true, true);
-    EXPECT_EQ(WithAlpha(frames[0].pixel(2, 3), 50), renderer.readBack().pixel(2, 3));
+    EXPECT_EQ(WithAlpha(frames[0].Pixel(2, 3), 50), renderer.readBack().Pixel(2, 3));
     Expect(renderer.drawFrame(&frames[2]), true, true);
-    EXPECT_EQ(WithAlpha(frames[1].pixel(2, 3), 60), renderer.readBack().pixel(2, 3));
+    EXPECT_EQ(WithAlpha(frames[1].Pixel(2, 3), 60), renderer.readBack().Pixel(2, 3));
     Expect(renderer.drawFrame(nullptr), true, true);
-    EXPECT_EQ(WithAlpha(frames[2].pixel(2, 3), 60), renderer.readBack().pixel(2, 3));
+    EXPECT_EQ(WithAlpha(frames[2].Pixel(2, 3), 60), renderer.readBack().Pixel(2, 3));
     Expect(renderer.drawFrame(nullptr), true, false);
-    EXPECT_EQ(WithAlpha(frames[2].pixel(2, 3), 60), renderer.readBack().pixel(2, 3));
+    EXPECT_EQ(WithAlpha(frames[2].Pixel(2, 3), 60), renderer.readBack().Pixel(2, 3));
 }
 
 TEST_F(ExtLatency, OrAtOnce) {
@@ -55,9 +55,9 @@ TEST_F(ExtLatency, OrAtOnce) {
     ExtRenderer renderer(options);
     Expect(renderer.drawFrame(nullptr), false, false);
     Expect(renderer.drawFrame(&frames[0], &maskA), true, true);
-    EXPECT_EQ(WithAlpha(frames[0].pixel(2, 3), 50), renderer.readBack().pixel(2, 3));
+    EXPECT_EQ(WithAlpha(frames[0].Pixel(2, 3), 50), renderer.readBack().Pixel(2, 3));
     Expect(renderer.drawFrame(&frames[1]), true, true);
-    EXPECT_EQ(WithAlpha(frames[1].pixel(2, 3), 50), renderer.readBack().pixel(2, 3));
+    EXPECT_EQ(WithAlpha(frames[1].Pixel(2, 3), 50), renderer.readBack().Pixel(2, 3));
     Expect(renderer.drawFrame(nullptr), true, false);
 }
 

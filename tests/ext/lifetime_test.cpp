@@ -14,8 +14,8 @@ namespace {
 class ExtLifetime : public testing::Test {
 protected:
     TestContext context;
-    Image frame = Noise(8, 8, 4, 1);
-    Image mask = Noise(4, 4, 4, 2);
+    Image frame = Noise({8, 8}, 1);
+    Image mask = Noise({4, 4}, 2);
     unsigned sticker = NewTexture();
 
     static VERendererOptions decoratedOptions() {
@@ -31,8 +31,8 @@ protected:
         EXPECT_EQ(VE_OK, VECreateRenderer(&options, &renderer));
         const int32_t place[2] = {4, 4};
         VEDrawOptions draw = VEMakeDrawOptions();
-        draw.frame = frame.bytes.data();
-        draw.mask = mask.bytes.data();
+        draw.frame = frame.pixels.data();
+        draw.mask = mask.pixels.data();
         draw.stickerTexture = sticker;
         draw.stickers = place;
         draw.stickerCount = 1;
@@ -71,7 +71,7 @@ TEST_F(ExtLifetime, StorageThatCannotChangeIsUsedAsItIs) {
     options.drawAtOnce = true;
     ExtRenderer renderer(options);
     renderer.drawFrame(&frame);
-    EXPECT_EQ(frame.bytes, renderer.readBack().bytes);
+    EXPECT_EQ(frame.pixels, renderer.readBack().pixels);
 }
 
 TEST_F(ExtLifetime, HandlesOfTheOtherWayInAreRefused) {
@@ -155,7 +155,7 @@ TEST_F(ExtLifetime, DrawRefusesBadOptionsAndChangesNothing) {
     ExtRenderer renderer(OptionsOf(VE_SOURCE_RGBA, 8, 8));
     for (const BadDraw& bad : cases) {
         VEDrawOptions draw = VEMakeDrawOptions();
-        draw.frame = frame.bytes.data();
+        draw.frame = frame.pixels.data();
         bad.spoil(draw);
         EXPECT_EQ(bad.result, VEDraw(renderer.handle, &draw, nullptr)) << &bad - cases;
     }
@@ -177,7 +177,7 @@ TEST_F(ExtLifetime, StructsOfOlderAndNewerCallersAreTaken) {
     ExtRenderer renderer(OptionsOf(VE_SOURCE_RGBA, 8, 8));
     Newer newer = {VEMakeDrawOptions(), 0};
     newer.known.structSize = sizeof(newer);
-    newer.known.frame = frame.bytes.data();
+    newer.known.frame = frame.pixels.data();
     EXPECT_EQ(VE_OK, VEDraw(renderer.handle, &newer.known, nullptr));
     newer.unknown = 1;
     EXPECT_EQ(VE_ERROR_ARGUMENT, VEDraw(renderer.handle, &newer.known, nullptr));

@@ -49,7 +49,7 @@ TEST(ExtMemory, CreationGivesAResultAndLeavesNothingAndADrawNeedsNone) {
     VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 8, 6);
     options.maskFormat = VE_MASK_RGBA;
     options.maskWidth = options.maskHeight = 8;
-    const Image frame = Noise(8, 8, 4, 1);
+    const Image frame = Noise({8, 8}, 1);
     Fill(options.outputTexture, frame);
     const int names = CountGlNames();
     VERenderer* renderer = nullptr;
@@ -69,7 +69,7 @@ TEST(ExtMemory, CreationGivesAResultAndLeavesNothingAndADrawNeedsNone) {
 
     const int32_t place[2] = {4, 4};
     VEDrawOptions draw = VEMakeDrawOptions();
-    draw.frame = draw.mask = frame.bytes.data();
+    draw.frame = draw.mask = frame.pixels.data();
     draw.stickerTexture = options.outputTexture;
     draw.stickers = place;
     draw.stickerCount = 1;

@@ -10,14 +10,14 @@ namespace {
 class ExtPicture : public testing::Test {
 protected:
     TestContext context;
-    Image frame = Noise(40, 24, 4, 1);
-    Image rgbFrame = Noise(41, 23, 3, 2);
-    Image mask = Noise(9, 7, 4, 3);
-    Image sticker = Noise(3, 5, 4, 4);
+    Image frame = Noise({40, 24}, 1);
+    Image rgbFrame = Opaque(Noise({41, 23}, 2));
+    Image mask = Noise({9, 7}, 3);
+    Image sticker = Noise({3, 5}, 4);
     Scene scene;
 
     void SetUp() override {
-        std::fill_n(mask.at(2, 1), 4 * 5, uint8_t{0});
+        std::fill_n(mask.At(2, 1), 4 * 5, uint8_t{0});
         scene.source = &frame;
         scene.clear = {10, 20, 30, 40};
     }
@@ -65,26 +65,26 @@ TEST_F(ExtPicture, TheFirstRowTurnedByAQuarterBecomesTheLastColumn) {
     options.drawAtOnce = true;
     ExtRenderer renderer(options);
     VEDrawOptions draw = VEMakeDrawOptions();
-    draw.frame = frame.bytes.data();
+    draw.frame = frame.pixels.data();
     draw.rotation = 90;
     renderer.draw(draw);
     const Image turned = renderer.readBack();
-    EXPECT_EQ(frame.pixel(0, 0), turned.pixel(23, 0));
-    EXPECT_EQ(frame.pixel(39, 0), turned.pixel(23, 39));
-    EXPECT_EQ(frame.pixel(5, 23), turned.pixel(0, 5));
+    EXPECT_EQ(frame.Pixel(0, 0), turned.Pixel(23, 0));
+    EXPECT_EQ(frame.Pixel(39, 0), turned.Pixel(23, 39));
+    EXPECT_EQ(frame.Pixel(5, 23), turned.Pixel(0, 5));
 }
 
 TEST_F(ExtPicture, FitsPixelByPixelWithoutAView) {
     for (const Image* image : {&frame, &rgbFrame}) {
-        VERendererOptions options = OptionsOf(image->channels == 4 ? VE_SOURCE_RGBA : VE_SOURCE_RGB,
-                                              image->width, image->height);
+        VERendererOptions options = OptionsOf(image == &frame ? VE_SOURCE_RGBA : VE_SOURCE_RGB,
+                                              image->size.width, image->size.height);
         options.drawAtOnce = true;
         ExtRenderer renderer(options);
         renderer.drawFrame(image);
         const Image drawn = renderer.readBack();
-        for (int y = 0; y < drawn.height; ++y) {
-            for (int x = 0; x < drawn.width; ++x) {
-                ASSERT_EQ(image->pixel(x, y), drawn.pixel(x, y));
+        for (int y = 0; y < drawn.size.height; ++y) {
+            for (int x = 0; x < drawn.size.width; ++x) {
+                ASSERT_EQ(image->Pixel(x, y), drawn.Pixel(x, y));
             }
         }
     }
@@ -109,10 +109,10 @@ TEST_F(ExtPicture, TheSourceMatrixCropsAndTurnsThePictureOnly) {
     scene.rotation = 0;
     scene.sourceMatrix = flip;
     renderer.expectShows(scene);
-    const std::vector<uint8_t> withMatrix = renderer.readBack().bytes;
+    const std::vector<uint8_t> withMatrix = renderer.readBack().pixels;
     scene.sourceMatrix = nullptr;
     renderer.expectShows(scene);
-    EXPECT_EQ(withMatrix, renderer.readBack().bytes);
+    EXPECT_EQ(withMatrix, renderer.readBack().pixels);
 }
 
 TEST_F(ExtPicture, ManyStickersComeInOrder) {
@@ -126,9 +126,9 @@ TEST_F(ExtPicture, ManyStickersComeInOrder) {
 
 TEST_F(ExtPicture, AMaskTextureHasSoftEdges) {
     // Transparent black in the middle of opaque white, with room between.
-    Image soft = Solid(12, 10, {255, 255, 255, 255});
+    Image soft = Solid({12, 10}, {255, 255, 255, 255});
     for (int y = 3; y < 7; ++y) {
-        std::fill_n(soft.at(4, y), 4 * 4, uint8_t{0});
+        std::fill_n(soft.At(4, y), 4 * 4, uint8_t{0});
     }
     ExtRenderer renderer(OptionsOf(VE_SOURCE_TEXTURE_2D, 64, 48));
     scene.mask = &soft;
@@ -137,8 +137,8 @@ TEST_F(ExtPicture, AMaskTextureHasSoftEdges) {
     renderer.expectShows(scene, 2);
     size_t between = 0;
     const Image drawn = renderer.readBack();
-    for (int x = 0; x < drawn.width; ++x) {
-        between += drawn.pixel(x, 24)[3] > 0 && drawn.pixel(x, 24)[3] < 255 ? 1 : 0;
+    for (int x = 0; x < drawn.size.width; ++x) {
+        between += drawn.Pixel(x, 24)[3] > 0 && drawn.Pixel(x, 24)[3] < 255 ? 1 : 0;
     }
     EXPECT_GT(between, 4U);
 }
@@ -147,8 +147,8 @@ TEST_F(ExtPicture, TheLastMaskStaysAndBeforeTheFirstThePictureIsWhole) {
     VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 40, 24);
     options.drawAtOnce = true;
     options.maskFormat = VE_MASK_RGBA;
-    options.maskWidth = mask.width;
-    options.maskHeight = mask.height;
+    options.maskWidth = mask.size.width;
+    options.maskHeight = mask.size.height;
     ExtRenderer renderer(options);
     scene.zoom = VE_ZOOM_FIT;
     renderer.drawFrame(&frame);
@@ -166,16 +166,17 @@ TEST_F(ExtPicture, TheLastMaskStaysAndBeforeTheFirstThePictureIsWhole) {
 
 TEST_F(ExtPicture, IsThatOfTheSevenFunctionsBitForBit) {
     for (const Image* image : {&frame, &rgbFrame}) {
-        const bool rgba = image->channels == 4;
+        const bool rgba = image == &frame;
         VERendererOptions options =
-            OptionsOf(rgba ? VE_SOURCE_RGBA : VE_SOURCE_RGB, image->width, image->height);
+            OptionsOf(rgba ? VE_SOURCE_RGBA : VE_SOURCE_RGB, image->size.width, image->size.height);
         options.maskFormat = VE_MASK_RGBA;
-        options.maskWidth = mask.width;
-        options.maskHeight = mask.height;
+        options.maskWidth = mask.size.width;
+        options.maskHeight = mask.size.height;
         options.drawAtOnce = true;
         ExtRenderer renderer(options);
-        RendererHarness seven({VE_OUTPUT_MASKED, rgba ? VE_MODE_RGBA : VE_MODE_RGB, image->width,
-                               image->height, VE_MASK_RGBA, mask.width, mask.height});
+        RendererHarness seven({VE_OUTPUT_MASKED, rgba ? VE_MODE_RGBA : VE_MODE_RGB,
+                               image->size.width, image->size.height, VE_MASK_RGBA, mask.size.width,
+                               mask.size.height});
         addMaskAndStickers();
         scene.source = image;
         for (const float zoom : {0.0F, VE_ZOOM_FIT, 2.0F, 3.3F}) {
@@ -185,7 +186,7 @@ TEST_F(ExtPicture, IsThatOfTheSevenFunctionsBitForBit) {
                 scene.colorMirror = !scene.colorMirror;
                 seven.show(scene);
                 renderer.show(scene);
-                EXPECT_EQ(seven.readBack().bytes, renderer.readBack().bytes);
+                EXPECT_EQ(seven.readBack().pixels, renderer.readBack().pixels);
             }
         }
     }
@@ -194,18 +195,18 @@ TEST_F(ExtPicture, IsThatOfTheSevenFunctionsBitForBit) {
 TEST_F(ExtPicture, TheSevenFunctionsDrawItToo) {
     VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 40, 24);
     options.maskFormat = VE_MASK_RGBA;
-    options.maskWidth = mask.width;
-    options.maskHeight = mask.height;
+    options.maskWidth = mask.size.width;
+    options.maskHeight = mask.size.height;
     ExtRenderer renderer(options);
     Fill(options.outputTexture, frame);
     VEStickerList stickers = {{20, 20}, {22, 18}};
     const unsigned texture = NewTexture();
     Fill(texture, sticker);
     EXPECT_EQ(0, VEUpdateUserPosition(renderer.handle, 0.2F, 5, 3, 0));
-    EXPECT_EQ(0, VEUpdateRenderer(renderer.handle, frame.bytes.data(), 0, true, nullptr));
+    EXPECT_EQ(0, VEUpdateRenderer(renderer.handle, frame.pixels.data(), 0, true, nullptr));
     EXPECT_EQ(0, VEUpdateRendererWithSticker(renderer.handle, nullptr, 0, false, nullptr,
                                              static_cast<int>(texture), stickers));
-    EXPECT_EQ(0, VEUpdateCompressedData(renderer.handle, frame.bytes.data(), 8));
+    EXPECT_EQ(0, VEUpdateCompressedData(renderer.handle, frame.pixels.data(), 8));
     glDeleteTextures(1, &texture);
     scene.clear = {0, 0, 0, 0};
     scene.viewX = 0.2F;

@@ -14,9 +14,9 @@ using Names = std::set<std::string>;
 class ExtState : public testing::TestWithParam<bool> {
 protected:
     TestContext context;
-    Image frame = Noise(31, 17, 3, 1);
-    Image mask = Noise(5, 3, 3, 2);
-    Image sticker = Noise(2, 2, 4, 3);
+    Image frame = Opaque(Noise({31, 17}, 1));
+    Image mask = Opaque(Noise({5, 3}, 2));
+    Image sticker = Noise({2, 2}, 3);
     Scene scene;
     std::vector<unsigned> textures = std::vector<unsigned>(6);
 
@@ -83,14 +83,16 @@ TEST_P(ExtState, PictureAndStateAreRightFromAnyState) {
     VERendererOptions options = OptionsOf(VE_SOURCE_RGB, 31, 17);
     options.keepState = GetParam();
     options.maskFormat = VE_MASK_RGB;
-    options.maskWidth = mask.width;
-    options.maskHeight = mask.height;
+    options.maskWidth = mask.size.width;
+    options.maskHeight = mask.size.height;
     const unsigned stickerTexture = NewTexture();
     Fill(stickerTexture, sticker);
     const int32_t place[] = {15, 15};
     VEDrawOptions draw = VEMakeDrawOptions();
-    draw.frame = frame.bytes.data();
-    draw.mask = mask.bytes.data();
+    const std::vector<uint8_t> frameBytes = Packed(&frame, true);
+    const std::vector<uint8_t> maskBytes = Packed(&mask, true);
+    draw.frame = frameBytes.data();
+    draw.mask = maskBytes.data();
     draw.stickerTexture = stickerTexture;
     draw.stickers = place;
     draw.stickerCount = 1;
@@ -124,7 +126,7 @@ TEST_P(ExtState, PictureAndStateAreRightFromAnyState) {
     scene.stickers = {{15, 15}};
     scene.zoom = VE_ZOOM_FIT;
     glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    ExpectShows(ReadBack(options.outputTexture, 31, 17), scene);
+    ExpectShows(ReadBack(options.outputTexture, {31, 17}), scene);
 }
 
 INSTANTIATE_TEST_SUITE_P(KeepState, ExtState, testing::Bool());

@@ -53,17 +53,17 @@ TEST(Allocation, NoneForAFrameButForItsStickers) {
     OVR::System::Destroy();
     OVR::System::Init(OVR::Log::GetDefaultLog(), &countingAllocator);
     TestContext context;
-    Image frame = Noise(64, 48, 4, 1);
-    Image mask = Noise(8, 8, 4, 2);
+    Image frame = Noise({64, 48}, 1);
+    Image mask = Noise({8, 8}, 2);
     RendererHarness renderer({VE_OUTPUT_MASKED, VE_MODE_RGBA, 64, 48, VE_MASK_RGBA, 8, 8});
     VEStickerList none;
     VEStickerList some = {{30, 30}};
     const auto update = [&](VEStickerList& stickers) {
         allocations = 0;
         VEUpdateUserPosition(renderer.handle, 0.1F, 0, 2.5F, 0);
-        VEUpdateRenderer(renderer.handle, frame.bytes.data(), 0, true, mask.bytes.data());
-        VEUpdateRendererWithSticker(renderer.handle, frame.bytes.data(), 0, true, mask.bytes.data(),
-                                    1, stickers);
+        VEUpdateRenderer(renderer.handle, frame.pixels.data(), 0, true, mask.pixels.data());
+        VEUpdateRendererWithSticker(renderer.handle, frame.pixels.data(), 0, true,
+                                    mask.pixels.data(), 1, stickers);
         return allocations.load();
     };
     for (int warmUp = 0; warmUp < 4; ++warmUp) {

@@ -220,13 +220,13 @@ TEST_F(DecodeCalls, WithoutADecoderUnitsAndFramesAreNotAskedFor) {
 
 TEST_F(DecodeCalls, WithoutAJavaMachineARendererIsInert) {
     void* handle = create(Mode(VE_MODE_H264, VE_OUTPUT_MASKED), nullptr);
-    const Image before = Noise(64, 48, 4, 1);
+    const Image before = Noise({64, 48}, 1);
     Fill(texture, before);
     char unit[4] = {};
     EXPECT_EQ(0, VEUpdateRenderer(handle, unit, 4, true, unit));
     EXPECT_EQ(0, VEUpdateCompressedData(handle, unit, 4));
     EXPECT_EQ(0, VEUpdateUserPosition(handle, 1, 2, 3, 4));
-    EXPECT_EQ(before.bytes, ReadBack(texture, 64, 48).bytes);
+    EXPECT_EQ(before.pixels, ReadBack(texture, {64, 48}).pixels);
     VEDestroyRenderer(handle);
     EXPECT_TRUE(platform.takeJournal().empty());
     EXPECT_EQ((Journal{"\n JNI_OnLoad() not called yet ...######renderer\n",

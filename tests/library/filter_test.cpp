@@ -17,8 +17,7 @@
 
 namespace {
 
-constexpr int kWidth = 40;
-constexpr int kHeight = 30;
+constexpr Size kSize = {40, 30};
 
 /// An external texture that shows \p image.
 unsigned NewExternalTexture(const Image& image) {
@@ -45,23 +44,14 @@ class Filter : public testing::Test {
 protected:
     template <typename FilterKind>
     FilterKind makeFilter() {
-        return FilterKind(target, GL_RGBA, GL_RGBA, kWidth, kHeight, GL_RGBA, 3, 2);
+        return FilterKind(target, GL_RGBA, GL_RGBA, kSize.width, kSize.height, GL_RGBA, 3, 2);
     }
 
-    void expectShown() {
-        const Image drawn = ReadBack(target, kWidth, kHeight);
-        const auto expected = Predict(scene, kWidth, kHeight);
-        for (size_t i = 0; i < expected.size(); ++i) {
-            if (expected[i]) {
-                ASSERT_EQ(*expected[i],
-                          drawn.pixel(static_cast<int>(i) % kWidth, static_cast<int>(i) / kWidth));
-            }
-        }
-    }
+    void expectShown() { ExpectShows(ReadBack(target, kSize), scene); }
 
     TestContext context;
-    Image picture = Noise(kWidth, kHeight, 4, 1);
-    Image mask = Noise(3, 2, 4, 2);
+    Image picture = Noise(kSize, 1);
+    Image mask = Noise({3, 2}, 2);
     unsigned target = NewTexture();
     Scene scene;
 };
@@ -104,7 +94,7 @@ TEST_F(Filter, DrawsExternalSourcesUnderAMask) {
     auto filter = makeFilter<GPUTexture2TextureFilter>();
     const ShaderTextRecorder recorder;
     for (int call = 0; call < 3; ++call) {
-        filter.Texture2ExtractFilterTexture(source, true, mask.bytes.data(), true, -1, {});
+        filter.Texture2ExtractFilterTexture(source, true, mask.pixels.data(), true, -1, {});
     }
     EXPECT_EQ(StoredShader("external_masked.frag"), recorder.texts().at(1));
     const auto lines = LogCapture::Take();
@@ -118,11 +108,11 @@ TEST_F(Filter, DrawsExternalSourcesUnderAMask) {
 
 TEST_F(Filter, AFirstDrawWithoutAMaskIsForGood) {
     auto filter = makeFilter<GPUData2TextureFilter>();
-    filter.Draw2FilterTexture(picture.bytes.data(), true, -1, {});
-    filter.Draw2FilterTexture(picture.bytes.data(), true, -1, {});
+    filter.Draw2FilterTexture(picture.pixels.data(), true, -1, {});
+    filter.Draw2FilterTexture(picture.pixels.data(), true, -1, {});
     const ShaderTextRecorder recorder;
     for (int call = 0; call < 4; ++call) {
-        filter.Draw2ExtractFilterTexture(picture.bytes.data(), true, mask.bytes.data(), -1, {});
+        filter.Draw2ExtractFilterTexture(picture.pixels.data(), true, mask.pixels.data(), -1, {});
     }
     EXPECT_TRUE(recorder.texts().empty());
     scene.source = &picture;
@@ -179,9 +169,10 @@ TEST_F(Filter, TheMatrixIsExactlyThatOfTheView) {
 }
 
 TEST_F(Filter, TexturesWithoutPixelBuffersTakeTheirImageAtOnce) {
-    GLTexture* texture = GPUTextureFilterBase::GeneratorTexture(GL_RGBA, kWidth, kHeight, false);
-    texture->loadData(picture.bytes.data());
-    EXPECT_EQ(picture.bytes, ReadBack(texture->m_textureId, kWidth, kHeight).bytes);
+    GLTexture* texture =
+        GPUTextureFilterBase::GeneratorTexture(GL_RGBA, kSize.width, kSize.height, false);
+    texture->loadData(picture.pixels.data());
+    EXPECT_EQ(picture.pixels, ReadBack(texture->m_textureId, kSize).pixels);
     GPUTextureFilterBase::DeleteTexture(texture);
     GPUTextureFilterBase::DeleteTexture(nullptr);
     GPUTextureFilterBase::DeleteFBO(nullptr);
@@ -190,7 +181,7 @@ TEST_F(Filter, TexturesWithoutPixelBuffersTakeTheirImageAtOnce) {
 TEST_F(Filter, FormatsWithoutASizeUploadNothing) {
     GLTexture* texture = GPUTextureFilterBase::GeneratorTexture(0x1234, 4, 4, true);
     EXPECT_EQ(0U, texture->m_byteSize);
-    texture->loadData(picture.bytes.data());
+    texture->loadData(picture.pixels.data());
     texture->loadData(nullptr);
     GPUTextureFilterBase::DeleteTexture(texture);
 }

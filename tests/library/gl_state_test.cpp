@@ -61,9 +61,9 @@ void ExpectUnusualState(unsigned arrayBuffer) {
 class GlState : public testing::Test {
 protected:
     TestContext context;
-    Image frame = Noise(32, 16, 4, 1);
-    Image mask = Solid(2, 2, {255, 255, 255, 90});
-    Image sticker = Noise(2, 2, 4, 3);
+    Image frame = Noise({32, 16}, 1);
+    Image mask = Solid({2, 2}, {255, 255, 255, 90});
+    Image sticker = Noise({2, 2}, 3);
     Scene scene;
     unsigned arrayBuffer = 0;
 };

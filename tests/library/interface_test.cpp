@@ -149,14 +149,14 @@ TEST(InterfaceDeathTest, AMissingGlFunctionIsLoggedOnly) {
 
 TEST(Interface, OtherOutputModesDrawNothing) {
     TestContext context;
-    const Image frame = Noise(16, 8, 4, 1);
-    const Image before = Noise(16, 8, 4, 2);
+    const Image frame = Noise({16, 8}, 1);
+    const Image before = Noise({16, 8}, 2);
     RendererHarness renderer(Mode(2, VE_MODE_RGBA));
     Fill(renderer.texture, before);
     Scene scene;
     scene.source = &frame;
     renderer.show(scene);
-    EXPECT_EQ(before.bytes, renderer.readBack().bytes);
+    EXPECT_EQ(before.pixels, renderer.readBack().pixels);
     EXPECT_EQ(0, VEUpdateUserPosition(renderer.handle, 1, 2, 3, 4));
 }
 

@@ -9,7 +9,7 @@
 namespace {
 
 Image Frame(int number) {
-    return Solid(4, 4, {static_cast<uint8_t>(number), 100, 200, 255});
+    return Solid({4, 4}, {static_cast<uint8_t>(number), 100, 200, 255});
 }
 
 class Latency : public testing::Test {
@@ -17,18 +17,18 @@ protected:
     /// One call with the numbered frame and mask; 0 passes null.
     static void call(RendererHarness& renderer, int frame, int mask = 0) {
         Image frameImage = Frame(frame);
-        Image maskImage = Solid(2, 2, {255, 255, 255, static_cast<uint8_t>(mask)});
-        EXPECT_EQ(
-            0, VEUpdateRenderer(renderer.handle, frame == 0 ? nullptr : frameImage.bytes.data(), 64,
-                                true, mask == 0 ? nullptr : maskImage.bytes.data()));
+        Image maskImage = Solid({2, 2}, {255, 255, 255, static_cast<uint8_t>(mask)});
+        EXPECT_EQ(0,
+                  VEUpdateRenderer(renderer.handle, frame == 0 ? nullptr : frameImage.pixels.data(),
+                                   64, true, mask == 0 ? nullptr : maskImage.pixels.data()));
     }
 
     static int shownFrame(const RendererHarness& renderer) {
-        return renderer.readBack().pixel(1, 1)[0];
+        return renderer.readBack().Pixel(1, 1)[0];
     }
 
     static int shownMask(const RendererHarness& renderer) {
-        return renderer.readBack().pixel(1, 1)[3];
+        return renderer.readBack().Pixel(1, 1)[3];
     }
 
     TestContext context;

@@ -23,7 +23,8 @@ TEST(Picture, ShowsRgbAndRgbaFramesOfAnySize) {
     for (const auto& [width, height] : kSizes) {
         for (const int modeType : {VE_MODE_RGB, VE_MODE_RGBA}) {
             SCOPED_TRACE(testing::Message() << width << "x" << height << " type " << modeType);
-            const Image frame = Noise(width, height, modeType == VE_MODE_RGBA ? 4 : 3, 5);
+            const Image noise = Noise({width, height}, 5);
+            const Image frame = modeType == VE_MODE_RGB ? Opaque(noise) : noise;
             RendererHarness renderer(Plain(modeType, width, height));
             Scene scene;
             scene.source = &frame;
@@ -36,20 +37,20 @@ TEST(Picture, ShowsRgbAndRgbaFramesOfAnySize) {
 
 TEST(Picture, OnlyADestinationOfFormat3HasNoAlpha) {
     TestContext context;
-    const Image frame = Solid(8, 8, {10, 20, 30, 40});
+    const Image frame = Solid({8, 8}, {10, 20, 30, 40});
     for (const int format : {0, 3, 4, 5}) {
         RendererHarness renderer(Plain(VE_MODE_RGBA, 8, 8), format);
         Scene scene;
         scene.source = &frame;
         renderer.show(scene);
         const uint8_t alpha = format == 3 ? 255 : 40;
-        EXPECT_EQ((Rgba{10, 20, 30, alpha}), renderer.readBack().pixel(3, 3)) << format;
+        EXPECT_EQ((Rgba{10, 20, 30, alpha}), renderer.readBack().Pixel(3, 3)) << format;
     }
 }
 
 TEST(Picture, TheViewIsFixedWithoutAMask) {
     TestContext context;
-    const Image frame = Noise(40, 30, 4, 1);
+    const Image frame = Noise({40, 30}, 1);
     RendererHarness renderer(Plain(VE_MODE_RGBA, 40, 30));
     Scene scene;
     scene.source = &frame;
@@ -58,13 +59,13 @@ TEST(Picture, TheViewIsFixedWithoutAMask) {
     scene.zoom = 0.0F;
     scene.viewX = 0.5F;
     renderer.show(scene);
-    EXPECT_EQ(before.bytes, renderer.readBack().bytes);
+    EXPECT_EQ(before.pixels, renderer.readBack().pixels);
 }
 
 TEST(Picture, TheViewZoomsMovesAndTurnsRound) {
     TestContext context;
-    const Image frame = Noise(64, 48, 4, 3);
-    const Image mask = Solid(4, 4, {255, 255, 255, 200});
+    const Image frame = Noise({64, 48}, 3);
+    const Image mask = Solid({4, 4}, {255, 255, 255, 200});
     RendererHarness renderer(Masked(64, 48, VE_MASK_RGBA, 4, 4));
     Scene scene;
     scene.source = &frame;
@@ -86,8 +87,8 @@ TEST(Picture, TheViewZoomsMovesAndTurnsRound) {
 
 TEST(Picture, AtZoomSixOnlyTheClearColorIsLeft) {
     TestContext context;
-    const Image frame = Noise(16, 16, 4, 3);
-    const Image mask = Solid(4, 4, {255, 255, 255, 255});
+    const Image frame = Noise({16, 16}, 3);
+    const Image mask = Solid({4, 4}, {255, 255, 255, 255});
     RendererHarness renderer(Masked(16, 16, VE_MASK_RGBA, 4, 4));
     Scene scene;
     scene.source = &frame;
@@ -95,30 +96,30 @@ TEST(Picture, AtZoomSixOnlyTheClearColorIsLeft) {
     scene.zoom = 6.0F;
     scene.clear = {1, 2, 3, 4};
     renderer.show(scene);
-    EXPECT_EQ(Solid(16, 16, {1, 2, 3, 4}).bytes, renderer.readBack().bytes);
+    EXPECT_EQ(Solid({16, 16}, {1, 2, 3, 4}).pixels, renderer.readBack().pixels);
     scene.zoom = 2.0F;
     renderer.expectShows(scene);
 }
 
 /// Four columns: black with alpha, nearly black without alpha, colour half opaque, black opaque.
-Image KeyColumns(int channels) {
-    static constexpr uint8_t kColumns[4][4] = {
+Image KeyColumns() {
+    static constexpr Rgba kColumns[] = {
         {0, 0, 0, 77}, {0, 0, 1, 0}, {200, 100, 50, 128}, {0, 0, 0, 255}};
-    Image mask(4, 3, channels);
+    Image mask({4, 3});
     for (int y = 0; y < 3; ++y) {
         for (int x = 0; x < 4; ++x) {
-            std::copy_n(kColumns[x], channels, mask.at(x, y));
+            std::copy_n(kColumns[x].begin(), 4, mask.At(x, y));
         }
     }
-    *mask.at(0, 0) = 9;  // Not black, so that a mask upside down or swapped is noticed.
+    *mask.At(0, 0) = 9;  // Not black, so that a mask upside down or swapped is noticed.
     return mask;
 }
 
 TEST(Picture, TheMaskKeysThePictureAndIsNeverMirrored) {
     TestContext context;
-    const Image frame = Noise(50, 40, 4, 11);
+    const Image frame = Noise({50, 40}, 11);
     for (const int maskFormat : {5, 3, 0, 4}) {
-        const Image mask = KeyColumns(maskFormat == 5 ? 4 : 3);
+        const Image mask = maskFormat == 5 ? KeyColumns() : Opaque(KeyColumns());
         RendererHarness renderer(Masked(50, 40, maskFormat, 4, 3));
         Scene scene;
         scene.source = &frame;
@@ -126,7 +127,7 @@ TEST(Picture, TheMaskKeysThePictureAndIsNeverMirrored) {
         renderer.expectShows(scene);
         scene.colorMirror = false;
         renderer.expectShows(scene);
-        EXPECT_EQ((Rgba{169, 210, 216, 0}), renderer.readBack().pixel(48, 20));
+        EXPECT_EQ((Rgba{169, 210, 216, 0}), renderer.readBack().Pixel(48, 20));
     }
 }
 

@@ -9,8 +9,8 @@ namespace {
 
 std::vector<std::string> TextsOfFirstDraw(int outputMode) {
     TestContext context;
-    const Image frame = Noise(4, 4, 4, 1);
-    const Image mask = Solid(2, 2, {255, 255, 255, 255});
+    const Image frame = Noise({4, 4}, 1);
+    const Image mask = Solid({2, 2}, {255, 255, 255, 255});
     RendererHarness renderer({outputMode, VE_MODE_RGBA, 4, 4, VE_MASK_RGBA, 2, 2});
     Scene scene;
     scene.source = &frame;

@@ -12,9 +12,9 @@ namespace {
 void Render(int number) {
     TestContext context;
     for (int round = 0; round < 3; ++round) {
-        const Image frame = Noise(96 + number, 64, 4, static_cast<uint32_t>(number));
-        const Image mask = Noise(16, 16, 4, static_cast<uint32_t>(number + round));
-        const Image sticker = Noise(2, 2, 4, static_cast<uint32_t>(number + 50));
+        const Image frame = Noise({96 + number, 64}, static_cast<uint32_t>(number));
+        const Image mask = Noise({16, 16}, static_cast<uint32_t>(number + round));
+        const Image sticker = Noise({2, 2}, static_cast<uint32_t>(number + 50));
         RendererHarness renderer(
             {VE_OUTPUT_MASKED, VE_MODE_RGBA, 96 + number, 64, VE_MASK_RGBA, 16, 16});
         Scene scene;

@@ -1,7 +1,10 @@
 #include "support/PictureModel.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -21,15 +24,15 @@ bool NearInteger(double value) {
 
 /// Nearest texel at (u, v); none when both neighbours are equally near.
 std::optional<Rgba> Sample(const Image& image, double u, double v) {
-    const double x = u * image.width;
-    const double y = v * image.height;
+    const double x = u * image.size.width;
+    const double y = v * image.size.height;
     if (NearInteger(x) || NearInteger(y)) {
         return std::nullopt;
     }
-    return image.pixel(static_cast<int>(x), static_cast<int>(y));
+    return image.Pixel(static_cast<int>(x), static_cast<int>(y));
 }
 
-/// The point of the picture's plane that is seen at the centre of an output pixel.
+/// The point of the picture's plane that is seen at the center of an output pixel.
 Point Unproject(const Scene& scene, double ndcX, double ndcY) {
     const double distance = 3.0 - 0.5 * static_cast<double>(scene.zoom);
     const double scale = 1.0 / std::tan(23.5 * kPi / 180.0) / std::abs(distance);
@@ -59,16 +62,16 @@ Point InSource(const Scene& scene, double u, double v) {
 
 /// The four texels around (u, v), weighted by their distances.
 Rgba SampleLinear(const Image& image, double u, double v) {
-    const double x = u * image.width - 0.5;
-    const double y = v * image.height - 0.5;
+    const double x = u * image.size.width - 0.5;
+    const double y = v * image.size.height - 0.5;
     double sum[4] = {};
     for (const int row : {0, 1}) {
         for (const int column : {0, 1}) {
             const double weight = (1 - std::abs(x - std::floor(x) - column)) *
                                   (1 - std::abs(y - std::floor(y) - row));
-            const Rgba texel = image.pixel(
-                std::clamp(static_cast<int>(std::floor(x)) + column, 0, image.width - 1),
-                std::clamp(static_cast<int>(std::floor(y)) + row, 0, image.height - 1));
+            const Rgba texel = image.Pixel(
+                std::clamp(static_cast<int>(std::floor(x)) + column, 0, image.size.width - 1),
+                std::clamp(static_cast<int>(std::floor(y)) + row, 0, image.size.height - 1));
             for (size_t c = 0; c < 4; ++c) {
                 sum[c] += weight * texel[c];
             }
@@ -111,10 +114,9 @@ Cover Covers(const Point& p, double left, double right, double top, double botto
 }
 
 /// Draws the stickers over \p color, in order.
-void OverlayStickers(const Scene& scene, const Point& p, int width, int height,
-                     std::optional<Rgba>& color) {
-    const int halfWidth = width / 2;
-    const int halfHeight = height / 2;
+void OverlayStickers(const Scene& scene, const Point& p, Size size, std::optional<Rgba>& color) {
+    const int halfWidth = size.width / 2;
+    const int halfHeight = size.height / 2;
     for (const auto& [x, y] : scene.stickers) {
         if (x == -1 && y == -1) {
             continue;
@@ -132,7 +134,10 @@ void OverlayStickers(const Scene& scene, const Point& p, int width, int height,
     }
 }
 
-std::optional<Rgba> Pixel(const Scene& scene, const Point& p, int width, int height) {
+/// What is seen at an output pixel; none where rounding decides.
+std::optional<Rgba> Predict(const Scene& scene, int x, int y, Size size) {
+    const Point p =
+        Unproject(scene, (2.0 * x + 1) / size.width - 1, (2.0 * y + 1) / size.height - 1);
     std::optional<Rgba> color = scene.clear;
     switch (Covers(p, -1, 1, -1, 1)) {
         case Cover::Inside: color = PicturePixel(scene, p); break;
@@ -140,20 +145,26 @@ std::optional<Rgba> Pixel(const Scene& scene, const Point& p, int width, int hei
         case Cover::Outside: break;
     }
     if (scene.sticker != nullptr) {
-        OverlayStickers(scene, p, width, height, color);
+        OverlayStickers(scene, p, size, color);
     }
     return color;
 }
 
 }  // namespace
 
-std::vector<std::optional<Rgba>> Predict(const Scene& scene, int width, int height) {
-    std::vector<std::optional<Rgba>> pixels;
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            const Point p = Unproject(scene, (2.0 * x + 1) / width - 1, (2.0 * y + 1) / height - 1);
-            pixels.push_back(Pixel(scene, p, width, height));
+void ExpectShows(const Image& drawn, const Scene& scene, int tolerance) {
+    const int pixels = drawn.size.width * drawn.size.height;
+    int undecided = 0;
+    int wrong = 0;
+    for (int i = 0; i < pixels; ++i) {
+        const int x = i % drawn.size.width;
+        const int y = i / drawn.size.width;
+        const std::optional<Rgba> expected = Predict(scene, x, y, drawn.size);
+        undecided += expected ? 0 : 1;
+        for (size_t c = 0; expected && c < expected->size(); ++c) {
+            wrong += std::abs(drawn.Pixel(x, y).at(c) - expected->at(c)) > tolerance ? 1 : 0;
         }
     }
-    return pixels;
+    EXPECT_EQ(wrong, 0) << "channels differ";
+    EXPECT_LT(undecided, pixels / 8 + 2) << "the model says too little";
 }

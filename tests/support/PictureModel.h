@@ -1,8 +1,5 @@
 #pragma once
 
-#include <optional>
-#include <vector>
-
 #include "render/VEStickerList.h"
 #include "support/Image.h"
 
@@ -23,6 +20,7 @@ struct Scene {
     Rgba clear = {0, 0, 0, 0};
 };
 
-/// One value for each output pixel, row by row; none where the sample falls on an edge of a texel,
-/// of the picture or of a sticker so closely that rounding may decide.
-std::vector<std::optional<Rgba>> Predict(const Scene& scene, int width, int height);
+/// Expects that \p drawn shows the scene; \p tolerance is per channel. Pixels do not count where
+/// the sample is so close to an edge of a texel, of the picture or of a sticker that rounding may
+/// decide; their number is bounded.
+void ExpectShows(const Image& drawn, const Scene& scene, int tolerance = 0);

@@ -2,8 +2,8 @@
 
 #include "offscreen/OffscreenContext.h"
 #include "render/VERenderer.h"
-#include "support/Image.h"
 #include "support/PictureModel.h"
+#include "support/TestImages.h"
 
 /// A context of its own with unpack and pack alignment 1 and the GL table loaded.
 struct TestContext {
@@ -19,10 +19,7 @@ unsigned NewTexture();
 void Fill(unsigned texture, const Image& image);
 
 /// The texture's pixels as RGBA, first row first. Leaves framebuffer 0 bound.
-Image ReadBack(unsigned texture, int width, int height);
-
-/// Compares an output with the model; \p tolerance is per channel.
-void ExpectShows(const Image& drawn, const Scene& scene, int tolerance = 0);
+Image ReadBack(unsigned texture, Size size);
 
 /// A renderer with a destination texture of its own, in the current context.
 class RendererHarness {
@@ -32,14 +29,14 @@ public:
     RendererHarness(const RendererHarness&) = delete;
     RendererHarness& operator=(const RendererHarness&) = delete;
 
-    /// One update call with the scene's picture, mask, stickers, mirror and clear colour.
+    /// One update call with the scene's picture, mask, stickers, mirror and clear color.
     void update(const Scene& scene);
     /// Applies the scene's view and updates until its own pixels are the ones drawn.
     void show(const Scene& scene);
-    /// As \ref show, then compares the destination with the model; \p tolerance is per channel.
-    void expectShows(const Scene& scene, int tolerance = 0);
+    /// As \ref show, then compares the destination with the model.
+    void expectShows(const Scene& scene);
 
-    Image readBack() const { return ReadBack(texture, mode.textureWidth, mode.textureHeight); }
+    Image readBack() const { return ReadBack(texture, {mode.textureWidth, mode.textureHeight}); }
 
     VERendererMode mode;
     unsigned texture = NewTexture();

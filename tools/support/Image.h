@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -8,6 +9,8 @@ struct Size {
     int width = 0;
     int height = 0;
 };
+
+using Rgba = std::array<uint8_t, 4>;
 
 /// A picture in memory: rows of R, G, B, A bytes, first row first, without padding.
 struct Image {
@@ -21,6 +24,11 @@ struct Image {
 
     uint8_t* At(int x, int y) { return &pixels[Offset(x, y)]; }
     const uint8_t* At(int x, int y) const { return &pixels[Offset(x, y)]; }
+
+    Rgba Pixel(int x, int y) const {
+        const uint8_t* p = At(x, y);
+        return {p[0], p[1], p[2], p[3]};
+    }
 
     Size size;
     std::vector<uint8_t> pixels;
