@@ -3,7 +3,6 @@
 #include <linux_platform/Host.h>
 
 #include <array>
-#include <cstdio>
 #include <cstdlib>
 
 #include "PlainModel.h"
@@ -11,7 +10,20 @@
 
 namespace {
 
-JavaVM* machine = nullptr;
+JavaVM* jvm = nullptr;
+
+/// Starts the JVM before the first test, and not to list the tests.
+class JvmEnvironment : public testing::Environment {
+    void SetUp() override {
+        av_log_set_level(AV_LOG_QUIET);
+        const HostJavaOptions options = {nullptr, nullptr, nullptr, 1};
+        std::array<char, 256> error{};
+        jvm = HostJava_start(&options, error.data(), error.size());
+        ASSERT_NE(jvm, nullptr) << error.data();
+    }
+};
+
+const auto* const environment = testing::AddGlobalTestEnvironment(new JvmEnvironment);
 
 /// Decibels. On ARM, libyuv cuts the blue of BT.709.
 #if defined(__arm__) || defined(__aarch64__)
@@ -22,8 +34,8 @@ constexpr double kGood = 40.0;
 
 }  // namespace
 
-JavaVM* Machine() {
-    return machine;
+JavaVM* Jvm() {
+    return jvm;
 }
 
 TestStream ChangingStream() {
@@ -47,7 +59,7 @@ DecodeTest::~DecodeTest() {
 
 std::unique_ptr<CompressedSource> DecodeTest::Open(const std::string& path, double startSeconds) {
     RendererSettings settings;
-    settings.javaVM = Machine();
+    settings.javaVM = Jvm();
     return std::make_unique<CompressedSource>(VideoFile(path, startSeconds), settings,
                                               [] { return nullptr; });
 }
@@ -70,17 +82,4 @@ int DecodeTest::ExpectAsDecoded(const std::string& path, double startSeconds) {
     EXPECT_EQ(player->Lost(), reference.Lost());
     EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
     return count;
-}
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    av_log_set_level(AV_LOG_QUIET);
-    const HostJavaOptions options = {nullptr, nullptr, nullptr, 1};
-    std::array<char, 256> error{};
-    machine = HostJava_start(&options, error.data(), error.size());
-    if (machine == nullptr) {
-        std::fprintf(stderr, "%s\n", error.data());
-        return 1;
-    }
-    return RUN_ALL_TESTS();
 }

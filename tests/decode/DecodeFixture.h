@@ -10,8 +10,8 @@
 #include "offscreen/OffscreenContext.h"
 #include "vornplay/CompressedSource.h"
 
-/// The process's Java machine, which checks every JNI call.
-JavaVM* Machine();
+/// The process's JVM, which checks every JNI call.
+JavaVM* Jvm();
 
 /// A different grey for each picture, so that none can be taken for another.
 TestStream ChangingStream();

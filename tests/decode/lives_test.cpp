@@ -41,7 +41,7 @@ protected:
     void Live(bool toThePicture) {
         VERendererMode mode = {VE_OUTPUT_PICTURE, VE_MODE_H264, 320, 240, 0, 0, 0};
         void* handle = nullptr;
-        VECreateRendererHandle(&handle, static_cast<int>(texture_), &mode, Machine());
+        VECreateRendererHandle(&handle, static_cast<int>(texture_), &mode, Jvm());
         HostDecoder* decoder = HostDecoder_acquire();
         for (TestUnit& unit : units_) {
             VEUpdateCompressedData(handle, unit.bytes.data(), static_cast<int>(unit.bytes.size()));

@@ -89,7 +89,7 @@ TEST_F(DecodeTest, MeetsEachFrameWithItsMask) {
         masks.at(i) = {1, 1, 1, static_cast<uint8_t>(100 + i)};  // The others key the picture out.
     }
     RendererSettings settings;
-    settings.javaVM = Machine();
+    settings.javaVM = Jvm();
     settings.masked = true;
     settings.maskSize = {1, 1};
     size_t next = 0;

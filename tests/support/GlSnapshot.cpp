@@ -1,4 +1,4 @@
-#include "GlSnapshot.h"
+#include "support/GlSnapshot.h"
 
 // After gl3.h, whose types it uses.
 #include <GLES2/gl2ext.h>
@@ -51,6 +51,13 @@ std::vector<GLint> Read(GLenum name) {
     return values;
 }
 
+GLuint Shader(GLenum stage, const char* text) {
+    const GLuint shader = glCreateShader(stage);
+    glShaderSource(shader, 1, &text, nullptr);
+    glCompileShader(shader);
+    return shader;
+}
+
 }  // namespace
 
 GlSnapshot::GlSnapshot() {
@@ -70,12 +77,63 @@ void GlSnapshot::ReadUnits() {
     glActiveTexture(static_cast<GLenum>(values_["GL_ACTIVE_TEXTURE"].front()));
 }
 
-std::set<std::string> GlSnapshot::ChangedSince(const GlSnapshot& earlier) const {
-    std::set<std::string> changed;
+StateNames GlSnapshot::ChangedSince(const GlSnapshot& earlier) const {
+    StateNames changed;
     for (const auto& [name, value] : values_) {
         if (value != earlier.values_.at(name)) {
             changed.insert(name);
         }
     }
     return changed;
+}
+
+HostileState::HostileState() : program_(glCreateProgram()) {
+    glGenTextures(1, &texture_);
+    glGenBuffers(1, &buffer_);
+    glGenFramebuffers(1, &framebuffer_);
+    glGenVertexArrays(1, &vertexArray_);
+    glAttachShader(program_, Shader(GL_VERTEX_SHADER, "void main() { gl_Position = vec4(2); }"));
+    glAttachShader(program_, Shader(GL_FRAGMENT_SHADER, "void main() { discard; }"));
+    glLinkProgram(program_);
+}
+
+void HostileState::Set() const {
+    for (GLenum unit = 0; unit < kUnits; ++unit) {
+        glActiveTexture(GL_TEXTURE0 + unit);
+        glBindTexture(GL_TEXTURE_2D, texture_);
+        glBindTexture(GL_TEXTURE_EXTERNAL_OES, 0);
+    }
+    glActiveTexture(GL_TEXTURE5);
+    glBindBuffer(GL_ARRAY_BUFFER, buffer_);
+    glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);
+    glEnable(GL_BLEND);
+    glBlendEquationSeparate(GL_FUNC_SUBTRACT, GL_MAX);
+    glBlendFuncSeparate(GL_ZERO, GL_ONE_MINUS_SRC_ALPHA, GL_DST_ALPHA, GL_ONE);
+    glEnable(GL_SCISSOR_TEST);
+    glScissor(1, 2, 3, 4);
+    glEnable(GL_DEPTH_TEST);
+    glDepthFunc(GL_NEVER);
+    glDepthMask(GL_FALSE);
+    glEnable(GL_CULL_FACE);
+    glCullFace(GL_FRONT_AND_BACK);
+    glEnable(GL_STENCIL_TEST);
+    glStencilFunc(GL_NEVER, 0, 0);
+    glViewport(5, 6, 7, 8);
+    glUseProgram(program_);
+    glBindVertexArray(vertexArray_);
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer_);
+}
+
+void HostileState::SetUnpacking() const {
+    Set();
+    glBindBuffer(GL_PIXEL_UNPACK_BUFFER, buffer_);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, 7);
+}
+
+StateNames ChangedByDraw(StateNames more) {
+    more.insert({"GL_ACTIVE_TEXTURE", "GL_CURRENT_PROGRAM", "GL_DRAW_FRAMEBUFFER_BINDING",
+                 "GL_READ_FRAMEBUFFER_BINDING", "GL_STENCIL_TEST", "GL_TEXTURE_BINDING_2D 1",
+                 "GL_VERTEX_ARRAY_BINDING", "GL_VIEWPORT"});
+    return more;
 }
