@@ -66,7 +66,7 @@ public:
         options.sourceWidth = width;
         options.sourceHeight = height;
         options.outputTexture = texture;
-        options.javaVM = Machine();
+        options.javaVM = Jvm();
         options.onPicture = onPicture;
         options.listener = listener;
         EXPECT_EQ(VECreateRenderer(&options, &handle), VE_OK);
@@ -281,7 +281,7 @@ void Live(bool guarded, std::vector<TestUnit> units, bool toThePicture) {
     unsigned texture = NewTexture();
     VERendererMode mode = {VE_OUTPUT_PICTURE, VE_MODE_H264, 320, 240, 0, 0, 0};
     void* handle = nullptr;
-    VECreateRendererHandle(&handle, static_cast<int>(texture), &mode, Machine());
+    VECreateRendererHandle(&handle, static_cast<int>(texture), &mode, Jvm());
     for (TestUnit& unit : units) {
         VEUpdateCompressedData(handle, unit.bytes.data(), static_cast<int>(unit.bytes.size()));
     }
@@ -301,7 +301,7 @@ TEST_F(Decoder, LivesOfTwoThreadsInBothWays) {
             }
             EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
         }
-        Machine()->DetachCurrentThread();
+        Jvm()->DetachCurrentThread();
     };
     std::thread one(live);
     std::thread other(live);
