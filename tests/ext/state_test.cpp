@@ -3,13 +3,13 @@
 #include <GLES3/gl32.h>
 #include <gtest/gtest.h>
 
-#include "decode/GlSnapshot.h"
 #include "ext/ExtRenderer.h"
 #include "gl/GLES3.h"
+#include "support/GlSnapshot.h"
 
 namespace {
 
-using Names = std::set<std::string>;
+using Names = StateNames;
 
 class ExtState : public testing::TestWithParam<bool> {
 protected:
