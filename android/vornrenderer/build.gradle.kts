@@ -16,7 +16,7 @@ android {
         }
         externalNativeBuild {
             cmake {
-                // One C++ runtime for both shared objects: C++ exceptions and a vector pass between them.
+                // The two shared objects pass exceptions and a vector, so they need one C++ runtime.
                 arguments += listOf(
                     "-DANDROID_STL=c++_shared",
                     "-DVORN_BUILD_JAVA=ON",
@@ -33,7 +33,7 @@ android {
     externalNativeBuild {
         cmake {
             path = repository.resolve("CMakeLists.txt")
-            version = "3.31.6" // Any from 3.25 that the SDK manager has installed.
+            version = "3.31.6" // Or any other from 3.25 on.
         }
     }
 

@@ -13,10 +13,10 @@
 /// The process's JVM, which checks every JNI call.
 JavaVM* Jvm();
 
-/// A different grey for each picture, so that none can be taken for another.
+/// Pictures that all differ.
 TestStream ChangingStream();
 
-/// Plays files through the renderer, in a GL context and a directory of its own.
+/// Plays files through the renderer, in a new GL context and a new folder.
 class DecodeTest : public testing::Test {
 protected:
     DecodeTest();
@@ -28,7 +28,7 @@ protected:
     static std::unique_ptr<CompressedSource> Open(const std::string& path,
                                                   double startSeconds = 0.0);
 
-    /// Every frame that libavcodec decodes comes out, once, in order and in its colours.
+    /// Every frame that libavcodec decodes comes out, once, in order and in its colors.
     /// \return how many
     static int ExpectAsDecoded(const std::string& path, double startSeconds = 0.0);
 

@@ -1,52 +1,27 @@
 #include "MediaFile.h"
 
 #include <algorithm>
-#include <memory>
-#include <stdexcept>
 
-extern "C" {
-#include <libavformat/avformat.h>
-}
+#include "export/Muxer.h"
 
 namespace {
 
-void Check(int result) {
-    if (result < 0) {
-        throw std::runtime_error("writing a file for the test failed");
-    }
-}
-
-struct CloseFile {
-    void operator()(AVFormatContext* file) const {
-        avio_closep(&file->pb);
-        avformat_free_context(file);
-    }
-};
-using File = std::unique_ptr<AVFormatContext, CloseFile>;
-
-File Create(const std::string& path, const TestStream& stream,
-            const std::vector<uint8_t>& parameterSets) {
-    AVFormatContext* context = nullptr;
-    Check(avformat_alloc_output_context2(&context, nullptr, nullptr, path.c_str()));
-    File file(context);
-    AVStream* video = avformat_new_stream(context, nullptr);
-    AVCodecParameters& codec = *video->codecpar;
-    codec.codec_type = AVMEDIA_TYPE_VIDEO;
-    codec.codec_id = stream.encoder == "mjpeg" ? AV_CODEC_ID_MJPEG : AV_CODEC_ID_H264;
-    codec.width = stream.width;
-    codec.height = stream.height;
-    codec.format = stream.layout;
-    if (!parameterSets.empty()) {
-        codec.extradata =
-            static_cast<uint8_t*>(av_mallocz(parameterSets.size() + AV_INPUT_BUFFER_PADDING_SIZE));
-        codec.extradata_size = static_cast<int>(parameterSets.size());
-        std::copy(parameterSets.begin(), parameterSets.end(), codec.extradata);
-    }
-    video->time_base = {1, AV_TIME_BASE};
-    video->avg_frame_rate = {AV_TIME_BASE, static_cast<int>(kFrameTimeUs)};
-    Check(avio_open(&context->pb, path.c_str(), AVIO_FLAG_WRITE));
-    Check(avformat_write_header(context, nullptr));
-    return file;
+/// The encoder's description of the stream.
+LibavPtr<AVCodecContext> Encoder(const TestStream& stream,
+                                 const std::vector<uint8_t>& parameterSets) {
+    LibavPtr<AVCodecContext> codec(avcodec_alloc_context3(nullptr));
+    codec->codec_type = AVMEDIA_TYPE_VIDEO;
+    codec->codec_id = stream.encoder == "mjpeg" ? AV_CODEC_ID_MJPEG : AV_CODEC_ID_H264;
+    codec->width = stream.width;
+    codec->height = stream.height;
+    codec->pix_fmt = stream.layout;
+    codec->time_base = {1, AV_TIME_BASE};
+    codec->framerate = {AV_TIME_BASE, static_cast<int>(kFrameTimeUs)};
+    const size_t size = parameterSets.size();
+    codec->extradata_size = static_cast<int>(size);
+    codec->extradata = static_cast<uint8_t*>(av_mallocz(size + AV_INPUT_BUFFER_PADDING_SIZE));
+    std::copy(parameterSets.begin(), parameterSets.end(), codec->extradata);
+    return codec;
 }
 
 /// Decoding times: in order, and none later than the picture's own time.
@@ -70,11 +45,13 @@ std::vector<int64_t> DecodingTimes(const std::vector<TestUnit>& units) {
 
 void WriteMedia(const std::string& path, const TestStream& stream,
                 const std::vector<TestUnit>& units, const std::vector<uint8_t>& parameterSets) {
-    const File file = Create(path, stream, parameterSets);
+    Muxer file(path, av_guess_format(nullptr, path.c_str(), nullptr)->name);
+    const AVStream& video = file.AddEncoded(*Encoder(stream, parameterSets));
+    file.Begin({});
     const std::vector<int64_t> decodingTimes = DecodingTimes(units);
-    const av::Packet packet(av_packet_alloc());
+    const LibavPtr<AVPacket> packet(av_packet_alloc());
     for (size_t i = 0; i < units.size(); ++i) {
-        Check(av_new_packet(packet.get(), static_cast<int>(units[i].bytes.size())));
+        file.Check(av_new_packet(packet.get(), static_cast<int>(units[i].bytes.size())));
         std::copy(units[i].bytes.begin(), units[i].bytes.end(), packet->data);
         packet->pts = units[i].timeUs;
         packet->dts = decodingTimes[i];
@@ -82,10 +59,9 @@ void WriteMedia(const std::string& path, const TestStream& stream,
         const bool key =
             stream.encoder == "mjpeg" || i % static_cast<size_t>(stream.keyInterval) == 0;
         packet->flags = key ? AV_PKT_FLAG_KEY : 0;
-        av_packet_rescale_ts(packet.get(), {1, AV_TIME_BASE}, file->streams[0]->time_base);
-        Check(av_interleaved_write_frame(file.get(), packet.get()));
+        file.Write(*packet, video, {1, AV_TIME_BASE});
     }
-    Check(av_write_trailer(file.get()));
+    file.Finish();
 }
 
 void WriteMedia(const std::string& path, TestStream stream, int count) {

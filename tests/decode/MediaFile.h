@@ -5,8 +5,8 @@
 
 #include "TestStream.h"
 
-/// Puts units into a file of the format that its name's end tells, such as ".mkv".
-/// \param parameterSets those that the units lack
+/// Writes units to a file. The extension of \p path, such as ".mkv", selects the format.
+/// \param parameterSets the parameter sets, if the units have none
 void WriteMedia(const std::string& path, const TestStream& stream,
                 const std::vector<TestUnit>& units, const std::vector<uint8_t>& parameterSets = {});
 

@@ -5,18 +5,18 @@
 #include "support/Image.h"
 #include "support/Libav.h"
 
-/// What the renderer draws of a decoded frame in output mode 0, worked out on the CPU: the colours
-/// that the stream means, chroma samples repeated, the view's crop by 1.15, smooth sampling.
+/// What the renderer draws of a decoded frame in output mode 0, computed on the CPU: the colors
+/// of libswscale, the view's crop by 1.15, smooth sampling.
 class PlainModel {
 public:
     /// \param size of the output
     explicit PlainModel(Size size) : size_(size) {}
 
-    /// \return decibels, over all colours of every second row
+    /// \return decibels, over all colors of every second row
     double Psnr(const AVFrame& frame, const Image& drawn) const;
 
 private:
-    /// Where an output pixel's centre falls between two texels.
+    /// The position of an output pixel's center between two texels.
     struct Place {
         int texel;
         float weight;  ///< Of the next texel.

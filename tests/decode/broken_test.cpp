@@ -1,9 +1,5 @@
 // Streams that are not what they should be.
 
-#include <algorithm>
-#include <array>
-#include <cstring>
-
 #include "DecodeFixture.h"
 #include "PlainModel.h"
 #include "support/VideoReader.h"
@@ -12,9 +8,8 @@ namespace {
 
 constexpr int kCount = 30;
 constexpr int kKeyInterval = 10;
-constexpr int kSlices = 4;
 
-/// Units of a stream with several slices a picture, its parameter sets in front of each key frame.
+/// Units with the parameter sets in front of each key frame.
 std::vector<TestUnit> Units(const TestStream& stream) {
     return Encode(stream, kCount);
 }
@@ -22,25 +17,7 @@ std::vector<TestUnit> Units(const TestStream& stream) {
 TestStream Stream() {
     TestStream stream = ChangingStream();
     stream.keyInterval = kKeyInterval;
-    stream.slices = kSlices;
     return stream;
-}
-
-/// Where the slices of a unit that is no key frame begin.
-std::vector<size_t> Slices(const std::vector<uint8_t>& unit) {
-    constexpr std::array<uint8_t, 3> kStartCode = {0, 0, 1};
-    constexpr int kTypeMask = 0x1F;
-    constexpr int kSliceType = 1;
-    std::vector<size_t> slices;
-    for (auto at = unit.begin();; ++at) {
-        at = std::search(at, unit.end(), kStartCode.begin(), kStartCode.end());
-        if (unit.end() - at <= 3) {
-            return slices;
-        }
-        if ((at[3] & kTypeMask) == kSliceType) {
-            slices.push_back(static_cast<size_t>(at - unit.begin()));
-        }
-    }
 }
 
 class Broken : public DecodeTest {
@@ -84,16 +61,6 @@ protected:
 TEST_F(Broken, RecoversFromALostUnit) {
     auto units = Units(Stream());
     units[4].bytes = {0, 0, 0, 1, 9, 0xF0};  // A delimiter and nothing else.
-    ExpectRecovery(units, kKeyInterval);
-}
-
-TEST_F(Broken, RecoversFromALostSlice) {
-    auto units = Units(Stream());
-    const std::vector<size_t> slices = Slices(units[4].bytes);
-    ASSERT_EQ(slices.size(), static_cast<size_t>(kSlices));
-    auto& bytes = units[4].bytes;
-    bytes.erase(bytes.begin() + static_cast<ptrdiff_t>(slices[1]),
-                bytes.begin() + static_cast<ptrdiff_t>(slices[2]));
     ExpectRecovery(units, kKeyInterval);
 }
 

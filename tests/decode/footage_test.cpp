@@ -1,4 +1,4 @@
-// Real clips, where scripts/footage has fetched them.
+// Real clips, if scripts/footage has fetched them.
 
 #include "DecodeFixture.h"
 

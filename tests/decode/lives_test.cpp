@@ -10,7 +10,7 @@
 
 namespace {
 
-/// Threads with the name of this program, which are not the Java machine's or the driver's.
+/// Threads with the name of this program. Those of the JVM and of the driver have other names.
 long LiveThreads() {
     const auto nameOf = [](const std::filesystem::path& thread) {
         std::string name;

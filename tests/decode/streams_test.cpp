@@ -13,7 +13,7 @@ struct Kind {
     const char* encoder;
     AVPixelFormat layout;
     int bFrames;
-    AVColorSpace colours;
+    AVColorSpace colors;
     AVColorRange range;
     const char* profile = "";
 };
@@ -27,7 +27,7 @@ TEST_P(Streams, ComeOutFrameByFrameAsLibavcodecDecodesThem) {
     stream.layout = kind.layout;
     stream.profile = kind.profile;
     stream.bFrames = kind.bFrames;
-    stream.colors = kind.colours;
+    stream.colors = kind.colors;
     stream.range = kind.range;
     const std::string path = Path(kind.file);
     WriteMedia(path, stream, kCount);

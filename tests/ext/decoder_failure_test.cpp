@@ -42,7 +42,7 @@ protected:
         options.sourceWidth = 64;
         options.sourceHeight = 48;
         options.outputTexture = texture;
-        options.javaVM = platform.machine();
+        options.javaVM = platform.jvm();
         options.closeWaitMs = 20;
         return VECreateRenderer(&options, &renderer);
     }

@@ -51,5 +51,5 @@ depends libvornrenderer-dev 'libvornrenderer0 \(= '
 depends vornrenderer-tools libvornrenderer0
 shlibs=$(dpkg-deb -I "$(echo "$work"/libvornrenderer0_*.deb)" shlibs || true)
 grep -q '^libvornrenderer 0 libvornrenderer0 ' <<<"$shlibs" ||
-    fail "libvornrenderer0 tells of its libraries: $shlibs"
+    fail "wrong shlibs of libvornrenderer0: $shlibs"
 exit $failed

@@ -21,7 +21,7 @@ build "$here/consumer/consumer.cpp" consumer
 build first.cpp first egl glesv2
 ./first
 head -1 first.ppm | grep -x 'P6 320 240 255'
-# After the header, 120 rows and half of one: the colour in the middle.
+# After the header, 120 rows and half of one: the color in the middle.
 middle=$(od -An -tx1 -j $((15 + 3 * (120 * 320 + 160))) -N 3 first.ppm | tr -d ' ')
 [ "$middle" = 7f7880 ] || {
     echo "FAILED: in the middle is $middle" >&2

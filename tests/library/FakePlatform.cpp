@@ -32,121 +32,67 @@ T Kept(T made) {
     return made;
 }
 
-jclass FindClass(JNIEnv*, const char* name) {
-    return Answer<jclass>(std::string("FindClass ") + name);
-}
-
-jmethodID GetMethodID(JNIEnv*, jclass, const char* name, const char* signature) {
-    return Answer<jmethodID>(std::string("GetMethodID ") + name + signature);
-}
-
-jobject NewObjectV(JNIEnv*, jclass, jmethodID, va_list) {
-    return Answer<jobject>("NewObject");
-}
-
-jobject NewGlobalRef(JNIEnv*, jobject) {
-    return Kept(Answer<jobject>("NewGlobalRef"));
-}
-
-void DeleteGlobalRef(JNIEnv*, jobject) {
-    --Platform().alive;
-    Platform().note("DeleteGlobalRef");
-}
-
-void DeleteLocalRef(JNIEnv*, jobject) {
-    Platform().note("DeleteLocalRef");
-}
-
-void CallVoidMethodV(JNIEnv*, jobject, jmethodID, va_list) {
-    Answer<jobject>("CallVoidMethod");
-}
-
-jlong CallLongMethodV(JNIEnv*, jobject, jmethodID, va_list) {
-    return Answer<jobject>("CallLongMethod") != nullptr ? Platform().timestamp.load() : 0;
-}
-
-jclass GetObjectClass(JNIEnv*, jobject) {
-    return Answer<jclass>("GetObjectClass");
-}
-
-jfloatArray NewFloatArray(JNIEnv*, jsize) {
-    return Answer<jfloatArray>("NewFloatArray");
-}
-
-void GetFloatArrayRegion(JNIEnv*, jfloatArray, jsize, jsize count, jfloat* values) {
-    std::fill_n(values, count, 0.0F);
-}
-
-jthrowable ExceptionOccurred(JNIEnv*) {
-    return reinterpret_cast<jthrowable>(Platform().exception ? uintptr_t{0x1000} : uintptr_t{0});
-}
-
-jboolean ExceptionCheck(JNIEnv*) {
-    return Platform().exception ? JNI_TRUE : JNI_FALSE;
-}
-
-void ExceptionClear(JNIEnv*) {
-    Platform().exception = false;
-}
-
-jint Throw(JNIEnv*, jthrowable) {
-    Platform().exception = true;
-    return JNI_OK;
-}
-
-jint PushLocalFrame(JNIEnv*, jint) {
-    return Kept(Answer<jobject>("PushLocalFrame")) != nullptr ? JNI_OK : JNI_ERR;
-}
-
-jobject PopLocalFrame(JNIEnv*, jobject) {
-    --Platform().alive;
-    return nullptr;
-}
-
 JNIEnv* attached;
-
-jint AttachCurrentThread(JavaVM*, void** env, void*) {
-    Platform().note("AttachCurrentThread");
-    *env = attached;
-    return Platform().fails("AttachCurrentThread") ? JNI_ERR : JNI_OK;
-}
-
-jint GetEnv(JavaVM*, void**, jint) {
-    return JNI_EDETACHED;
-}
 
 const JNINativeInterface_ kEnvFunctions = [] {
     JNINativeInterface_ functions = {};
-    functions.FindClass = FindClass;
-    functions.GetMethodID = GetMethodID;
-    functions.NewObjectV = NewObjectV;
-    functions.NewGlobalRef = NewGlobalRef;
-    functions.DeleteGlobalRef = DeleteGlobalRef;
-    functions.DeleteLocalRef = DeleteLocalRef;
-    functions.CallVoidMethodV = CallVoidMethodV;
-    functions.CallLongMethodV = CallLongMethodV;
-    functions.GetObjectClass = GetObjectClass;
-    functions.NewFloatArray = NewFloatArray;
-    functions.GetFloatArrayRegion = GetFloatArrayRegion;
-    functions.ExceptionOccurred = ExceptionOccurred;
-    functions.ExceptionCheck = ExceptionCheck;
-    functions.ExceptionClear = ExceptionClear;
-    functions.Throw = Throw;
-    functions.PushLocalFrame = PushLocalFrame;
-    functions.PopLocalFrame = PopLocalFrame;
+    functions.FindClass = [](JNIEnv*, const char* name) {
+        return Answer<jclass>(std::string("FindClass ") + name);
+    };
+    functions.GetMethodID = [](JNIEnv*, jclass, const char* name, const char* signature) {
+        return Answer<jmethodID>(std::string("GetMethodID ") + name + signature);
+    };
+    functions.NewObjectV = [](auto...) { return Answer<jobject>("NewObject"); };
+    functions.NewGlobalRef = [](auto...) { return Kept(Answer<jobject>("NewGlobalRef")); };
+    functions.DeleteGlobalRef = [](auto...) {
+        --Platform().alive;
+        Platform().note("DeleteGlobalRef");
+    };
+    functions.DeleteLocalRef = [](auto...) { Platform().note("DeleteLocalRef"); };
+    functions.CallVoidMethodV = [](auto...) { Answer<jobject>("CallVoidMethod"); };
+    functions.CallLongMethodV = [](auto...) -> jlong {
+        return Answer<jobject>("CallLongMethod") != nullptr ? Platform().timestamp.load() : 0;
+    };
+    functions.GetObjectClass = [](auto...) { return Answer<jclass>("GetObjectClass"); };
+    functions.NewFloatArray = [](auto...) { return Answer<jfloatArray>("NewFloatArray"); };
+    functions.GetFloatArrayRegion = [](JNIEnv*, jfloatArray, jsize, jsize count, jfloat* values) {
+        std::fill_n(values, count, 0.0F);
+    };
+    functions.ExceptionOccurred = [](auto...) {
+        return reinterpret_cast<jthrowable>(uintptr_t{Platform().exception ? 0x1000U : 0U});
+    };
+    functions.ExceptionCheck = [](auto...) -> jboolean {
+        return Platform().exception ? JNI_TRUE : JNI_FALSE;
+    };
+    functions.ExceptionClear = [](auto...) { Platform().exception = false; };
+    functions.Throw = [](auto...) -> jint {
+        Platform().exception = true;
+        return JNI_OK;
+    };
+    functions.PushLocalFrame = [](auto...) -> jint {
+        return Kept(Answer<jobject>("PushLocalFrame")) != nullptr ? JNI_OK : JNI_ERR;
+    };
+    functions.PopLocalFrame = [](auto...) -> jobject {
+        --Platform().alive;
+        return nullptr;
+    };
     return functions;
 }();
 
-const JNIInvokeInterface_ kMachineFunctions = [] {
+const JNIInvokeInterface_ kJvmFunctions = [] {
     JNIInvokeInterface_ functions = {};
-    functions.AttachCurrentThread = AttachCurrentThread;
-    functions.GetEnv = GetEnv;
+    functions.AttachCurrentThread = [](JavaVM*, void** env, void*) -> jint {
+        Platform().note("AttachCurrentThread");
+        *env = attached;
+        return Platform().fails("AttachCurrentThread") ? JNI_ERR : JNI_OK;
+    };
+    functions.GetEnv = [](auto...) -> jint { return JNI_EDETACHED; };
     return functions;
 }();
 
 }  // namespace
 
-FakePlatform::FakePlatform() : env_{&kEnvFunctions}, machine_{&kMachineFunctions} {
+FakePlatform::FakePlatform() : env_{&kEnvFunctions}, jvm_{&kJvmFunctions} {
     attached = &env_;
 }
 

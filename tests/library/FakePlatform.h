@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-/// A Java machine and an NDK of the test's own, in front of the real ones. The journal holds every
-/// call, but for the decoder thread's, in order.
+/// A JVM and an NDK for tests. The journal holds all calls in order, except those of the decoder
+/// thread.
 class FakePlatform {
 public:
     /// The one and only; never destroyed, since decoder threads may be the last to use it.
@@ -21,7 +21,7 @@ public:
     FakePlatform(const FakePlatform&) = delete;
     FakePlatform& operator=(const FakePlatform&) = delete;
 
-    JavaVM* machine() { return &machine_; }
+    JavaVM* jvm() { return &jvm_; }
 
     void note(const std::string& call);
     std::vector<std::string> takeJournal();
@@ -63,7 +63,7 @@ private:
     FakePlatform();
 
     JNIEnv env_;
-    JavaVM machine_;
+    JavaVM jvm_;
     std::mutex mutex_;
     std::condition_variable unblocked_;
     std::vector<std::string> journal_;

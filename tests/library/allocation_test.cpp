@@ -1,4 +1,4 @@
-// The path of a frame makes no heap allocation of the library's own; a sticker's mesh does.
+// The library allocates nothing for a frame. It does for the mesh of a sticker.
 
 #include <gtest/gtest.h>
 
@@ -69,7 +69,7 @@ TEST(Allocation, NoneForAFrameButForItsStickers) {
     for (int warmUp = 0; warmUp < 4; ++warmUp) {
         update(some);
     }
-    EXPECT_EQ(0, update(none));
+    EXPECT_EQ(update(none), 0);
     EXPECT_GT(update(some), 0) << "the counter does not count";
 }
 

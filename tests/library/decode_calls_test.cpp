@@ -18,6 +18,9 @@ namespace {
 
 using Journal = std::vector<std::string>;
 
+const Journal kDestroyed = {"ANativeWindow_release", "AMediaCodec_stop", "AMediaCodec_delete",
+                            "DeleteGlobalRef", "DeleteGlobalRef"};
+
 VERendererMode Mode(int modeType, int outputMode = VE_OUTPUT_PICTURE) {
     return {outputMode, modeType, 64, 48, VE_MASK_RGBA, 4, 4};
 }
@@ -47,15 +50,15 @@ protected:
         WaitUntil([this] { return LiveThreads() <= threadsBefore; });
     }
 
-    void* create(VERendererMode mode, JavaVM* machine) const {
+    void* create(VERendererMode mode, JavaVM* jvm) const {
         void* handle = nullptr;
-        EXPECT_EQ(0, VECreateRendererHandle(&handle, static_cast<int>(texture), &mode, machine));
-        EXPECT_NE(nullptr, handle);
+        EXPECT_EQ(VECreateRendererHandle(&handle, static_cast<int>(texture), &mode, jvm), 0);
+        EXPECT_NE(handle, nullptr);
         return handle;
     }
 
     void* create(int modeType = VE_MODE_H264) const {
-        return create(Mode(modeType), platform.machine());
+        return create(Mode(modeType), platform.jvm());
     }
 
     TestContext context;
@@ -66,7 +69,8 @@ protected:
 
 TEST_F(DecodeCalls, CreationAttachesBuildsTheSurfaceAndStartsTheDecoder) {
     void* handle = create(VE_MODE_MJPEG);
-    EXPECT_EQ((Journal{"AttachCurrentThread",
+    EXPECT_EQ(platform.takeJournal(),
+              (Journal{"AttachCurrentThread",
                        "FindClass android/graphics/SurfaceTexture",
                        "GetMethodID <init>(I)V",
                        "NewObject",
@@ -88,30 +92,27 @@ TEST_F(DecodeCalls, CreationAttachesBuildsTheSurfaceAndStartsTheDecoder) {
                        "AMediaFormat_setString mime video/mjpeg",
                        "AMediaCodec_createDecoderByType video/mjpeg",
                        "AMediaCodec_configure window none 0",
-                       "AMediaCodec_start"}),
-              platform.takeJournal());
+                       "AMediaCodec_start"}));
     const auto lines = LogCapture::Take();
-    ASSERT_EQ(3U, lines.size());
-    EXPECT_EQ("\n LocalInit! \n", lines[0].text);
-    EXPECT_EQ("\n AndroidCodec init success, width (64), height (48), type (video/mjpeg) \n",
-              lines[1].text);
-    EXPECT_EQ("VEAndroidCodec", lines[1].tag);
-    EXPECT_EQ("\n VEOESRenderer textureId(" + std::to_string(texture) +
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[0].text, "\n LocalInit! \n");
+    EXPECT_EQ(lines[1].text,
+              "\n AndroidCodec init success, width (64), height (48), type (video/mjpeg) \n");
+    EXPECT_EQ(lines[1].tag, "VEAndroidCodec");
+    EXPECT_EQ(lines[2].text,
+              "\n VEOESRenderer textureId(" + std::to_string(texture) +
                   "), textureWidth (64), textureHieght(48), maskWidth(4), maskHeight(4)... "
-                  "###renderer\n",
-              lines[2].text);
-    EXPECT_EQ("VEOESRenderer", lines[2].tag);
+                  "###renderer\n");
+    EXPECT_EQ(lines[2].tag, "VEOESRenderer");
     EXPECT_TRUE(lines[0].priority == 4 && lines[1].priority == 4 && lines[2].priority == 4);
 
     VEDestroyRenderer(handle);
-    EXPECT_EQ((Journal{"ANativeWindow_release", "AMediaCodec_stop", "AMediaCodec_delete",
-                       "DeleteGlobalRef", "DeleteGlobalRef"}),
-              platform.takeJournal());
-    EXPECT_EQ((Journal{"VEOESRenderer::Destroy ..######renderer",
+    EXPECT_EQ(platform.takeJournal(), kDestroyed);
+    EXPECT_EQ(LogCapture::TakeTexts(),
+              (Journal{"VEOESRenderer::Destroy ..######renderer",
                        "destroy android codec start..######renderer",
                        "destroy android codec end..######renderer",
-                       "VEOESRenderer::Destroy success ..######renderer"}),
-              LogCapture::TakeTexts());
+                       "VEOESRenderer::Destroy success ..######renderer"}));
 }
 
 TEST_F(DecodeCalls, TheExternalTextureIsMadeBeforeItsJavaObjectAndGoesBeforeIt) {
@@ -143,15 +144,14 @@ TEST_F(DecodeCalls, TheExternalTextureIsMadeBeforeItsJavaObjectAndGoesBeforeIt) 
     GlRecorder::take();
     journal.clear();
     VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
-    EXPECT_EQ(Journal{"CallVoidMethod"}, journal) << "the newest picture first, then the draw";
+    EXPECT_EQ(journal, Journal{"CallVoidMethod"}) << "the newest picture first, then the draw";
 
     GlRecorder::take();
     journal.clear();
     VEDestroyRenderer(handle);
-    EXPECT_EQ(
-        (Journal{"ANativeWindow_release", "AMediaCodec_stop", "AMediaCodec_delete",
-                 Call("glDeleteTextures", 1, &external), "DeleteGlobalRef", "DeleteGlobalRef"}),
-        journal);
+    EXPECT_EQ(journal, (Journal{"ANativeWindow_release", "AMediaCodec_stop", "AMediaCodec_delete",
+                                Call("glDeleteTextures", 1, &external), "DeleteGlobalRef",
+                                "DeleteGlobalRef"}));
 }
 
 TEST_F(DecodeCalls, FailuresAreLoggedAndNoStepIsSkipped) {
@@ -185,18 +185,18 @@ TEST_F(DecodeCalls, FailuresAreLoggedAndNoStepIsSkipped) {
         SCOPED_TRACE(step);
         platform.failing = {step};
         void* handle = create();
-        EXPECT_EQ(23U, platform.takeJournal().size());
+        EXPECT_EQ(platform.takeJournal().size(), 23U);
         const auto lines = LogCapture::Take();
-        ASSERT_EQ(3 + messages.size(), lines.size());
+        ASSERT_EQ(lines.size(), 3 + messages.size());
         for (size_t i = 0; i < messages.size(); ++i) {
             const bool ofBridge = messages[i].compare(0, bridge.size(), bridge) == 0;
-            EXPECT_EQ(messages[i], lines[1 + i].text);
-            EXPECT_EQ(ofBridge ? "VEOESSurfaceTexture" : "VEOESRenderer", lines[1 + i].tag);
-            EXPECT_EQ(4, lines[1 + i].priority);
+            EXPECT_EQ(lines[1 + i].text, messages[i]);
+            EXPECT_EQ(lines[1 + i].tag, ofBridge ? "VEOESSurfaceTexture" : "VEOESRenderer");
+            EXPECT_EQ(lines[1 + i].priority, 4);
         }
         VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
         const bool latches = step != "GetMethodID updateTexImage()V" && step != "NewGlobalRef";
-        EXPECT_EQ(latches ? Journal{"CallVoidMethod"} : Journal{}, platform.takeJournal());
+        EXPECT_EQ(platform.takeJournal(), latches ? Journal{"CallVoidMethod"} : Journal{});
         VEDestroyRenderer(handle);
         platform.takeJournal();
         LogCapture::Take();
@@ -207,32 +207,30 @@ TEST_F(DecodeCalls, WithoutADecoderUnitsAndFramesAreNotAskedFor) {
     platform.failing = {"AMediaCodec_createDecoderByType video/avc"};
     const int polls = platform.polls;
     void* handle = create();
-    EXPECT_EQ(23U, platform.takeJournal().size()) << "configured and started all the same";
+    EXPECT_EQ(platform.takeJournal().size(), 23U) << "configured and started all the same";
     char unit[4] = {};
     VEUpdateCompressedData(handle, unit, 4);
     EXPECT_TRUE(platform.takeJournal().empty());
-    EXPECT_EQ(polls, platform.polls);
+    EXPECT_EQ(platform.polls, polls);
     VEDestroyRenderer(handle);
-    EXPECT_EQ((Journal{"ANativeWindow_release", "AMediaCodec_stop", "AMediaCodec_delete",
-                       "DeleteGlobalRef", "DeleteGlobalRef"}),
-              platform.takeJournal());
+    EXPECT_EQ(platform.takeJournal(), kDestroyed);
 }
 
-TEST_F(DecodeCalls, WithoutAJavaMachineARendererIsInert) {
+TEST_F(DecodeCalls, WithoutAJvmARendererIsInert) {
     void* handle = create(Mode(VE_MODE_H264, VE_OUTPUT_MASKED), nullptr);
     const Image before = Noise({64, 48}, 1);
     Fill(texture, before);
     char unit[4] = {};
-    EXPECT_EQ(0, VEUpdateRenderer(handle, unit, 4, true, unit));
-    EXPECT_EQ(0, VEUpdateCompressedData(handle, unit, 4));
-    EXPECT_EQ(0, VEUpdateUserPosition(handle, 1, 2, 3, 4));
-    EXPECT_EQ(before.pixels, ReadBack(texture, {64, 48}).pixels);
+    EXPECT_EQ(VEUpdateRenderer(handle, unit, 4, true, unit), 0);
+    EXPECT_EQ(VEUpdateCompressedData(handle, unit, 4), 0);
+    EXPECT_EQ(VEUpdateUserPosition(handle, 1, 2, 3, 4), 0);
+    EXPECT_EQ(ReadBack(texture, {64, 48}).pixels, before.pixels);
     VEDestroyRenderer(handle);
     EXPECT_TRUE(platform.takeJournal().empty());
-    EXPECT_EQ((Journal{"\n JNI_OnLoad() not called yet ...######renderer\n",
+    EXPECT_EQ(LogCapture::TakeTexts(),
+              (Journal{"\n JNI_OnLoad() not called yet ...######renderer\n",
                        "VEOESRenderer::Destroy ..######renderer",
-                       "VEOESRenderer::Destroy success ..######renderer"}),
-              LogCapture::TakeTexts());
+                       "VEOESRenderer::Destroy success ..######renderer"}));
 }
 
 TEST_F(DecodeCalls, OnlyOutputModeOneHasAMaskAndAView) {
@@ -242,46 +240,46 @@ TEST_F(DecodeCalls, OnlyOutputModeOneHasAMaskAndAView) {
         distances.push_back(matrix[15]);
     };
     for (const int outputMode : {0, 1, 2}) {
-        void* handle = create(Mode(VE_MODE_H264, outputMode), platform.machine());
+        void* handle = create(Mode(VE_MODE_H264, outputMode), platform.jvm());
         for (int i = 0; i < 2; ++i) {
-            EXPECT_EQ(0, VEUpdateUserPosition(handle, 0, 0, 0, 0));
-            EXPECT_EQ(0, VEUpdateRenderer(handle, nullptr, 0, true, nullptr));
+            EXPECT_EQ(VEUpdateUserPosition(handle, 0, 0, 0, 0), 0);
+            EXPECT_EQ(VEUpdateRenderer(handle, nullptr, 0, true, nullptr), 0);
         }
         VEDestroyRenderer(handle);
     }
     GLES3::glUniformMatrix4fv = real;
-    EXPECT_EQ((std::vector<float>{2, 2, 3}), distances);
+    EXPECT_EQ(distances, (std::vector<float>{2, 2, 3}));
 }
 
 TEST_F(DecodeCalls, UnitsAreQueuedWholeOrDropped) {
     void* handle = create();
     platform.takeJournal();
     char unit[] = "access unit";
-    EXPECT_EQ(0, VEUpdateCompressedData(handle, nullptr, 5));
-    EXPECT_EQ(0, VEUpdateCompressedData(handle, unit, 0));
-    EXPECT_EQ(0, VEUpdateCompressedData(handle, unit, -7));
+    EXPECT_EQ(VEUpdateCompressedData(handle, nullptr, 5), 0);
+    EXPECT_EQ(VEUpdateCompressedData(handle, unit, 0), 0);
+    EXPECT_EQ(VEUpdateCompressedData(handle, unit, -7), 0);
     EXPECT_TRUE(platform.takeJournal().empty());
 
-    EXPECT_EQ(0, VEUpdateCompressedData(handle, unit, sizeof(unit)));
-    EXPECT_EQ((Journal{"AMediaCodec_dequeueInputBuffer 2000", "AMediaCodec_getInputBuffer 3",
-                       "AMediaCodec_queueInputBuffer 3 0 12 0 0"}),
-              platform.takeJournal());
-    EXPECT_STREQ(unit, reinterpret_cast<char*>(platform.inputBuffer.data()));
+    EXPECT_EQ(VEUpdateCompressedData(handle, unit, sizeof(unit)), 0);
+    EXPECT_EQ(platform.takeJournal(),
+              (Journal{"AMediaCodec_dequeueInputBuffer 2000", "AMediaCodec_getInputBuffer 3",
+                       "AMediaCodec_queueInputBuffer 3 0 12 0 0"}));
+    EXPECT_STREQ(reinterpret_cast<char*>(platform.inputBuffer.data()), unit);
 
     platform.inputIndex = -1;
-    EXPECT_EQ(0, VEUpdateCompressedData(handle, unit, sizeof(unit)));
-    EXPECT_EQ((Journal{"AMediaCodec_dequeueInputBuffer 2000"}), platform.takeJournal());
+    EXPECT_EQ(VEUpdateCompressedData(handle, unit, sizeof(unit)), 0);
+    EXPECT_EQ(platform.takeJournal(), (Journal{"AMediaCodec_dequeueInputBuffer 2000"}));
     VEDestroyRenderer(handle);
 }
 
 TEST_F(DecodeCalls, TheDecoderThreadRendersFramesWithDataOnly) {
     void* handle = create();
     WaitUntil([this] { return platform.polls > 2; });
-    EXPECT_EQ(1000, platform.outputTimeout);
-    EXPECT_EQ(0, platform.rendered + platform.returnedEmpty);
+    EXPECT_EQ(platform.outputTimeout, 1000);
+    EXPECT_EQ(platform.rendered + platform.returnedEmpty, 0);
     platform.outputIndex = 0;
     WaitUntil([this] { return platform.returnedEmpty > 0; });
-    EXPECT_EQ(0, platform.rendered);
+    EXPECT_EQ(platform.rendered, 0);
     platform.outputSize = 8;
     WaitUntil([this] { return platform.rendered > 0; });
     VEDestroyRenderer(handle);
@@ -294,26 +292,25 @@ TEST_F(DecodeCalls, ADecoderCallThatOutlastsDestructionIsFollowedByDelete) {
     platform.takeJournal();
     LogCapture::Take();
     VEDestroyRenderer(handle);
-    EXPECT_EQ(1, platform.threadsInOutput());
-    EXPECT_EQ((Journal{"ANativeWindow_release", "AMediaCodec_stop", "DeleteGlobalRef",
-                       "DeleteGlobalRef"}),
-              platform.takeJournal());
-    EXPECT_EQ("a decoder call takes longer than 50 ms: the decoder is deleted after it",
-              LogCapture::TakeTexts().at(2));
+    EXPECT_EQ(platform.threadsInOutput(), 1);
+    EXPECT_EQ(platform.takeJournal(), (Journal{"ANativeWindow_release", "AMediaCodec_stop",
+                                               "DeleteGlobalRef", "DeleteGlobalRef"}));
+    EXPECT_EQ(LogCapture::TakeTexts().at(2),
+              "a decoder call takes longer than 50 ms: the decoder is deleted after it");
     const int polls = platform.polls;
     platform.unblockOutput();
     WaitUntil([this] { return LiveThreads() <= threadsBefore; });
-    EXPECT_EQ(Journal{"AMediaCodec_delete"}, platform.takeJournal());
-    EXPECT_EQ(polls + 1, platform.polls) << "the thread goes on";
+    EXPECT_EQ(platform.takeJournal(), Journal{"AMediaCodec_delete"});
+    EXPECT_EQ(platform.polls, polls + 1) << "the thread goes on";
 }
 
 TEST_F(DecodeCalls, DestructionWaitsForADecoderCallThatStopEnds) {
     platform.listener = [this](const std::string& call) {
         if (call == "AMediaCodec_stop") {
-            EXPECT_EQ(1, platform.threadsInOutput());
+            EXPECT_EQ(platform.threadsInOutput(), 1);
             platform.unblockOutput();
         } else if (call == "AMediaCodec_delete") {
-            EXPECT_EQ(0, platform.threadsInOutput());
+            EXPECT_EQ(platform.threadsInOutput(), 0);
         }
     };
     platform.blockOutput();
@@ -321,9 +318,7 @@ TEST_F(DecodeCalls, DestructionWaitsForADecoderCallThatStopEnds) {
     WaitUntil([this] { return platform.threadsInOutput() == 1; });
     platform.takeJournal();
     VEDestroyRenderer(handle);
-    EXPECT_EQ((Journal{"ANativeWindow_release", "AMediaCodec_stop", "AMediaCodec_delete",
-                       "DeleteGlobalRef", "DeleteGlobalRef"}),
-              platform.takeJournal());
+    EXPECT_EQ(platform.takeJournal(), kDestroyed);
 }
 
 TEST_F(DecodeCalls, AFailingDecoderIsAskedAtMostOnceAMillisecond) {

@@ -21,16 +21,16 @@ std::string TagOf(const std::string& path) {
 }
 
 TEST(EngineServices, LogTagIsTheBaseNameUpToItsFirstDot) {
-    EXPECT_EQ("VELog", TagOf("src/common/VELog.cpp"));
-    EXPECT_EQ("name", TagOf("name.tar.gz"));
-    EXPECT_EQ("c", TagOf("a/b/c"));
-    EXPECT_EQ("c", TagOf("a.b/c.d"));
-    EXPECT_EQ("dir\\file", TagOf("include/dir\\file.h"));
-    EXPECT_EQ("", TagOf("a/"));
-    EXPECT_EQ("", TagOf(""));
-    EXPECT_EQ("", TagOf("a/.hidden"));
-    EXPECT_EQ(std::string(127, 't'), TagOf("dir/" + std::string(127, 't')));
-    EXPECT_EQ(std::string(127, 't'), TagOf("dir/" + std::string(200, 't')));
+    EXPECT_EQ(TagOf("src/common/VELog.cpp"), "VELog");
+    EXPECT_EQ(TagOf("name.tar.gz"), "name");
+    EXPECT_EQ(TagOf("a/b/c"), "c");
+    EXPECT_EQ(TagOf("a.b/c.d"), "c");
+    EXPECT_EQ(TagOf("include/dir\\file.h"), "dir\\file");
+    EXPECT_EQ(TagOf("a/"), "");
+    EXPECT_EQ(TagOf(""), "");
+    EXPECT_EQ(TagOf("a/.hidden"), "");
+    EXPECT_EQ(TagOf("dir/" + std::string(127, 't')), std::string(127, 't'));
+    EXPECT_EQ(TagOf("dir/" + std::string(200, 't')), std::string(127, 't'));
 }
 
 TEST(EngineServices, LogLinesFrom512CharactersOnAreFormattedHere) {
@@ -38,18 +38,18 @@ TEST(EngineServices, LogLinesFrom512CharactersOnAreFormattedHere) {
         const std::string text(length, 'm');
         LogWithFileTag(6, "a.cpp", "%s", text.c_str());
         const auto lines = LogCapture::Take();
-        ASSERT_EQ(1U, lines.size());
-        EXPECT_EQ(text, lines[0].text);
-        EXPECT_EQ(6, lines[0].priority);
-        EXPECT_EQ(length >= 512, lines[0].formattedByCaller) << length;
+        ASSERT_EQ(lines.size(), 1U);
+        EXPECT_EQ(lines[0].text, text);
+        EXPECT_EQ(lines[0].priority, 6);
+        EXPECT_EQ(lines[0].formattedByCaller, length >= 512) << length;
     }
 }
 
 TEST(EngineServices, LogWithTagPassesEverythingOn) {
-    EXPECT_EQ(1, LogWithTag(5, "some.tag/x", "%d %s", 7, std::string(600, 'y').c_str()));
+    EXPECT_EQ(LogWithTag(5, "some.tag/x", "%d %s", 7, std::string(600, 'y').c_str()), 1);
     const auto lines = LogCapture::Take();
-    EXPECT_EQ("some.tag/x", lines.at(0).tag);
-    EXPECT_EQ("7 " + std::string(600, 'y'), lines[0].text);
+    EXPECT_EQ(lines.at(0).tag, "some.tag/x");
+    EXPECT_EQ(lines[0].text, "7 " + std::string(600, 'y'));
     EXPECT_FALSE(lines[0].formattedByCaller);
 }
 
@@ -64,10 +64,10 @@ TEST(EngineServices, TimerRunsUntilStopped) {
     timer.stop();
     const double stopped = timer.getElapsedTimeInMicroSec();
     usleep(1000);
-    EXPECT_EQ(stopped, timer.getElapsedTimeInMicroSec());
-    EXPECT_DOUBLE_EQ(stopped * 0.001, timer.getElapsedTimeInMilliSec());
-    EXPECT_DOUBLE_EQ(stopped * 1e-6, timer.getElapsedTimeInSec());
-    EXPECT_DOUBLE_EQ(stopped * 1e-6, timer.getElapsedTime());
+    EXPECT_EQ(timer.getElapsedTimeInMicroSec(), stopped);
+    EXPECT_DOUBLE_EQ(timer.getElapsedTimeInMilliSec(), stopped * 0.001);
+    EXPECT_DOUBLE_EQ(timer.getElapsedTimeInSec(), stopped * 1e-6);
+    EXPECT_DOUBLE_EQ(timer.getElapsedTime(), stopped * 1e-6);
     timer.start();
     EXPECT_LT(timer.getElapsedTimeInMicroSec(), stopped + 1e6);
 }
@@ -82,14 +82,14 @@ TEST(EngineServices, TimerMillisecondsAreTheLow32BitsOfTheClock) {
 }
 
 TEST(EngineServices, AffinityPinsAndReportsAThread) {
-    EXPECT_EQ(0, GetThreadAffinityMask(0)) << "0 is not the calling thread";
-    EXPECT_EQ(0, GetThreadAffinityMask(0x7FFFFFFF)) << "no such thread";
+    EXPECT_EQ(GetThreadAffinityMask(0), 0) << "0 is not the calling thread";
+    EXPECT_EQ(GetThreadAffinityMask(0x7FFFFFFF), 0) << "no such thread";
     std::thread([] {
         const int all = GetThreadAffinityMask(gettid());
-        ASSERT_NE(0, all);
+        ASSERT_NE(all, 0);
         const int lowest = all & -all;
-        EXPECT_EQ(0, SetThreadAffinityMask(gettid(), lowest));
-        EXPECT_EQ(lowest, GetThreadAffinityMask(gettid()));
+        EXPECT_EQ(SetThreadAffinityMask(gettid(), lowest), 0);
+        EXPECT_EQ(GetThreadAffinityMask(gettid()), lowest);
         EXPECT_EQ(lowest, 1 << sched_getcpu());
     }).join();
 }
@@ -113,9 +113,9 @@ TEST(EngineServicesDeathTest, AffinityFailureIsLoggedAndFatal) {
 TEST(EngineServices, GpuTimerQueriesChoiceIsLogged) {
     SetAllowGpuTimerQueries(3);
     const auto lines = LogCapture::Take();
-    EXPECT_EQ("SetAllowGpuTimerQueries( 3 )", lines.at(0).text);
-    EXPECT_EQ("VELog", lines[0].tag);
-    EXPECT_EQ(4, lines[0].priority);
+    EXPECT_EQ(lines.at(0).text, "SetAllowGpuTimerQueries( 3 )");
+    EXPECT_EQ(lines[0].tag, "VELog");
+    EXPECT_EQ(lines[0].priority, 4);
 }
 
 }  // namespace

@@ -61,7 +61,7 @@ TEST_F(Filter, DrawsExternalSources) {
     auto filter = makeFilter<GPUTexture2TextureFilter>();
     const ShaderTextRecorder recorder;
     filter.Texture2FilterTexture(source, true, true, -1, {});
-    EXPECT_EQ(StoredShader("external.frag"), recorder.texts().at(1));
+    EXPECT_EQ(recorder.texts().at(1), StoredShader("external.frag"));
     scene.source = &picture;
     expectShown();
 
@@ -84,9 +84,9 @@ TEST_F(Filter, ErrorChecksOfExternalSourcesReportTheirNumbers) {
     for (const std::string& text : LogCapture::TakeTexts()) {
         numbers.push_back(std::stoi(text.substr(text.rfind(':') + 1)));
     }
-    EXPECT_EQ((std::vector<int>{242, 243, 244, 245, 246, 254, 255, 257, 258, 259, 260, 261, 264,
-                                265, 268, 269, 270, 275, 276, 277, 314, 315, 316, 317, 318}),
-              numbers);
+    EXPECT_EQ(numbers,
+              (std::vector<int>{242, 243, 244, 245, 246, 254, 255, 257, 258, 259, 260, 261, 264,
+                                265, 268, 269, 270, 275, 276, 277, 314, 315, 316, 317, 318}));
 }
 
 TEST_F(Filter, DrawsExternalSourcesUnderAMask) {
@@ -96,14 +96,29 @@ TEST_F(Filter, DrawsExternalSourcesUnderAMask) {
     for (int call = 0; call < 3; ++call) {
         filter.Texture2ExtractFilterTexture(source, true, mask.pixels.data(), true, -1, {});
     }
-    EXPECT_EQ(StoredShader("external_masked.frag"), recorder.texts().at(1));
+    EXPECT_EQ(recorder.texts().at(1), StoredShader("external_masked.frag"));
     const auto lines = LogCapture::Take();
-    EXPECT_EQ("GeneratorMaskTexture, m_maskWidth(3), m_maskHeight(2) ...###renderer",
-              lines.at(0).text);
-    EXPECT_EQ("VEGPUTexture2TextureFilter", lines[0].tag);
+    EXPECT_EQ(lines.at(0).text,
+              "GeneratorMaskTexture, m_maskWidth(3), m_maskHeight(2) ...###renderer");
+    EXPECT_EQ(lines[0].tag, "VEGPUTexture2TextureFilter");
     scene.source = &picture;
     scene.mask = &mask;
     expectShown();
+}
+
+// To the byte: drivers cache shaders and work around them by their texts.
+TEST_F(Filter, ShaderTextsOfRawFramesAreTheStoredOnes) {
+    auto plain = makeFilter<GPUData2TextureFilter>();
+    auto masked = makeFilter<GPUData2TextureFilter>();
+    const ShaderTextRecorder recorder;
+    for (int call = 0; call < 3; ++call) {
+        plain.Draw2FilterTexture(picture.pixels.data(), true, -1, {});
+        masked.Draw2ExtractFilterTexture(picture.pixels.data(), true, mask.pixels.data(), -1, {});
+    }
+    EXPECT_EQ(recorder.texts(),
+              (std::vector<std::string>{StoredShader("filter.vert"), StoredShader("texture2d.frag"),
+                                        StoredShader("filter.vert"),
+                                        StoredShader("texture2d_masked.frag")}));
 }
 
 TEST_F(Filter, AFirstDrawWithoutAMaskIsForGood) {
@@ -125,7 +140,7 @@ std::vector<float> DrawnMatrix(GPUTexture2TextureFilter& filter, unsigned source
     static decltype(GLES3::glUniformMatrix4fv) real = nullptr;
     real = GLES3::glUniformMatrix4fv;
     GLES3::glUniformMatrix4fv = [](GLint, GLsizei, GLboolean transpose, const GLfloat* value) {
-        EXPECT_EQ(GL_FALSE, transpose);
+        EXPECT_EQ(transpose, GL_FALSE);
         matrix.assign(value, value + 16);
     };
     filter.Texture2FilterTexture(source, true, false, -1, {});
@@ -144,23 +159,23 @@ TEST_F(Filter, TheMatrixIsExactlyThatOfTheView) {
     Fill(source, picture);
     auto filter = makeFilter<GPUTexture2TextureFilter>();
     const std::vector<float> fresh = DrawnMatrix(filter, source);
-    EXPECT_EQ(0x4013309FU, Bits(fresh[0]));
-    EXPECT_EQ(0x4013309FU, Bits(fresh[5]));
-    EXPECT_EQ(0xBF80419AU, Bits(fresh[10]));
+    EXPECT_EQ(Bits(fresh[0]), 0x4013309FU);
+    EXPECT_EQ(Bits(fresh[5]), 0x4013309FU);
+    EXPECT_EQ(Bits(fresh[10]), 0xBF80419AU);
     EXPECT_EQ(-1.0F, fresh[11]);
     EXPECT_EQ(-2.0F * -1.002002F + -0.2002002F, fresh[14]);
     EXPECT_EQ(2.0F, fresh[15]);
 
     filter.UpdateUserPosition(0.0F, 3.0F, 2.0F, -8.0F);
-    EXPECT_EQ(fresh, DrawnMatrix(filter, source));
+    EXPECT_EQ(DrawnMatrix(filter, source), fresh);
     filter.UpdateUserPosition(0.5F, 0.0F, 2.0F, 0.0F);
-    EXPECT_EQ(-0.5F * fresh[0], DrawnMatrix(filter, source)[12]);
+    EXPECT_EQ(DrawnMatrix(filter, source)[12], -0.5F * fresh[0]);
     filter.UpdateUserPosition(0.5F, 0.0F, 8.0F, 0.0F);
     const std::vector<float> behind = DrawnMatrix(filter, source);
-    EXPECT_EQ(-fresh[0], behind[0]);
-    EXPECT_EQ(fresh[5], behind[5]);
-    EXPECT_EQ(0.5F * fresh[0], behind[12]);
-    EXPECT_EQ(1.0F, behind[15]);
+    EXPECT_EQ(behind[0], -fresh[0]);
+    EXPECT_EQ(behind[5], fresh[5]);
+    EXPECT_EQ(behind[12], 0.5F * fresh[0]);
+    EXPECT_EQ(behind[15], 1.0F);
 
     filter.UpdateUserPosition(0.0F, 0.0F, 6.0F, 0.0F);
     for (const float element : DrawnMatrix(filter, source)) {
@@ -172,7 +187,7 @@ TEST_F(Filter, TexturesWithoutPixelBuffersTakeTheirImageAtOnce) {
     GLTexture* texture =
         GPUTextureFilterBase::GeneratorTexture(GL_RGBA, kSize.width, kSize.height, false);
     texture->loadData(picture.pixels.data());
-    EXPECT_EQ(picture.pixels, ReadBack(texture->m_textureId, kSize).pixels);
+    EXPECT_EQ(ReadBack(texture->m_textureId, kSize).pixels, picture.pixels);
     GPUTextureFilterBase::DeleteTexture(texture);
     GPUTextureFilterBase::DeleteTexture(nullptr);
     GPUTextureFilterBase::DeleteFBO(nullptr);
@@ -180,7 +195,7 @@ TEST_F(Filter, TexturesWithoutPixelBuffersTakeTheirImageAtOnce) {
 
 TEST_F(Filter, FormatsWithoutASizeUploadNothing) {
     GLTexture* texture = GPUTextureFilterBase::GeneratorTexture(0x1234, 4, 4, true);
-    EXPECT_EQ(0U, texture->m_byteSize);
+    EXPECT_EQ(texture->m_byteSize, 0U);
     texture->loadData(picture.pixels.data());
     texture->loadData(nullptr);
     GPUTextureFilterBase::DeleteTexture(texture);

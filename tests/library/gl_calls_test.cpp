@@ -1,4 +1,4 @@
-// Order and arguments of the GL calls, where order matters.
+// Order and arguments of the GL calls.
 
 #include <gtest/gtest.h>
 
@@ -106,21 +106,21 @@ TEST_F(GlCalls, TheFirstCallMakesTheSourceTextureAndItsTwoBuffers) {
     const std::string image = "glTexImage2D(" + std::to_string(GL_TEXTURE_2D) + ",0," +
                               std::to_string(GL_RGB) + ",4,2,0," + std::to_string(GL_RGB) + "," +
                               std::to_string(GL_UNSIGNED_BYTE) + ",address)";
-    ASSERT_EQ(14U, calls.size());
-    EXPECT_EQ("glGenTextures(1,address)", calls[0]);
-    EXPECT_EQ(Call("glTexParameteri", GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST), calls[2]);
-    EXPECT_EQ(Call("glTexParameteri", GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST), calls[3]);
-    EXPECT_EQ(Call("glTexParameteri", GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE),
-              calls[4]);
-    EXPECT_EQ(Call("glTexParameteri", GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE),
-              calls[5]);
-    EXPECT_EQ(image, calls[6]);
-    EXPECT_EQ(Call("glBindTexture", GL_TEXTURE_2D, 0), calls[7]);
-    EXPECT_EQ("glGenBuffers(2,address)", calls[8]);
-    EXPECT_EQ(Call("glBufferData", GL_PIXEL_UNPACK_BUFFER, 24, nullptr, GL_STREAM_DRAW), calls[10]);
+    ASSERT_EQ(calls.size(), 14U);
+    EXPECT_EQ(calls[0], "glGenTextures(1,address)");
+    EXPECT_EQ(calls[2], Call("glTexParameteri", GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST));
+    EXPECT_EQ(calls[3], Call("glTexParameteri", GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST));
+    EXPECT_EQ(calls[4],
+              Call("glTexParameteri", GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE));
+    EXPECT_EQ(calls[5],
+              Call("glTexParameteri", GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE));
+    EXPECT_EQ(calls[6], image);
+    EXPECT_EQ(calls[7], Call("glBindTexture", GL_TEXTURE_2D, 0));
+    EXPECT_EQ(calls[8], "glGenBuffers(2,address)");
+    EXPECT_EQ(calls[10], Call("glBufferData", GL_PIXEL_UNPACK_BUFFER, 24, nullptr, GL_STREAM_DRAW));
     EXPECT_EQ(calls[10], calls[12]);
     EXPECT_NE(calls[9], calls[11]);
-    EXPECT_EQ(Call("glBindBuffer", GL_PIXEL_UNPACK_BUFFER, 0), calls[13]);
+    EXPECT_EQ(calls[13], Call("glBindBuffer", GL_PIXEL_UNPACK_BUFFER, 0));
 }
 
 TEST_F(GlCalls, UploadsAlternateBuffersAndOrphanThem) {
@@ -133,7 +133,8 @@ TEST_F(GlCalls, UploadsAlternateBuffersAndOrphanThem) {
         update(renderer);
         const Calls all = recorder.take();
         const Calls upload(all.begin(), all.begin() + 9);
-        EXPECT_EQ(Calls({upload[0], upload[1],
+        EXPECT_EQ(upload,
+                  Calls({upload[0], upload[1],
                          Call("glTexSubImage2D", GL_TEXTURE_2D, 0, 0, 0, 4, 2, GL_RGB,
                               GL_UNSIGNED_BYTE, nullptr),
                          upload[3],
@@ -141,8 +142,7 @@ TEST_F(GlCalls, UploadsAlternateBuffersAndOrphanThem) {
                          Call("glMapBufferRange", GL_PIXEL_UNPACK_BUFFER, 0, 24, GL_MAP_WRITE_BIT),
                          Call("glUnmapBuffer", GL_PIXEL_UNPACK_BUFFER),
                          Call("glBindBuffer", GL_PIXEL_UNPACK_BUFFER, 0),
-                         Call("glBindTexture", GL_TEXTURE_2D, 0)}),
-                  upload);
+                         Call("glBindTexture", GL_TEXTURE_2D, 0)}));
         calls = {upload[1], upload[3]};  // The buffer read from, the buffer written to.
     }
     EXPECT_EQ(bound[0][0], bound[1][1]);
@@ -166,7 +166,7 @@ TEST_F(GlCalls, ADrawIsThisSequence) {
     const Calls arrays = Only(draw, {"glBindVertexArray"});
     const Calls framebuffers = Only(draw, {"glBindFramebuffer"});
     const Calls uniforms = Only(draw, {"glUniformMatrix4fv", "glUniform1i"});
-    ASSERT_EQ(5U, uniforms.size());
+    ASSERT_EQ(uniforms.size(), 5U);
     const int framebuffer = std::stoi(framebuffers[0].substr(framebuffers[0].find(',') + 1));
     const Calls expected = Joined(
         {SaveState(),
@@ -178,7 +178,7 @@ TEST_F(GlCalls, ADrawIsThisSequence) {
          Unbind(),
          RestoreState(LastBound(GL_ARRAY_BUFFER_BINDING))});
     EXPECT_EQ(expected, draw);
-    EXPECT_EQ(Call("glUniform1i", -1, 1), uniforms[4]);
+    EXPECT_EQ(uniforms[4], Call("glUniform1i", -1, 1));
 }
 
 TEST_F(GlCalls, EachStickerRebuildsTheOneMeshAndHiddenOnesNothing) {
@@ -189,18 +189,18 @@ TEST_F(GlCalls, EachStickerRebuildsTheOneMeshAndHiddenOnesNothing) {
     VEStickerList stickers = {{1, 1}, {-1, -1}, {2, 0}};
     VEUpdateRendererWithSticker(renderer.handle, nullptr, 0, true, nullptr, 77, stickers);
     const Calls all = recorder.take();
-    EXPECT_EQ(3U, Only(all, {"glDrawElements"}).size());
+    EXPECT_EQ(Only(all, {"glDrawElements"}).size(), 3U);
     const Calls mesh = Only(all, {"glDeleteVertexArrays", "glDeleteBuffers", "glGenBuffers",
                                   "glGenVertexArrays", "glDrawElements"});
     const Calls once = {"glDeleteVertexArrays(1,address)", "glDeleteBuffers(1,address)",
                         "glDeleteBuffers(1,address)",      "glGenBuffers(1,address)",
                         "glGenBuffers(1,address)",         "glGenVertexArrays(1,address)"};
     const Calls draw = {Call("glDrawElements", GL_TRIANGLES, 6, GL_UNSIGNED_SHORT, nullptr)};
-    EXPECT_EQ(Joined({draw, once, draw, once, draw}), mesh);
+    EXPECT_EQ(mesh, Joined({draw, once, draw, once, draw}));
     const Calls textures = Only(all, {"glActiveTexture", "glBindTexture"});
-    EXPECT_EQ(Call("glActiveTexture", GL_TEXTURE2), textures[textures.size() - 3]);
-    EXPECT_EQ(Call("glBindTexture", GL_TEXTURE_2D, 77), textures[textures.size() - 2]);
-    EXPECT_EQ(Call("glBindTexture", GL_TEXTURE_2D, 0), textures[textures.size() - 1]);
+    EXPECT_EQ(textures[textures.size() - 3], Call("glActiveTexture", GL_TEXTURE2));
+    EXPECT_EQ(textures[textures.size() - 2], Call("glBindTexture", GL_TEXTURE_2D, 77));
+    EXPECT_EQ(textures[textures.size() - 1], Call("glBindTexture", GL_TEXTURE_2D, 0));
 
     VEUpdateRendererWithSticker(renderer.handle, nullptr, 0, true, nullptr, -1, stickers);
     EXPECT_TRUE(Only(recorder.take(), {"glDeleteVertexArrays", "glGenBuffers"}).empty());
@@ -221,7 +221,7 @@ TEST_F(GlCalls, TheStickerListMayGrowDuringTheDraw) {
     });
     VEUpdateRendererWithSticker(renderer.handle, nullptr, 0, true, nullptr, 77, stickers);
     GLES3::glDrawElements = real;
-    EXPECT_EQ(3, draws);
+    EXPECT_EQ(draws, 3);
 }
 
 TEST_F(GlCalls, TheFirstDrawAllocatesAndAttachesTheDestination) {
@@ -260,19 +260,18 @@ TEST_F(GlCalls, ReleaseDeletesEverythingButThePixelBuffersWhoseNamesGoToTheFrame
     VEDestroyRenderer(renderer.handle);
     renderer.handle = nullptr;
     Calls calls = recorder.take();
-    ASSERT_EQ(13U, calls.size());
-    EXPECT_EQ(0U, calls[4].find("glDeleteProgram("));
+    ASSERT_EQ(calls.size(), 13U);
+    EXPECT_EQ(calls[4].find("glDeleteProgram("), 0U);
     calls[4] = "glDeleteProgram";
     const Calls texture = {"glDeleteFramebuffers(2,address)", "glDeleteTextures(1,address)"};
     const Calls mesh = {"glDeleteVertexArrays(1,address)", "glDeleteBuffers(1,address)",
                         "glDeleteBuffers(1,address)"};
-    EXPECT_EQ(Joined({texture,
-                      texture,
-                      {"glDeleteProgram"},
-                      {"glDeleteFramebuffers(1,address)", "glDeleteFramebuffers(1,address)"},
-                      mesh,
-                      mesh}),
-              calls);
+    EXPECT_EQ(calls, Joined({texture,
+                             texture,
+                             {"glDeleteProgram"},
+                             {"glDeleteFramebuffers(1,address)", "glDeleteFramebuffers(1,address)"},
+                             mesh,
+                             mesh}));
 }
 
 TEST_F(GlCalls, ARendererThatNeverDrewDeletesTheProgramItNeverBuilt) {
@@ -280,7 +279,7 @@ TEST_F(GlCalls, ARendererThatNeverDrewDeletesTheProgramItNeverBuilt) {
     GlRecorder recorder;
     VEDestroyRenderer(renderer.handle);
     renderer.handle = nullptr;
-    EXPECT_EQ(Call("glDeleteProgram", 0xFFFFFFFFU), recorder.take().front());
+    EXPECT_EQ(recorder.take().front(), Call("glDeleteProgram", 0xFFFFFFFFU));
 }
 
 /// The numbers of the error checks that one update makes when every check finds an error.
@@ -300,10 +299,10 @@ std::vector<int> CheckedLines(RendererHarness& renderer, void* mask, int sticker
     const std::string start =
         "OpenGLES error 0x0501 in src/Render/GPUTextureFilter/VEGPUTextureFilterBaseImpl.cpp:";
     for (const LogCapture::Line& line : LogCapture::Take()) {
-        EXPECT_EQ("GPUTextureFilter\\VEGPUTextureFilterBase", line.tag);
-        EXPECT_EQ(4, line.priority);
-        EXPECT_EQ(start, line.text.substr(0, start.size()));
-        EXPECT_EQ('\n', line.text.back());
+        EXPECT_EQ(line.tag, "GPUTextureFilter\\VEGPUTextureFilterBase");
+        EXPECT_EQ(line.priority, 4);
+        EXPECT_EQ(line.text.substr(0, start.size()), start);
+        EXPECT_EQ(line.text.back(), '\n');
         lines.push_back(std::stoi(line.text.substr(start.size())));
     }
     EXPECT_EQ(lines.size(), errors) << "one glGetError for each check";
@@ -317,18 +316,18 @@ TEST_F(GlCalls, ErrorChecksReportTheirNumbersInOrder) {
     update(plain);
     std::vector<int> first = {150, 152, 154, 157, 164};
     first.insert(first.end(), draw.begin(), draw.end());
-    EXPECT_EQ(first, CheckedLines(plain, nullptr, -1));
-    EXPECT_EQ(draw, CheckedLines(plain, nullptr, -1));
+    EXPECT_EQ(CheckedLines(plain, nullptr, -1), first);
+    EXPECT_EQ(CheckedLines(plain, nullptr, -1), draw);
     std::vector<int> stickers = draw;
     stickers.insert(stickers.begin() + 17, {293, 294, 295, 308, 308});
-    EXPECT_EQ(stickers, CheckedLines(plain, nullptr, 5, {{1, 1}, {-1, -1}, {2, 1}}));
+    EXPECT_EQ(CheckedLines(plain, nullptr, 5, {{1, 1}, {-1, -1}, {2, 1}}), stickers);
 
     RendererHarness masked(kMasked);
     std::vector<uint8_t> mask(16);
     update(masked, mask.data());
     update(masked, mask.data());
     first.insert(first.begin() + 4, 161);
-    EXPECT_EQ(first, CheckedLines(masked, mask.data(), -1));
+    EXPECT_EQ(CheckedLines(masked, mask.data(), -1), first);
 }
 
 }  // namespace

@@ -49,14 +49,14 @@ TEST_F(GlState, EveryCallChangesOnlyWhatTheHeaderLists) {
     StateNames changed = ChangedByDraw({"GL_TEXTURE_BINDING_2D 0", "GL_TEXTURE_BINDING_2D 5"});
     EXPECT_EQ(changedByUpdate(*renderer), changed);
     EXPECT_EQ(changedByUpdate(*renderer), changed);
-    ExpectShows(scene, renderer->readBack());
+    ExpectShows(renderer->readBack(), scene);
 
     scene.sticker = &sticker;
     scene.stickers = {{16, 12}};
     renderer->show(scene);
     changed.insert("GL_TEXTURE_BINDING_2D 2");
     EXPECT_EQ(changedByUpdate(*renderer), changed);
-    ExpectShows(scene, renderer->readBack());
+    ExpectShows(renderer->readBack(), scene);
     hostile.SetUnpacking();
     EXPECT_EQ(ChangedBy([&] { renderer.reset(); }), StateNames());
 }
@@ -100,7 +100,7 @@ TEST_F(GlState, TheCallersVertexArrayLosesItsIndexBuffer) {
     scene.source = &frame;
     renderer.show(scene);
     glBindVertexArray(vertexArray);
-    EXPECT_EQ(0, Get(GL_ELEMENT_ARRAY_BUFFER_BINDING));
+    EXPECT_EQ(Get(GL_ELEMENT_ARRAY_BUFFER_BINDING), 0);
 }
 
 TEST_F(GlState, CreationLeavesVertexArrayZeroWithoutAttributes) {
@@ -108,13 +108,13 @@ TEST_F(GlState, CreationLeavesVertexArrayZeroWithoutAttributes) {
         glEnableVertexAttribArray(location);
     }
     RendererHarness renderer(kPlain);
-    EXPECT_EQ(0, Get(GL_VERTEX_ARRAY_BINDING));
+    EXPECT_EQ(Get(GL_VERTEX_ARRAY_BINDING), 0);
     for (unsigned location = 0; location < 9; ++location) {
         GLint enabled = -1;
         glGetVertexAttribiv(location, GL_VERTEX_ATTRIB_ARRAY_ENABLED, &enabled);
-        EXPECT_EQ(GL_FALSE, enabled);
+        EXPECT_EQ(enabled, GL_FALSE);
     }
-    EXPECT_NE(0, Get(GL_ARRAY_BUFFER_BINDING));
+    EXPECT_NE(Get(GL_ARRAY_BUFFER_BINDING), 0);
 }
 
 }  // namespace

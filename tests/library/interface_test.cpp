@@ -15,7 +15,7 @@ const char* missingFunction = "";
 
 }  // namespace
 
-/// Stands in front of EGL's, to hide a GL function.
+/// Replaces EGL's, to hide a GL function.
 extern "C" auto eglGetProcAddress(const char* name) -> void (*)() {
     if (std::strcmp(name, missingFunction) == 0) {
         return nullptr;
@@ -39,11 +39,11 @@ TEST(Interface, CreationRefusesBadArgumentsAndLeavesTheHandle) {
     LogCapture::Take();
     VERendererMode mode = Mode(0, VE_MODE_RGBA);
     void* handle = kUntouched;
-    EXPECT_EQ(-1, VECreateRendererHandle(&handle, 1, nullptr, nullptr));
-    EXPECT_EQ(-1, VECreateRendererHandle(&handle, -1, &mode, nullptr));
-    EXPECT_EQ(-1, VECreateRendererHandleWithFormat(&handle, 1, 3, nullptr, nullptr));
-    EXPECT_EQ(-1, VECreateRendererHandleWithFormat(&handle, -1, 3, &mode, nullptr));
-    EXPECT_EQ(kUntouched, handle);
+    EXPECT_EQ(VECreateRendererHandle(&handle, 1, nullptr, nullptr), -1);
+    EXPECT_EQ(VECreateRendererHandle(&handle, -1, &mode, nullptr), -1);
+    EXPECT_EQ(VECreateRendererHandleWithFormat(&handle, 1, 3, nullptr, nullptr), -1);
+    EXPECT_EQ(VECreateRendererHandleWithFormat(&handle, -1, 3, &mode, nullptr), -1);
+    EXPECT_EQ(handle, kUntouched);
     EXPECT_TRUE(LogCapture::Take().empty());
 }
 
@@ -52,18 +52,18 @@ TEST(Interface, UnsupportedModeTypesCreateNothingAndSaySoByTheHandleOnly) {
     for (const int32_t modeType : {-1, 0, 1, 4, 7, 0x7FFFFFFF}) {
         VERendererMode mode = Mode(0, modeType);
         void* handle = kUntouched;
-        EXPECT_EQ(0, VECreateRendererHandle(&handle, 1, &mode, nullptr));
-        EXPECT_EQ(0, VECreateRendererHandleWithFormat(&handle, 1, 3, &mode, nullptr));
-        EXPECT_EQ(kUntouched, handle) << modeType;
+        EXPECT_EQ(VECreateRendererHandle(&handle, 1, &mode, nullptr), 0);
+        EXPECT_EQ(VECreateRendererHandleWithFormat(&handle, 1, 3, &mode, nullptr), 0);
+        EXPECT_EQ(handle, kUntouched) << modeType;
     }
 }
 
 TEST(Interface, NullHandlesAreRefused) {
     VEStickerList stickers;
-    EXPECT_EQ(-1, VEUpdateRenderer(nullptr, nullptr, 0, true, nullptr));
-    EXPECT_EQ(-1, VEUpdateRendererWithSticker(nullptr, nullptr, 0, true, nullptr, 1, stickers));
-    EXPECT_EQ(-1, VEUpdateCompressedData(nullptr, nullptr, 0));
-    EXPECT_EQ(-1, VEUpdateUserPosition(nullptr, 0, 0, 0, 0));
+    EXPECT_EQ(VEUpdateRenderer(nullptr, nullptr, 0, true, nullptr), -1);
+    EXPECT_EQ(VEUpdateRendererWithSticker(nullptr, nullptr, 0, true, nullptr, 1, stickers), -1);
+    EXPECT_EQ(VEUpdateCompressedData(nullptr, nullptr, 0), -1);
+    EXPECT_EQ(VEUpdateUserPosition(nullptr, 0, 0, 0, 0), -1);
     VEDestroyRenderer(nullptr);
 }
 
@@ -71,16 +71,16 @@ TEST(Interface, RenderersOfRawFramesIgnoreCompressedData) {
     TestContext context;
     RendererHarness renderer(Mode(0, VE_MODE_RGB));
     char unit[4] = {};
-    EXPECT_EQ(0, VEUpdateCompressedData(renderer.handle, unit, sizeof(unit)));
-    EXPECT_EQ(0, VEUpdateCompressedData(renderer.handle, nullptr, -1));
+    EXPECT_EQ(VEUpdateCompressedData(renderer.handle, unit, sizeof(unit)), 0);
+    EXPECT_EQ(VEUpdateCompressedData(renderer.handle, nullptr, -1), 0);
 }
 
 TEST(Interface, TextureNameZeroIsAName) {
     TestContext context;
     VERendererMode mode = Mode(0, VE_MODE_RGBA);
     void* handle = nullptr;
-    EXPECT_EQ(0, VECreateRendererHandle(&handle, 0, &mode, nullptr));
-    EXPECT_NE(nullptr, handle);
+    EXPECT_EQ(VECreateRendererHandle(&handle, 0, &mode, nullptr), 0);
+    EXPECT_NE(handle, nullptr);
     VEDestroyRenderer(handle);
 }
 
@@ -94,17 +94,16 @@ TEST(Interface, LifeIsLoggedOnceEachUnderTheRenderersTag) {
     VEDestroyRenderer(handle);
 
     const auto lines = LogCapture::Take();
-    ASSERT_EQ(3U, lines.size());
-    EXPECT_EQ(
-        "\n VEGLES3Renderer textureId(7), textureWidth (640), textureHieght(480),"
-        "extractWidth(32), extractHeight(24) .. ######renderer\n",
-        lines[0].text);
-    EXPECT_EQ("GeneratorSourceTexture, m_sourceWidth(640), m_sourceHeight(480) ...###renderer",
-              lines[1].text);
-    EXPECT_EQ("\n VEGLES3Renderer Destroy.. ######renderer\n", lines[2].text);
-    EXPECT_EQ("VEGLES3Renderer", lines[0].tag);
-    EXPECT_EQ("VEGPUData2TextureFilter", lines[1].tag);
-    EXPECT_EQ(4, lines[0].priority);
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[0].text,
+              "\n VEGLES3Renderer textureId(7), textureWidth (640), textureHieght(480),"
+              "extractWidth(32), extractHeight(24) .. ######renderer\n");
+    EXPECT_EQ(lines[1].text,
+              "GeneratorSourceTexture, m_sourceWidth(640), m_sourceHeight(480) ...###renderer");
+    EXPECT_EQ(lines[2].text, "\n VEGLES3Renderer Destroy.. ######renderer\n");
+    EXPECT_EQ(lines[0].tag, "VEGLES3Renderer");
+    EXPECT_EQ(lines[1].tag, "VEGPUData2TextureFilter");
+    EXPECT_EQ(lines[0].priority, 4);
 }
 
 /// The index of a virtual function, as the C++ ABI has it in a pointer to the member.
@@ -116,10 +115,10 @@ size_t SlotOf(Member member) {
 }
 
 TEST(Interface, TheVirtualFunctionsKeepTheirOrder) {
-    EXPECT_EQ(0U, SlotOf(&VERendererBase::Update));
-    EXPECT_EQ(1U, SlotOf(&VERendererBase::Destroy));
-    EXPECT_EQ(2U, SlotOf(&VERendererBase::UpdateCompressedData));
-    EXPECT_EQ(3U, SlotOf(&VERendererBase::UpdateUserPosition));
+    EXPECT_EQ(SlotOf(&VERendererBase::Update), 0U);
+    EXPECT_EQ(SlotOf(&VERendererBase::Destroy), 1U);
+    EXPECT_EQ(SlotOf(&VERendererBase::UpdateCompressedData), 2U);
+    EXPECT_EQ(SlotOf(&VERendererBase::UpdateUserPosition), 3U);
 }
 
 /// With a loader that fails: exits with 42 when both kinds of renderer log that and go on.
@@ -156,8 +155,8 @@ TEST(Interface, OtherOutputModesDrawNothing) {
     Scene scene;
     scene.source = &frame;
     renderer.show(scene);
-    EXPECT_EQ(before.pixels, renderer.readBack().pixels);
-    EXPECT_EQ(0, VEUpdateUserPosition(renderer.handle, 1, 2, 3, 4));
+    EXPECT_EQ(renderer.readBack().pixels, before.pixels);
+    EXPECT_EQ(VEUpdateUserPosition(renderer.handle, 1, 2, 3, 4), 0);
 }
 
 }  // namespace

@@ -44,7 +44,7 @@ TEST(Picture, OnlyADestinationOfFormat3HasNoAlpha) {
         scene.source = &frame;
         renderer.show(scene);
         const uint8_t alpha = format == 3 ? 255 : 40;
-        EXPECT_EQ((Rgba{10, 20, 30, alpha}), renderer.readBack().Pixel(3, 3)) << format;
+        EXPECT_EQ(renderer.readBack().Pixel(3, 3), (Rgba{10, 20, 30, alpha})) << format;
     }
 }
 
@@ -59,7 +59,7 @@ TEST(Picture, TheViewIsFixedWithoutAMask) {
     scene.zoom = 0.0F;
     scene.viewX = 0.5F;
     renderer.show(scene);
-    EXPECT_EQ(before.pixels, renderer.readBack().pixels);
+    EXPECT_EQ(renderer.readBack().pixels, before.pixels);
 }
 
 TEST(Picture, TheViewZoomsMovesAndTurnsRound) {
@@ -96,12 +96,12 @@ TEST(Picture, AtZoomSixOnlyTheClearColorIsLeft) {
     scene.zoom = 6.0F;
     scene.clear = {1, 2, 3, 4};
     renderer.show(scene);
-    EXPECT_EQ(Solid({16, 16}, {1, 2, 3, 4}).pixels, renderer.readBack().pixels);
+    EXPECT_EQ(renderer.readBack().pixels, Solid({16, 16}, {1, 2, 3, 4}).pixels);
     scene.zoom = 2.0F;
     renderer.expectShows(scene);
 }
 
-/// Four columns: black with alpha, nearly black without alpha, colour half opaque, black opaque.
+/// Four columns: black with alpha, nearly black without alpha, color half opaque, black opaque.
 Image KeyColumns() {
     static constexpr Rgba kColumns[] = {
         {0, 0, 0, 77}, {0, 0, 1, 0}, {200, 100, 50, 128}, {0, 0, 0, 255}};
@@ -127,7 +127,7 @@ TEST(Picture, TheMaskKeysThePictureAndIsNeverMirrored) {
         renderer.expectShows(scene);
         scene.colorMirror = false;
         renderer.expectShows(scene);
-        EXPECT_EQ((Rgba{169, 210, 216, 0}), renderer.readBack().Pixel(48, 20));
+        EXPECT_EQ(renderer.readBack().Pixel(48, 20), (Rgba{169, 210, 216, 0}));
     }
 }
 

@@ -59,7 +59,7 @@ TEST_F(Sticker, NoneWithoutATextureOrAList) {
     const Image plain = renderer.readBack();
     scene.stickers = {{100, 60}};
     renderer.show(scene);
-    EXPECT_EQ(plain.pixels, renderer.readBack().pixels);
+    EXPECT_EQ(renderer.readBack().pixels, plain.pixels);
 }
 
 TEST_F(Sticker, TheViewMovesThemWithThePicture) {
@@ -100,7 +100,7 @@ TEST_F(Sticker, PositionsAtTheEndsOfTheirRangeAndTargetsWithoutAHalfAreHarmless)
     scene.source = &pixel;
     scene.stickers = {{0, 0}, {5, 5}};
     tiny.show(scene);
-    EXPECT_EQ((Rgba{1, 2, 3, 4}), tiny.readBack().Pixel(0, 0));
+    EXPECT_EQ(tiny.readBack().Pixel(0, 0), (Rgba{1, 2, 3, 4}));
 }
 
 }  // namespace

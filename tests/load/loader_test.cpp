@@ -1,5 +1,5 @@
-// The loader against GL libraries with gaps. It loads once per process, so each case is a process
-// of its own, also when the program is run by hand.
+// The loader against GL libraries with gaps. It loads once per process, so each case runs in a child
+// process.
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>

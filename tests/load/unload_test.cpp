@@ -16,7 +16,7 @@ Function* Find(void* library, const char* name) {
 
 void UseAndUnload() {
     void* library = dlopen(LIBRARY, RTLD_NOW | RTLD_LOCAL);
-    ASSERT_NE(nullptr, library) << dlerror();
+    ASSERT_NE(library, nullptr) << dlerror();
     auto* create = Find<decltype(VECreateRendererHandle)>(library, "VECreateRendererHandle");
     auto* update = Find<decltype(VEUpdateRenderer)>(library, "VEUpdateRenderer");
     auto* destroy = Find<decltype(VEDestroyRenderer)>(library, "VEDestroyRenderer");
@@ -27,28 +27,28 @@ void UseAndUnload() {
     VERendererMode mode = {VE_OUTPUT_PICTURE, VE_MODE_RGBA, 8, 8, 0, 0, 0};
     unsigned char pixels[8 * 8 * 4] = {};
     void* renderer = nullptr;
-    EXPECT_EQ(0, create(&renderer, 1, &mode, nullptr));
+    EXPECT_EQ(create(&renderer, 1, &mode, nullptr), 0);
     for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(0, update(renderer, pixels, sizeof(pixels), true, nullptr));
+        EXPECT_EQ(update(renderer, pixels, sizeof(pixels), true, nullptr), 0);
     }
     destroy(renderer);
-    EXPECT_EQ(0, dlclose(library));
-    EXPECT_EQ(nullptr, dlopen(LIBRARY, RTLD_NOW | RTLD_NOLOAD)) << "still loaded";
+    EXPECT_EQ(dlclose(library), 0);
+    EXPECT_EQ(dlopen(LIBRARY, RTLD_NOW | RTLD_NOLOAD), nullptr) << "still loaded";
 }
 
 size_t HeapInUse() {
     return mallinfo2().uordblks;
 }
 
-/// As on a device, where the system's libraries never go.
+/// A device never unloads the system's libraries.
 void KeepPlatformLoaded() {
     void* library = dlopen(LIBRARY, RTLD_NOW | RTLD_LOCAL);
-    ASSERT_NE(nullptr, library) << dlerror();
+    ASSERT_NE(library, nullptr) << dlerror();
     for (const char* name : {"libmediandk.so", "libandroid.so"}) {
         void* kept = dlopen(name, RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
-        ASSERT_NE(nullptr, kept) << dlerror();
+        ASSERT_NE(kept, nullptr) << dlerror();
     }
-    EXPECT_EQ(0, dlclose(library));
+    EXPECT_EQ(dlclose(library), 0);
 }
 
 TEST(Unload, LeavesNothingBehind) {

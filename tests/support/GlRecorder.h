@@ -7,8 +7,8 @@
 
 #include "gl/GLES3.h"
 
-/// Writes down every GL call of the library, by standing in all of the table's pointers while it
-/// lives. Calls go through to GL. One at a time, on one thread.
+/// Records every GL call of the library by replacing all pointers of the table while it lives.
+/// Calls go on to GL. One recorder at a time, on one thread.
 class GlRecorder {
 public:
     GlRecorder();
@@ -20,8 +20,8 @@ public:
     static std::vector<std::string> take();
 };
 
-/// An argument of a call as text: numbers by value, names in quotes, small pointers as the offsets
-/// that they are, and "address" for the others.
+/// An argument of a call as text: numbers by value, names in quotes, small pointers as offsets,
+/// and "address" for other pointers.
 class CallArgument {
 public:
     template <typename T, typename = std::enable_if_t<std::is_arithmetic<T>::value>>

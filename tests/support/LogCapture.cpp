@@ -29,7 +29,7 @@ extern "C" int __android_log_vprint(int prio, const char* tag, const char* fmt, 
     va_copy(copy, ap);
     std::string text(static_cast<size_t>(std::vsnprintf(nullptr, 0, fmt, copy)), '\0');
     va_end(copy);
-    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): it is the caller's, and initialised.
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): the caller initializes it.
     (void)std::vsnprintf(text.data(), text.size() + 1, fmt, ap);
     return Keep(prio, tag, std::move(text), false);
 }

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-/// Stands in front of the Android log: what the library writes is kept instead of printed.
+/// Replaces the Android log: keeps what the library writes instead of printing it.
 namespace LogCapture {
 
 struct Line {

@@ -22,7 +22,7 @@ bool NearInteger(double value) {
     return std::abs(value - std::round(value)) < kTooClose;
 }
 
-/// Nearest texel at (u, v); none when both neighbours are equally near.
+/// Nearest texel at (u, v); none when two are equally near.
 std::optional<Rgba> Sample(const Image& image, double u, double v) {
     const double x = u * image.size.width;
     const double y = v * image.size.height;
@@ -34,11 +34,9 @@ std::optional<Rgba> Sample(const Image& image, double u, double v) {
 
 /// The point of the picture's plane that is seen at the center of an output pixel.
 Point Unproject(const Scene& scene, double ndcX, double ndcY) {
-    const double distance = 3.0 - 0.5 * static_cast<double>(scene.zoom);
-    const double scale = 1.0 / std::tan(23.5 * kPi / 180.0) / std::abs(distance);
-    const double side = distance > 0 ? 1.0 : -1.0;
-    return {static_cast<double>(scene.viewX) + side * ndcX / scale,
-            static_cast<double>(scene.viewY) + ndcY / scale};
+    const double scale = ViewScale(static_cast<double>(scene.zoom));
+    return {static_cast<double>(scene.viewX) + ndcX / scale,
+            static_cast<double>(scene.viewY) + ndcY / std::abs(scale)};
 }
 
 /// Where the point (u, v) of the output's square lies in the source.
@@ -151,6 +149,10 @@ std::optional<Rgba> Predict(const Scene& scene, int x, int y, Size size) {
 }
 
 }  // namespace
+
+double ViewScale(double zoom) {
+    return 1.0 / std::tan(23.5 * kPi / 180.0) / (3.0 - 0.5 * zoom);
+}
 
 void ExpectShows(const Image& drawn, const Scene& scene, int tolerance) {
     const int pixels = drawn.size.width * drawn.size.height;

@@ -3,7 +3,7 @@
 #include "render/VEStickerList.h"
 #include "support/Image.h"
 
-/// What a renderer is expected to draw, worked out pixel by pixel on the CPU.
+/// What a renderer is expected to draw.
 struct Scene {
     const Image* source = nullptr;
     const Image* mask = nullptr;     ///< Null for output mode 0.
@@ -19,6 +19,9 @@ struct Scene {
     const float* sourceMatrix = nullptr;
     Rgba clear = {0, 0, 0, 0};
 };
+
+/// How large the picture is drawn, as a part of the output, negative from behind.
+double ViewScale(double zoom);
 
 /// Expects that \p drawn shows the scene; \p tolerance is per channel. Pixels do not count where
 /// the sample is so close to an edge of a texel, of the picture or of a sticker that rounding may

@@ -38,9 +38,10 @@ Image ReadBack(unsigned texture, Size size) {
 }
 
 RendererHarness::RendererHarness(const VERendererMode& mode, int format) : mode(mode) {
-    EXPECT_EQ(0, VECreateRendererHandleWithFormat(&handle, static_cast<int>(texture), format,
-                                                  &this->mode, nullptr));
-    EXPECT_NE(nullptr, handle);
+    EXPECT_EQ(VECreateRendererHandleWithFormat(&handle, static_cast<int>(texture), format,
+                                               &this->mode, nullptr),
+              0);
+    EXPECT_NE(handle, nullptr);
 }
 
 RendererHarness::~RendererHarness() {
@@ -65,9 +66,10 @@ void RendererHarness::update(const Scene& scene) {
     void* maskPixels = mask.empty() ? nullptr : mask.data();
     const int sticker = scene.sticker == nullptr ? -1 : static_cast<int>(stickerTexture_);
     EXPECT_EQ(
-        0, VEUpdateRendererWithSticker(handle, pixels.data(), static_cast<unsigned>(pixels.size()),
-                                       scene.colorMirror, maskPixels, sticker, stickers));
-    EXPECT_EQ(stickers, scene.stickers);
+        VEUpdateRendererWithSticker(handle, pixels.data(), static_cast<unsigned>(pixels.size()),
+                                    scene.colorMirror, maskPixels, sticker, stickers),
+        0);
+    EXPECT_EQ(scene.stickers, stickers);
 }
 
 void RendererHarness::show(const Scene& scene) {

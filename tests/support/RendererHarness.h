@@ -5,7 +5,7 @@
 #include "support/PictureModel.h"
 #include "support/TestImages.h"
 
-/// A context of its own with unpack and pack alignment 1 and the GL table loaded.
+/// A new context with unpack and pack alignment 1, and the GL table loaded.
 struct TestContext {
     TestContext();
 
@@ -21,7 +21,7 @@ void Fill(unsigned texture, const Image& image);
 /// The texture's pixels as RGBA, first row first. Leaves framebuffer 0 bound.
 Image ReadBack(unsigned texture, Size size);
 
-/// A renderer with a destination texture of its own, in the current context.
+/// A renderer and its destination texture, in the current context.
 class RendererHarness {
 public:
     explicit RendererHarness(const VERendererMode& mode, int format = VE_FORMAT_RGBA);

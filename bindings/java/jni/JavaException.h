@@ -4,7 +4,7 @@
 
 #include <new>
 
-/// Exceptions of Java's for callers of native methods, thrown once the method returns.
+/// Java exceptions for callers of native methods. Java throws them when the method returns.
 
 inline void Throw(JNIEnv* env, const char* className, const char* message) {
     jclass type = env->FindClass(className);
@@ -22,7 +22,7 @@ inline void ThrowIllegalArgument(JNIEnv* env, const char* message) {
     Throw(env, "java/lang/IllegalArgumentException", message);
 }
 
-/// Runs \p action; no C++ exception may pass through the Java machine.
+/// Runs \p action. No C++ exception may leave a native method.
 template <typename Action>
 void WithJavaExceptions(JNIEnv* env, Action action) {
     try {

@@ -39,7 +39,7 @@ jlong AsLong(Peer* peer) {
     return static_cast<jlong>(reinterpret_cast<intptr_t>(peer));
 }
 
-/// Where the bytes of a direct buffer begin; null for no buffer.
+/// The address of a position in a direct buffer; null for no buffer.
 char* Address(JNIEnv* env, jobject buffer, jint position) {
     if (buffer == nullptr) {
         return nullptr;
@@ -47,7 +47,7 @@ char* Address(JNIEnv* env, jobject buffer, jint position) {
     return static_cast<char*>(env->GetDirectBufferAddress(buffer)) + position;
 }
 
-/// Throws where this thread's GL cannot serve a renderer of such a size.
+/// Throws if there is no context or if it has no textures of this size.
 bool CheckGl(JNIEnv* env, const VERendererMode& mode) {
     if (eglGetCurrentContext() == EGL_NO_CONTEXT) {
         ThrowIllegalState(env, "no GL context is current on this thread");
@@ -64,13 +64,13 @@ bool CheckGl(JNIEnv* env, const VERendererMode& mode) {
     return true;
 }
 
-/// A renderer that one of Java's exceptions cut short is taken back. That makes no JNI calls but
-/// those that delete references, which may be made while the exception is pending.
+/// Destroys the renderer again if a Java exception is pending. Of JNI, destruction only deletes
+/// references, which is allowed while an exception is pending.
 jlong CreatePeer(JNIEnv* env, jint texture, jint format, VERendererMode& mode) {
-    JavaVM* machine = nullptr;
-    env->GetJavaVM(&machine);
+    JavaVM* jvm = nullptr;
+    env->GetJavaVM(&jvm);
     auto peer = std::make_unique<Peer>();
-    VECreateRendererHandleWithFormat(&peer->handle, texture, format, &mode, machine);
+    VECreateRendererHandleWithFormat(&peer->handle, texture, format, &mode, jvm);
     if (env->ExceptionCheck() != JNI_FALSE) {
         return 0;
     }
@@ -128,7 +128,7 @@ void Destroy(JNIEnv* /*env*/, jclass /*type*/, jlong renderer) {
     delete &AsPeer(renderer);
 }
 
-/// Android's jni.h has const members here, the JDK's has not.
+/// Members of JNINativeMethod are const in Android's jni.h and not in the JDK's.
 template <typename Function>
 JNINativeMethod Method(const char* name, const char* signature, Function* function) {
     return {const_cast<char*>(name), const_cast<char*>(signature),
@@ -151,9 +151,9 @@ bool RegisterMethods(JNIEnv* env) {
 
 }  // namespace
 
-extern "C" JNIEXPORT jint JNICALL JNI_OnLoad(JavaVM* machine, void* /*reserved*/) {
+extern "C" JNIEXPORT jint JNICALL JNI_OnLoad(JavaVM* jvm, void* /*reserved*/) {
     void* env = nullptr;
-    if (machine->GetEnv(&env, kJniVersion) != JNI_OK ||
+    if (jvm->GetEnv(&env, kJniVersion) != JNI_OK ||
         !RegisterMethods(static_cast<JNIEnv*>(env))) {
         return JNI_ERR;
     }

@@ -2,8 +2,7 @@
 
 #include <GLES3/gl3.h>
 
-/// Rows of pixels are tight, whatever the application's unpack alignment; that comes back at the
-/// end.
+/// Sets the unpack alignment to 1 while it lives, and restores the application's.
 class TightRows {
 public:
     TightRows() {

@@ -41,7 +41,7 @@ av::CodecContext OpenEncoder(const TestStream& stream) {
     if (!stream.profile.empty()) {
         av_opt_set(context->priv_data, "profile", stream.profile.c_str(), 0);
     }
-    const std::string parameters = "b-adapt=0:scenecut=0:slices=" + std::to_string(stream.slices);
+    const std::string parameters = "b-adapt=0:scenecut=0:slices=1";
     av_opt_set(context->priv_data, "x264-params", parameters.c_str(), 0);
     Check(avcodec_open2(context.get(), codec, nullptr), "open");
     return context;

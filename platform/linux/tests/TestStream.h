@@ -33,7 +33,6 @@ struct TestStream {
     AVColorRange range = AVCOL_RANGE_MPEG;
     std::string profile;  ///< Of H.264; empty: chosen by the encoder.
     int bFrames = 0;
-    int slices = 1;
     int keyInterval = 10;
     bool parameterSetsApart = false;
     std::function<Quarters(int index)> picture;

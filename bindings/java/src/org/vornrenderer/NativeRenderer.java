@@ -3,8 +3,8 @@ package org.vornrenderer;
 import java.nio.ByteBuffer;
 
 /**
- * The native part. Nothing is checked here: sizes, threads and lifetime are the caller's, and
- * buffers are direct.
+ * The native part. It checks no arguments; the caller is responsible for sizes, threads, lifetimes
+ * and direct buffers.
  */
 final class NativeRenderer {
     static {
@@ -13,7 +13,7 @@ final class NativeRenderer {
 
     private NativeRenderer() {}
 
-    /** Returns the renderer, never 0; failures are thrown. Mask sizes of 0 are for no mask. */
+    /** Returns the renderer, never 0; throws on failure. A mask size of 0 means no mask. */
     static native long create(
             int texture,
             int destinationFormat,
@@ -32,7 +32,7 @@ final class NativeRenderer {
             int maskPosition,
             boolean mirrored);
 
-    /** Copies the positions. A negative texture is for no stickers. */
+    /** Copies the positions. A negative texture means no stickers. */
     static native void setStickers(long renderer, int texture, int[] positions);
 
     static native void setView(long renderer, float x, float zoom);

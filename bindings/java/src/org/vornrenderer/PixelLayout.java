@@ -22,11 +22,11 @@ public enum PixelLayout {
     }
 
     /**
-     * Bytes that a frame or mask of this layout has.
+     * The size of a frame or mask of this layout.
      *
      * @param width in pixels, 1 or more
      * @param height in pixels, 1 or more
-     * @return the size of a buffer that holds it exactly
+     * @return bytes
      * @throws IllegalArgumentException if a side is not positive, or no buffer can hold so much
      */
     public int bytes(int width, int height) {

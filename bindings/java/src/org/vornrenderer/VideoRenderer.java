@@ -15,28 +15,28 @@ import java.util.Objects;
  * }
  * }</pre>
  *
- * <p><b>Threads.</b> A renderer belongs to the thread that built it, and works in the OpenGL ES 3
- * context that was current there: that context is to be current in every call. Calls from other
- * threads are refused. It has to be closed; nothing else frees what it holds.
+ * <p><b>Threads.</b> A renderer belongs to the thread that built it and to the OpenGL ES 3 context
+ * that was current there. That context must be current in every call. Calls from other threads
+ * throw. Close the renderer; the garbage collector does not free it.
  *
- * <p><b>Buffers</b> are direct. They are read from their position to their limit, during the call
- * only, and neither of the two moves. A frame or a mask has exactly the bytes of its picture left:
- * {@link PixelLayout#bytes}.
+ * <p><b>Buffers</b> are direct. A call reads them from their position to their limit, moves neither
+ * of the two, and does not keep the buffer. A frame or a mask has exactly {@link PixelLayout#bytes}
+ * bytes between the two.
  *
- * <p><b>Latency.</b> Raw frames and masks are uploaded in the background and drawn by the call
- * after the one that was given them; the first call of a renderer (with a mask, the first two) only
- * makes textures and uses nothing. {@link #draw()} draws what was given last. Compressed video
- * shows the newest picture that the decoder has given out.
+ * <p><b>Latency.</b> Raw frames and masks are drawn one call after the call that takes them. The
+ * first call of a renderer only creates a texture, and with a mask the first two calls do; their
+ * frames and masks are not drawn. {@link #draw()} draws the last frame that was taken. Compressed
+ * video shows the newest picture of the decoder.
  *
- * <p><b>Orientation.</b> The first row of a frame becomes the first row of the destination, the one
- * at t = 0.
+ * <p><b>Orientation.</b> The first row of a frame becomes the first row of the destination, at
+ * t = 0.
  *
- * <p><b>GL state.</b> The picture's surroundings are drawn in the clear colour. Blending, scissor,
- * depth and culling are left as they were; the program, the framebuffer, the vertex array and the
- * viewport are not. The C header lists all of it.
+ * <p><b>GL state.</b> The area around the picture gets the clear color. A call restores blending,
+ * scissor, depth and culling. It changes the program, the framebuffer, the vertex array and the
+ * viewport. The C header lists all state.
  */
 public final class VideoRenderer implements AutoCloseable {
-    /** A position of a sticker that is not drawn is this, for x and for y. */
+    /** The x and the y of a sticker that is not drawn. */
     public static final int HIDDEN = -1;
 
     private static final int NO_TEXTURE = -1;
@@ -56,7 +56,7 @@ public final class VideoRenderer implements AutoCloseable {
         renderer = builder.create();
     }
 
-    /** Draws what was given last, or the newest picture of compressed video. */
+    /** Draws the last frame that was taken, or the newest picture of compressed video. */
     public void draw() {
         draw(null, null);
     }
@@ -65,8 +65,8 @@ public final class VideoRenderer implements AutoCloseable {
      * Draws, and takes a raw frame for the next call.
      *
      * @param frame the frame, or null for none
-     * @throws IllegalArgumentException if the frame is not direct or of another size than the
-     *     renderer's, or the renderer is one of compressed video
+     * @throws IllegalArgumentException if the frame is not direct or has another size, or if the
+     *     renderer draws compressed video
      */
     public void draw(ByteBuffer frame) {
         draw(frame, null);
@@ -76,10 +76,10 @@ public final class VideoRenderer implements AutoCloseable {
      * Draws, and takes a raw frame and a mask for the next call.
      *
      * @param frame the frame, or null for none
-     * @param mask the key of each of the picture's pixels, or null for the one given last: black
-     *     gives a fixed colour with alpha 0, anything else the picture with the mask's alpha
-     * @throws IllegalArgumentException if a buffer is not direct or of another size than the
-     *     renderer's, or the renderer has no use for it
+     * @param mask the mask, or null to keep the last one. Black pixels give a fixed color with
+     *     alpha 0, all others give the picture with the mask's alpha
+     * @throws IllegalArgumentException if a buffer is not direct or has another size, or if the
+     *     renderer takes none
      */
     public void draw(ByteBuffer frame, ByteBuffer mask) {
         checkUsable();
@@ -89,13 +89,13 @@ public final class VideoRenderer implements AutoCloseable {
     }
 
     /**
-     * Hands a unit of compressed video to the decoder: an H.264 access unit with start codes, the
-     * parameter sets in front of the first key frame, or one JPEG picture. Units come in decoding
-     * order and at the video's pace: one waits up to 2 ms for the decoder, and is dropped where
-     * that has no room.
+     * Passes a unit of compressed video to the decoder: an H.264 access unit with start codes, or
+     * one JPEG picture. The parameter sets of H.264 come in front of the first key frame. Units come
+     * in decoding order, at the frame rate of the video. A unit waits up to 2 ms for a free input
+     * buffer of the decoder; then it is dropped.
      *
-     * <p>A unit must not be larger than the decoder's input buffers. Their size is the platform's
-     * choice, made from the renderer's width and height, and no one here can know it.
+     * <p>A unit must not be larger than the decoder's input buffers. The platform chooses their size
+     * by the renderer's width and height, and the renderer cannot check it.
      *
      * @param unit the unit; an empty one does nothing
      * @throws IllegalArgumentException if the unit is not direct
@@ -112,8 +112,8 @@ public final class VideoRenderer implements AutoCloseable {
     }
 
     /**
-     * Swaps the picture's left and right, and each sticker's, from the next call of draw on. The
-     * mask and the stickers' positions stay.
+     * Swaps left and right of the picture and of each sticker, from the next call of draw on. The
+     * mask and the positions of the stickers stay.
      *
      * @param mirrored true to swap; false at the start
      */
@@ -125,8 +125,8 @@ public final class VideoRenderer implements AutoCloseable {
     /**
      * Puts stickers over the picture, from the next call of draw on.
      *
-     * <p>A sticker is 5 % of the output's width wide and 10 % of its height high, centred on x, and
-     * ends 10 % of the height before row y; the view moves and scales it with the picture. The
+     * <p>A sticker is 5 % of the output's width wide and 10 % of its height high. It is centered on
+     * x and ends 10 % of the height before row y. The view moves and scales it with the picture. The
      * first row of its texture is nearest to (x, y).
      *
      * @param texture GL name of a complete GL_TEXTURE_2D
@@ -150,8 +150,8 @@ public final class VideoRenderer implements AutoCloseable {
     }
 
     /**
-     * Moves the view, from the next call of draw on. A renderer without a mask keeps its view: give
-     * it a white mask of one pixel to have one that moves.
+     * Moves the view, from the next call of draw on. A renderer without a mask has a fixed view; a
+     * white mask of one pixel makes it movable.
      *
      * @param x of the camera, in half widths of the picture: positive moves the picture to the left
      * @param zoom 2 at the start; 1.4003 fits the picture exactly; the camera passes through the
@@ -196,7 +196,7 @@ public final class VideoRenderer implements AutoCloseable {
         }
     }
 
-    /** Where a frame or mask begins. A position that another thread moves is read once. */
+    /** The position of a frame or mask, read once, as another thread may move it. */
     private static int checkedPosition(ByteBuffer buffer, int bytes, String what) {
         if (buffer == null) {
             return 0;
@@ -245,7 +245,7 @@ public final class VideoRenderer implements AutoCloseable {
          * @param source what the renderer will be given
          * @param width of the frames and of the destination, in pixels; decoded pictures of another
          *     size are stretched
-         * @param height likewise
+         * @param height of the same, in pixels
          * @throws IllegalArgumentException if a side is not positive, or no buffer can hold a frame
          */
         public Builder(VideoSource source, int width, int height) {
@@ -260,7 +260,7 @@ public final class VideoRenderer implements AutoCloseable {
         /**
          * The texture to draw into, in RGBA.
          *
-         * @param texture GL name; the first draw allocates it anew, whatever it held before
+         * @param texture GL name; the first draw allocates its storage, and its contents are lost
          * @return this
          * @throws IllegalArgumentException if the name is not positive
          */
@@ -271,7 +271,7 @@ public final class VideoRenderer implements AutoCloseable {
         /**
          * The texture to draw into.
          *
-         * @param texture GL name; the first draw allocates it anew, whatever it held before
+         * @param texture GL name; the first draw allocates its storage, and its contents are lost
          * @param layout RGB or RGBA
          * @return this
          * @throws IllegalArgumentException if the name is not positive
@@ -287,8 +287,8 @@ public final class VideoRenderer implements AutoCloseable {
          * Keys the picture by a mask, which comes with the calls of draw, and lets the view move.
          *
          * @param layout of the masks
-         * @param width of the masks, which are stretched over the picture
-         * @param height likewise
+         * @param width of the masks in pixels; a mask is stretched over the picture
+         * @param height of the masks in pixels
          * @return this
          * @throws IllegalArgumentException if a side is not positive, or no buffer can hold a mask
          */
@@ -305,7 +305,7 @@ public final class VideoRenderer implements AutoCloseable {
          *
          * @return the renderer, to be closed
          * @throws IllegalStateException if there is no destination or no current context
-         * @throws IllegalArgumentException if this GL has no textures so large
+         * @throws IllegalArgumentException if a side exceeds GL_MAX_TEXTURE_SIZE
          * @throws UnsupportedOperationException if the video is compressed and the Java platform
          *     lacks Android's classes for it
          */
@@ -331,7 +331,7 @@ public final class VideoRenderer implements AutoCloseable {
                     maskHeight);
         }
 
-        /** The native code takes these classes for granted. */
+        /** The native code does not check that these classes exist. */
         private static void checkPlatform() {
             try {
                 Class.forName("android.graphics.SurfaceTexture");

@@ -23,7 +23,7 @@ public enum VideoSource {
     }
 
     /**
-     * Whether the platform's decoder stands between the units and the picture.
+     * Whether the platform's decoder decodes the video.
      *
      * @return true for compressed video, false for raw frames
      */

@@ -65,18 +65,6 @@ public class DrawTest extends GlTest {
     }
 
     @Test
-    public void aCallDrawsTheFrameOfTheCallBefore() {
-        try (VideoRenderer renderer = builder(VideoSource.RGBA, WIDTH, HEIGHT).build()) {
-            renderer.draw();
-            renderer.draw(frame(PixelLayout.RGBA));
-            renderer.draw(flat(PixelLayout.RGBA, WIDTH, HEIGHT, Color.RED));
-            assertHalves(LEFT, RIGHT);
-            renderer.draw();
-            assertHalves(Color.RED, Color.RED);
-        }
-    }
-
-    @Test
     public void masksOfBothLayoutsKeyAndTheViewMoves() {
         Color background = Color.GREEN;
         gl.setClearColor(0, 1, 0, 1);

@@ -9,7 +9,7 @@ public final class Bitmap {
 
     public static native Bitmap createBitmap(int width, int height, Config config);
 
-    public native void eraseColor(int colour);
+    public native void eraseColor(int color);
 
     public native void recycle();
 }

@@ -9,7 +9,7 @@ public class Paint {
 
     public Paint(int flags) {}
 
-    public native void setColor(int colour);
+    public native void setColor(int color);
 
     public native void setStyle(Style style);
 

@@ -1,4 +1,4 @@
-# Stands in for the NDK's toolchain file of this name, with this machine's clang, libc++,
+# Replaces the NDK's toolchain file, with this machine's clang, libc++,
 # headers and libraries. STUB_LIBRARIES and STUB_HEADERS, in the environment, are folders of what Android has.
 set(CMAKE_SYSTEM_NAME Android)
 set(CMAKE_SYSTEM_VERSION 1)  # As the NDK's does: CMake's own knowledge of the NDK stays out of it.

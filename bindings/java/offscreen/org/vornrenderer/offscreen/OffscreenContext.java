@@ -4,8 +4,8 @@ import java.awt.image.BufferedImage;
 import java.nio.ByteBuffer;
 
 /**
- * An OpenGL ES 3 context without a window, for tests and tools on the desktop: current on the
- * thread that made it until it is closed, on that same thread.
+ * An OpenGL ES 3 context without a window, for tests and tools on the desktop. It is current on the
+ * thread that created it until that thread closes it.
  *
  * <p>Pixels are RGBA in direct buffers, first row first.
  */
@@ -21,7 +21,7 @@ public final class OffscreenContext implements AutoCloseable {
     /**
      * Makes a context and makes it current.
      *
-     * @throws IllegalStateException where there is no GL
+     * @throws IllegalStateException if there is no GL
      */
     public OffscreenContext() {}
 
@@ -43,12 +43,12 @@ public final class OffscreenContext implements AutoCloseable {
     public native int newTexture();
 
     /**
-     * Fills a texture, which is then sampled without smoothing.
+     * Fills a texture and sets its filters to nearest.
      *
      * @param texture GL name
      * @param width in pixels
      * @param height in pixels
-     * @param pixels as many as the texture has, from the buffer's start
+     * @param pixels of the whole texture, from the start of the buffer
      */
     public void fill(int texture, int width, int height, ByteBuffer pixels) {
         if (!pixels.isDirect() || pixels.capacity() < width * height * BYTES_PER_PIXEL) {
@@ -77,7 +77,7 @@ public final class OffscreenContext implements AutoCloseable {
      * @param texture GL name
      * @param width in pixels
      * @param height in pixels
-     * @return its pixels, alpha among them, the first row at the top
+     * @return its pixels with alpha, the first row at the top
      */
     public BufferedImage readImage(int texture, int width, int height) {
         ByteBuffer rgba = read(texture, width, height);
@@ -90,7 +90,7 @@ public final class OffscreenContext implements AutoCloseable {
     }
 
     /**
-     * Sets the colour that pictures are drawn on.
+     * Sets the clear color.
      *
      * @param red 0 to 1
      * @param green 0 to 1
@@ -107,9 +107,9 @@ public final class OffscreenContext implements AutoCloseable {
     public native void setUnpackAlignment(int bytes);
 
     /**
-     * Tells GL_UNPACK_ALIGNMENT.
+     * Returns GL_UNPACK_ALIGNMENT.
      *
-     * @return bytes
+     * @return 1, 2, 4 or 8
      */
     public native int getUnpackAlignment();
 

@@ -6,7 +6,7 @@ import android.view.MotionEvent;
 import android.view.ScaleGestureDetector;
 import android.view.View;
 
-/** Hands the fingers' doings to the player, on the GL thread. */
+/** Passes gestures to the player, on the GL thread. */
 final class Gestures implements View.OnTouchListener {
     private final GestureDetector moves;
     private final ScaleGestureDetector pinches;

@@ -13,9 +13,9 @@ import org.vornrenderer.PixelLayout;
 import org.vornrenderer.VideoRenderer;
 import org.vornrenderer.VideoSource;
 
-/** Plays a file on the screen. All of it but the constructor belongs to the GL thread. */
+/** Plays a file on the screen. All methods run on the GL thread. */
 final class Player implements GLSurfaceView.Renderer {
-    /** A mask that keys nothing: the view of a renderer with a mask can be moved. */
+    /** A mask that hides nothing. Only a renderer with a mask has a view that moves. */
     private final ByteBuffer white =
             ByteBuffer.allocateDirect(3).put(0, (byte) 255).put(1, (byte) 255).put(2, (byte) 255);
 
@@ -27,7 +27,7 @@ final class Player implements GLSurfaceView.Renderer {
     private Uri file;
     private long positionUs;
 
-    // While a file is shown:
+    // Not null while a file is shown.
     private UnitFeed feed;
     private VideoRenderer renderer;
     private Stage stage;
@@ -40,7 +40,7 @@ final class Player implements GLSurfaceView.Renderer {
         this.unplayable = unplayable;
     }
 
-    /** A new context. What was made in one before is gone, but for the decoder. */
+    /** The context is new. Objects of the old one are gone; the decoder must still be closed. */
     @Override
     public void onSurfaceCreated(GL10 gl, EGLConfig config) {
         close();
@@ -102,7 +102,7 @@ final class Player implements GLSurfaceView.Renderer {
         renderer.setStickers(stage.sticker(), stickers);
     }
 
-    /** Frees all; the file goes on from here with the next frame, if there is one. */
+    /** Frees everything. The next frame opens the file again at the same position. */
     void close() {
         if (renderer == null) {
             return;

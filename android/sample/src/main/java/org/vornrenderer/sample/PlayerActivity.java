@@ -7,7 +7,7 @@ import android.os.Bundle;
 import android.widget.Switch;
 import android.widget.Toast;
 
-/** Plays a file of the user's: drag moves it, pinch zooms, tap puts a sticker. */
+/** Plays a file that the user picks. Drag moves it, pinch zooms, tap puts a sticker. */
 public final class PlayerActivity extends Activity {
     private static final int PICK_VIDEO = 1;
 
@@ -35,7 +35,7 @@ public final class PlayerActivity extends Activity {
         picture.onResume();
     }
 
-    /** The event is done before the GL thread pauses, with its context still current. */
+    /** The GL thread runs the event before it pauses, while its context is current. */
     @Override
     protected void onPause() {
         picture.queueEvent(player::close);

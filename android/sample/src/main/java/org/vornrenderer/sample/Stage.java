@@ -8,8 +8,8 @@ import android.opengl.GLES30;
 import android.opengl.GLUtils;
 
 /**
- * The GL objects around a renderer: its destination, a sticker, and the way to the screen. Made and
- * closed with the renderer, whose end may take framebuffers of others with it.
+ * The GL objects around a renderer: its destination, a sticker, and a framebuffer to copy to the
+ * screen. Made and closed with the renderer, as the end of a renderer may delete framebuffers.
  */
 final class Stage {
     private static final int STICKER_SIZE = 64;
@@ -19,7 +19,7 @@ final class Stage {
     private final int[] textures = new int[2];
     private final int[] framebuffer = new int[1];
 
-    // Where the picture is on the screen, in pixels from the top left.
+    // The place of the picture on the screen, in pixels from the top left.
     private int left;
     private int top;
     private int shownWidth = 1;
@@ -53,7 +53,7 @@ final class Stage {
         return (y - top) / shownHeight;
     }
 
-    /** Shows the picture as large as the screen allows. Its first row is the highest. */
+    /** Shows the picture as large as the screen allows, its first row at the top. */
     void show(int screenWidth, int screenHeight) {
         fit(screenWidth, screenHeight);
         GLES30.glBindFramebuffer(GLES30.GL_DRAW_FRAMEBUFFER, 0);
@@ -95,7 +95,7 @@ final class Stage {
         top = (screenHeight - shownHeight) / 2;
     }
 
-    /** A ring, the same upside down: stickers come with their first row nearest to the anchor. */
+    /** A ring, which looks the same upside down: stickers begin at their anchor. */
     private void fillSticker() {
         Bitmap bitmap = Bitmap.createBitmap(STICKER_SIZE, STICKER_SIZE, Bitmap.Config.ARGB_8888);
         bitmap.eraseColor(Color.WHITE);

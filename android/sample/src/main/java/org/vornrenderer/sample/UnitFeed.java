@@ -9,7 +9,7 @@ import java.nio.Buffer;
 import java.nio.ByteBuffer;
 import org.vornrenderer.VideoRenderer;
 
-/** Hands the H.264 units of a file to a renderer at the file's pace, over and over. */
+/** Passes the access units of a file to a renderer at the file's frame rate, in a loop. */
 final class UnitFeed {
     private static final int DEFAULT_FRAME_RATE = 30;
     private static final long SECOND_NS = 1_000_000_000L;
@@ -22,10 +22,10 @@ final class UnitFeed {
     private long dueNs = System.nanoTime();
 
     /**
-     * Opens a file, at the key picture before a time.
+     * Opens a file at the key frame before a time.
      *
-     * @throws IOException where it cannot be read
-     * @throws IllegalArgumentException where there is no H.264 in it
+     * @throws IOException if it cannot be read
+     * @throws IllegalArgumentException if it has no H.264 video
      */
     UnitFeed(Context context, Uri file, long fromUs) throws IOException {
         try {
@@ -52,7 +52,7 @@ final class UnitFeed {
         return Math.max(0, extractor.getSampleTime());
     }
 
-    /** Hands over the unit that is due, if one is. After a pause the missed time is not made up. */
+    /** Passes on the unit that is due, if any. After a pause it does not catch up. */
     void feed(VideoRenderer renderer) {
         long now = System.nanoTime();
         if (now < dueNs) {
@@ -86,7 +86,7 @@ final class UnitFeed {
         return format.containsKey(key) ? format.getInteger(key) : otherwise;
     }
 
-    /** For the largest unit, and the parameter sets before the first. */
+    /** The size of the largest unit and of the parameter sets. */
     private int capacity() {
         int bytes = number(MediaFormat.KEY_MAX_INPUT_SIZE, width() * height() * 3 / 2);
         for (String key : new String[] {"csd-0", "csd-1"}) {
@@ -96,7 +96,7 @@ final class UnitFeed {
         return bytes;
     }
 
-    /** The very first unit has the parameter sets in front. */
+    /** Reads a unit. The first one gets the parameter sets in front. */
     private boolean readUnit() {
         Buffer bounds = unit; // Its methods are the same on all versions of Android.
         bounds.clear();

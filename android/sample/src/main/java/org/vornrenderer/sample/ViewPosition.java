@@ -1,10 +1,10 @@
 package org.vornrenderer.sample;
 
 /**
- * Where the camera stands, and where a point of the output lies in the picture.
+ * The position of the camera. Converts points of the output to points of the picture.
  *
- * <p>The picture is the square from -1 to 1, and is seen at the size {@link #scale} against the
- * output. Parts of the output run from 0 to 1, from its first column and row.
+ * <p>The picture is the square from -1 to 1. Relative to the output it has the size {@link #scale}.
+ * Points of the output run from 0 to 1, from its first column and row.
  */
 final class ViewPosition {
     private static final float FIT = 1.4003148F;
@@ -12,7 +12,7 @@ final class ViewPosition {
     private static final float NEAREST = 0.5F;
     private static final float FARTHEST = 3;
 
-    /** From its anchor to a sticker's middle, in the square's units. */
+    /** From the anchor to the middle of a sticker, in the square's units. */
     private static final float STICKER_OFFSET = 0.3F;
 
     private float x;
@@ -26,7 +26,7 @@ final class ViewPosition {
         return 2 * (3 - distance);
     }
 
-    /** Moves the picture to the right by a part of the output's width. */
+    /** Moves the picture to the right by this part of the output's width. */
     void drag(float part) {
         x = clamp(x - 2 * part / scale(), -1, 1);
     }
@@ -35,12 +35,12 @@ final class ViewPosition {
         distance = clamp(distance / factor, NEAREST, FARTHEST);
     }
 
-    /** Anchor of a sticker whose middle is seen at a part of the output's width. */
+    /** The anchor of a sticker whose middle is at this part of the output's width. */
     int anchorX(float part, int width) {
         return Math.round((x + seen(part) + 1) / 2 * width);
     }
 
-    /** Likewise of the height. */
+    /** The anchor of a sticker whose middle is at this part of the output's height. */
     int anchorY(float part, int height) {
         return Math.round((seen(part) + STICKER_OFFSET + 1) / 2 * height);
     }
