@@ -1,13 +1,10 @@
 #include "GLNames.h"
 
-#include <cassert>
-
 #include "gl/GLES3.h"
 
 GLNames::~GLNames() {
-    while (count_ > 0) {
-        const Entry& last = entries_[--count_];
-        last.remove(last.name);
+    for (; !entries_.empty(); entries_.pop_back()) {
+        entries_.back().remove(entries_.back().name);
     }
 }
 
@@ -40,7 +37,6 @@ void GLNames::keepProgram(uint32_t program) {
 }
 
 uint32_t GLNames::keep(uint32_t name, Delete remove) {
-    assert(count_ < kMost);
-    entries_[count_++] = {remove, name};
+    entries_.push_back({remove, name});
     return name;
 }

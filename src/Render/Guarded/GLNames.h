@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 /// All GL names of a renderer. They are deleted together, or forgotten together after the context
 /// was lost.
@@ -9,7 +10,7 @@
 /// \thread the GL thread.
 class GLNames {
 public:
-    GLNames() = default;
+    GLNames() { entries_.reserve(kMost); }
     ~GLNames();
     GLNames(const GLNames&) = delete;
     GLNames& operator=(const GLNames&) = delete;
@@ -22,7 +23,7 @@ public:
     void keepProgram(uint32_t program);
 
     /// No name is deleted any more.
-    void forget() { count_ = 0; }
+    void forget() { entries_.clear(); }
 
 private:
     using Delete = void (*)(uint32_t name);
@@ -33,9 +34,8 @@ private:
 
     uint32_t keep(uint32_t name, Delete remove);
 
-    /// A texture and two buffers for the frames, likewise for the mask; two meshes of a buffer and
-    /// a vertex array; a framebuffer; three programs.
+    /// With so many, keeping one cannot fail. A texture and two buffers for the frames, likewise
+    /// for the mask; two meshes of a buffer and a vertex array; a framebuffer; three programs.
     static constexpr size_t kMost = 6 + 4 + 1 + 3;
-    Entry entries_[kMost] = {};
-    size_t count_ = 0;
+    std::vector<Entry> entries_;
 };
