@@ -76,7 +76,8 @@
 ///                           GL_RASTERIZER_DISCARD
 ///     all channels          the color mask, of the same draw buffers
 ///     other                 active unit 0; viewport (0, 0, output width, output height);
-///                           GL_UNPACK_ALIGNMENT 1, other GL_UNPACK_* 0 if pixels were given
+///                           if pixels were given, GL_UNPACK_ALIGNMENT 1, and row length, skipped
+///                           rows and skipped pixels 0
 ///
 /// VECreateRenderer and VECloseRenderer always give back all bindings. Creation reads and clears
 /// the error flags; draws do not touch them. GL itself cannot give back: a program or texture that

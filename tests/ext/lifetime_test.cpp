@@ -64,7 +64,7 @@ TEST_F(ExtLifetime, AfterTheContextWasLostNoGlCallIsMade) {
     EXPECT_TRUE(GlRecorder::take().empty());
 }
 
-TEST_F(ExtLifetime, StorageThatCannotChangeIsUsedAsItIs) {
+TEST_F(ExtLifetime, AFrameFitsPixelByPixelAlsoStorageThatCannotChange) {
     VERendererOptions options = decoratedOptions();
     glBindTexture(GL_TEXTURE_2D, options.outputTexture);
     glTexStorage2D(GL_TEXTURE_2D, 1, GL_RGBA8, 8, 8);

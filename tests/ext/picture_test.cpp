@@ -74,22 +74,6 @@ TEST_F(ExtPicture, TheFirstRowTurnedByAQuarterBecomesTheLastColumn) {
     EXPECT_EQ(frame.Pixel(5, 23), turned.Pixel(0, 5));
 }
 
-TEST_F(ExtPicture, FitsPixelByPixelWithoutAView) {
-    for (const Image* image : {&frame, &rgbFrame}) {
-        VERendererOptions options = OptionsOf(image == &frame ? VE_SOURCE_RGBA : VE_SOURCE_RGB,
-                                              image->size.width, image->size.height);
-        options.drawAtOnce = true;
-        ExtRenderer renderer(options);
-        renderer.drawFrame(image);
-        const Image drawn = renderer.readBack();
-        for (int y = 0; y < drawn.size.height; ++y) {
-            for (int x = 0; x < drawn.size.width; ++x) {
-                ASSERT_EQ(image->Pixel(x, y), drawn.Pixel(x, y));
-            }
-        }
-    }
-}
-
 TEST_F(ExtPicture, TheSourceMatrixCropsAndTurnsThePictureOnly) {
     // A flip and a crop, as of a padded picture; the same turned; the texture's own orientation.
     const float crop[16] = {0.75F, 0, 0, 0, 0, -0.8F, 0, 0, 0, 0, 1, 0, 0.1F, 0.9F, 0, 1};
