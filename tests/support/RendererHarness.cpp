@@ -38,9 +38,12 @@ Image ReadBack(unsigned texture, Size size) {
 }
 
 RendererHarness::RendererHarness(const VERendererMode& mode, int format) : mode(mode) {
-    EXPECT_EQ(VECreateRendererHandleWithFormat(&handle, static_cast<int>(texture), format,
-                                               &this->mode, nullptr),
-              0);
+    const int name = static_cast<int>(texture);
+    const int result =
+        format == VE_FORMAT_RGBA
+            ? VECreateRendererHandle(&handle, name, &this->mode, nullptr)
+            : VECreateRendererHandleWithFormat(&handle, name, format, &this->mode, nullptr);
+    EXPECT_EQ(result, 0);
     EXPECT_NE(handle, nullptr);
 }
 
