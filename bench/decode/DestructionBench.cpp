@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <functional>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -27,21 +26,17 @@ constexpr int kRounds = 20;
 /// What the decoder does when its renderer ends.
 struct Case {
     const char* name;
-    HostBehavior behavior;
     size_t units;  ///< Queued before.
+    int64_t outputDelayUs;
+    uint32_t failing;
 };
 
-Case Failing(const char* name, uint32_t calls) {
-    HostBehavior behavior = {};
-    behavior.failing = calls;
-    return {name, behavior, 0};
-}
-
-Case Delayed(const char* name, int64_t delayUs) {
-    HostBehavior behavior = {};
-    behavior.outputDelayUs = delayUs;
-    return {name, behavior, kUnits};
-}
+constexpr Case kCases[] = {{"waiting", 0, 0, 0},
+                           {"decoding", kUnits, 0, 0},
+                           {"calls of 10 ms", kUnits, 10'000, 0},
+                           {"calls of 1 s", kUnits, 1'000'000, 0},
+                           {"failing", 0, 0, HOST_CALL_DEQUEUE_OUTPUT},
+                           {"no decoder", 0, 0, HOST_CALL_CREATE}};
 
 /// A renderer with units in its decoder.
 class Life {
@@ -53,6 +48,8 @@ public:
 
 class SevenFunctionsLife : public Life {
 public:
+    static constexpr const char* kHeader = "VERenderer.h";
+
     explicit SevenFunctionsLife(unsigned texture) {
         VERendererMode mode = {VE_OUTPUT_PICTURE, VE_MODE_H264, kWidth, kHeight, 0, 0, 0};
         VECreateRendererHandle(&handle_, static_cast<int>(texture), &mode, Jvm());
@@ -68,6 +65,8 @@ private:
 
 class GuardedLife : public Life {
 public:
+    static constexpr const char* kHeader = "VERendererExt.h";
+
     explicit GuardedLife(unsigned texture) {
         VERendererOptions options = VEMakeRendererOptions();
         options.source = VE_SOURCE_H264;
@@ -95,7 +94,10 @@ private:
 
 template <class AnyLife>
 double EndSeconds(const Case& scene, const Clip& clip, unsigned texture) {
-    HostDecoder_setBehavior(nullptr, &scene.behavior);
+    HostBehavior behavior = {};
+    behavior.failing = scene.failing;
+    behavior.outputDelayUs = scene.outputDelayUs;
+    HostDecoder_setBehavior(nullptr, &behavior);
     AnyLife life(texture);
     for (size_t i = 0; i < scene.units; ++i) {
         life.queue(*clip.units[i]);
@@ -107,7 +109,8 @@ double EndSeconds(const Case& scene, const Clip& clip, unsigned texture) {
 }
 
 template <class AnyLife>
-void Measure(benchmark::State& state, const std::string& label, const Case& scene) {
+void Destruction(benchmark::State& state) {
+    const Case& scene = kCases[state.range(0)];
     const OffscreenContext context;
     const Clip clip = GenerateClip(kWidth, kHeight, kUnits);
     unsigned texture = 0;
@@ -120,31 +123,14 @@ void Measure(benchmark::State& state, const std::string& label, const Case& scen
     std::sort(seconds.begin(), seconds.end());
     state.counters["median ms"] = 1000 * seconds[seconds.size() / 2];
     state.counters["longest ms"] = 1000 * seconds.back();
-    state.SetLabel(label + ", " + scene.name);
+    state.SetLabel(std::string(AnyLife::kHeader) + ", " + scene.name);
 }
 
-template <class AnyLife>
-void Register(const std::string& label, const std::vector<Case>& scenes) {
-    for (const Case& scene : scenes) {
-        benchmark::RegisterBenchmark(
-            ("Destruction/" + label + "/" + scene.name).c_str(),
-            [label, scene](benchmark::State& state) { Measure<AnyLife>(state, label, scene); })
-            ->Iterations(kRounds)
-            ->UseManualTime()
-            ->Unit(benchmark::kMillisecond);
-    }
+void Configure(benchmark::internal::Benchmark* destruction) {
+    destruction->Iterations(kRounds)->UseManualTime()->Unit(benchmark::kMillisecond);
 }
 
-const int registered = [] {
-    std::vector<Case> scenes = {{"waiting", {}, 0},
-                                {"decoding", {}, kUnits},
-                                Delayed("calls of 10 ms", 10'000),
-                                Delayed("calls of 1 s", 1'000'000),
-                                Failing("failing", HOST_CALL_DEQUEUE_OUTPUT)};
-    Register<GuardedLife>("VERendererExt.h", scenes);
-    scenes.push_back(Failing("no decoder", HOST_CALL_CREATE));
-    Register<SevenFunctionsLife>("VERenderer.h", scenes);
-    return 0;
-}();
+BENCHMARK_TEMPLATE(Destruction, SevenFunctionsLife)->DenseRange(0, 5)->Apply(Configure);
+BENCHMARK_TEMPLATE(Destruction, GuardedLife)->DenseRange(0, 4)->Apply(Configure);
 
 }  // namespace

@@ -116,7 +116,9 @@ public:
 
 class Decoder : public DecodeTest {
 protected:
-    ~Decoder() override { HostPlatform_setStrict(getenv("LINUX_PLATFORM_STRICT") != nullptr); }
+    ~Decoder() override {
+        HostPlatform_setStrict(getenv("LINUX_PLATFORM_STRICT") != nullptr ? 1 : 0);
+    }
 
     std::vector<TestUnit> units_ = Encode(GrayStream(), kPictures);
 };
@@ -141,7 +143,7 @@ TEST_F(Decoder, ShowsAllPicturesInOrderWithTheirTimesAndSeesTheEnd) {
     for (int i = 0; i < kPictures; ++i) {
         const auto index = static_cast<size_t>(i);
         EXPECT_EQ(renderer.times[index], i * kFrameTimeUs);
-        EXPECT_NEAR(renderer.levels[index], (30 + 10 * i - 16) * 255 / 219, 3) << "picture " << i;
+        EXPECT_NEAR(renderer.levels[index], (30 + 10 * i - 16) * 255 / 219.0, 3) << "picture " << i;
     }
     EXPECT_FALSE(renderer.draw().newPicture);
     EXPECT_EQ(renderer.draw().ptsUs, (kPictures - 1) * kFrameTimeUs);

@@ -182,17 +182,17 @@ media_status_t AMediaFormat_delete(AMediaFormat*) {
     return AMEDIA_OK;
 }
 
-bool AMediaFormat_getInt32(AMediaFormat*, const char*, int32_t* value) {
-    *value = Platform().pictureSide;
+bool AMediaFormat_getInt32(AMediaFormat*, const char*, int32_t* out) {
+    *out = Platform().pictureSide;
     return true;
 }
 
-void AMediaFormat_setInt32(AMediaFormat*, const char* key, int32_t value) {
-    Platform().note(std::string("AMediaFormat_setInt32 ") + key + " " + std::to_string(value));
+void AMediaFormat_setInt32(AMediaFormat*, const char* name, int32_t value) {
+    Platform().note(std::string("AMediaFormat_setInt32 ") + name + " " + std::to_string(value));
 }
 
-void AMediaFormat_setString(AMediaFormat*, const char* key, const char* value) {
-    Platform().note(std::string("AMediaFormat_setString ") + key + " " + value);
+void AMediaFormat_setString(AMediaFormat*, const char* name, const char* value) {
+    Platform().note(std::string("AMediaFormat_setString ") + name + " " + value);
 }
 
 AMediaCodec* AMediaCodec_createDecoderByType(const char* type) {

@@ -155,6 +155,7 @@ void RunInOrder(std::vector<size_t>& order) {
     conductor.conduct(order);
     decoder.join();
     owner.join();
+    turns = nullptr;
     EXPECT_EQ(destruction.deletions(), 1);
 }
 

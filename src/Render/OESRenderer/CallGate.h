@@ -16,23 +16,23 @@ public:
     /// \return whether the use may begin; not after close().
     bool enter() {
         unsigned open = 0;
-        return state_.compare_exchange_strong(open, kInCall);
+        return state.compare_exchange_strong(open, kInCall);
     }
     /// \return whether the object was handed over: the user deletes it.
-    [[nodiscard]] bool leave() { return (state_.fetch_and(~kInCall) & kHandedOver) != 0; }
+    [[nodiscard]] bool leave() { return (state.fetch_and(~kInCall) & kHandedOver) != 0; }
     /// \}
 
     /// \name The closer's thread
     /// \{
     /// No use begins from now on.
-    void close() { state_.fetch_or(kClosed); }
+    void close() { state.fetch_or(kClosed); }
     /// Ends close().
-    void open() { state_.fetch_and(~kClosed); }
-    bool inCall() const { return (state_.load() & kInCall) != 0; }
+    void open() { state.fetch_and(~kClosed); }
+    bool inCall() const { return (state.load() & kInCall) != 0; }
     /// After close(). \return false when the user has left: the closer deletes the object.
     [[nodiscard]] bool handOver() {
         unsigned busy = kClosed | kInCall;
-        return state_.compare_exchange_strong(busy, kClosed | kInCall | kHandedOver);
+        return state.compare_exchange_strong(busy, kClosed | kInCall | kHandedOver);
     }
     /// \}
 
@@ -41,7 +41,7 @@ private:
     static constexpr unsigned kClosed = 2;
     static constexpr unsigned kHandedOver = 4;
 
-    Atomic<unsigned> state_{0};
+    Atomic<unsigned> state{0};
 };
 
 using CallGate = BasicCallGate<>;

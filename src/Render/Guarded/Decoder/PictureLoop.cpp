@@ -19,7 +19,7 @@ PictureLoop::PictureLoop(Codec started, const DecoderSettings& settings)
 
 void PictureLoop::run() {
     while (!stopped_ && status_.result() == VE_OK) {
-        if (!step()) {
+        if (!step() && !stopped_) {
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
     }
@@ -69,7 +69,7 @@ bool PictureLoop::handOn(size_t index, const AMediaCodecBufferInfo& info, unsign
             return AMEDIA_OK;  // The flush took the buffer back.
         }
         return isPicture ? AMediaCodec_releaseOutputBufferAtTime(
-                               codec, index, PictureStamp::Make(info.presentationTimeUs, number))
+                               codec, index, picture_stamp::Make(info.presentationTimeUs, number))
                          : AMediaCodec_releaseOutputBuffer(codec, index, false);
     });
     if (stopped_ || flushes != flushes_) {
@@ -102,5 +102,5 @@ media_status_t PictureLoop::flush(std::chrono::milliseconds wait) {
 }
 
 bool PictureLoop::isCurrent(int64_t stamp) const {
-    return PictureStamp::Number(stamp, pictures_) >= firstCurrent_;
+    return picture_stamp::Number(stamp, pictures_) >= firstCurrent_;
 }

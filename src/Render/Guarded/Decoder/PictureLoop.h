@@ -5,9 +5,9 @@
 #include <atomic>
 #include <memory>
 
-#include "../../OESRenderer/SharedCodec.h"
 #include "../DecoderSource.h"
 #include "DecoderStatus.h"
+#include "src/Render/OESRenderer/SharedCodec.h"
 
 struct CodecDelete {
     void operator()(AMediaCodec* codec) const { AMediaCodec_delete(codec); }

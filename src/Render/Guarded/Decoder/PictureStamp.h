@@ -5,7 +5,7 @@
 /// The time stamp under which a picture travels through the surface texture, in nanoseconds: the
 /// presentation time in microseconds, and in the three digits below it the picture's number. The
 /// number tells pictures of the same time apart, and those before and after a flush.
-namespace PictureStamp {
+namespace picture_stamp {
 
 constexpr int64_t kNumbers = 1000;
 
@@ -32,4 +32,4 @@ constexpr uint64_t Number(int64_t stamp, uint64_t newest) {
     return newest - static_cast<uint64_t>(age);
 }
 
-}  // namespace PictureStamp
+}  // namespace picture_stamp

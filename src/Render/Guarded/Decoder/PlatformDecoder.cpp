@@ -106,7 +106,7 @@ VEResult PlatformDecoder::tryQueue(const VEUnit& unit) {
     if (status().result() != VE_OK) {
         return status().result();
     }
-    if (ended_ || unit.ptsUs > PictureStamp::kMostUs || unit.ptsUs < -PictureStamp::kMostUs) {
+    if (ended_ || unit.ptsUs > picture_stamp::kMostUs || unit.ptsUs < -picture_stamp::kMostUs) {
         return VE_ERROR_ARGUMENT;
     }
     const VEResult result = takeInput(unit.waitUs);
@@ -171,7 +171,7 @@ VEResult PlatformDecoder::latch(LatchedPicture& picture) {
              before = latched_) {
             if (loop_->isCurrent(latched_)) {
                 surface_->matrix(picture.matrix);
-                picture.ptsUs = PictureStamp::PtsUs(latched_);
+                picture.ptsUs = picture_stamp::PtsUs(latched_);
                 picture.isNew = true;
                 picture.isOutdated = false;
                 return VE_OK;
