@@ -15,14 +15,20 @@ struct Pixels {
     uint8_t* rgba = nullptr;
 };
 
+/// An access unit of compressed video.
+struct Unit {
+    std::vector<uint8_t> bytes;
+    int64_t ptsUs = 0;  ///< Presentation time of its picture, in microseconds.
+};
+
 /// An OpenGL ES 3 context is current.
 struct Scene {
     int texture = 0;  ///< The destination: a new name from glGenTextures.
     Pixels frame;     ///< A frame of a video.
     Pixels sticker;   ///< A small picture.
 
-    JavaVM* javaVM = nullptr;                ///< For compressed video only.
-    std::vector<std::vector<uint8_t>> clip;  ///< H.264 access units that show the frame.
+    JavaVM* javaVM = nullptr;  ///< For compressed video only.
+    std::vector<Unit> clip;    ///< H.264 access units that show the frame.
 };
 
 /// Each page defines this function.

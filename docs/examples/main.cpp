@@ -4,6 +4,7 @@
 #include <linux_platform/Host.h>
 
 #include <array>
+#include <cmath>
 #include <iostream>
 #include <string>
 
@@ -49,12 +50,13 @@ JavaVM* StartJava() {
     return machine;
 }
 
-std::vector<std::vector<uint8_t>> ReadUnits(const std::string& path) {
+std::vector<Unit> ReadUnits(const std::string& path) {
     VideoFile file(path);
     UnitReader reader(file);
-    std::vector<std::vector<uint8_t>> units;
+    std::vector<Unit> units;
     while (const AVPacket* unit = reader.Next()) {
-        units.emplace_back(unit->data, unit->data + unit->size);
+        const double seconds = file.SecondsOf(unit->pts);
+        units.push_back({{unit->data, unit->data + unit->size}, std::llround(seconds * 1e6)});
     }
     return units;
 }
