@@ -1,130 +1,174 @@
 // The native methods of org.vornrenderer.NativeRenderer, whose callers have checked the arguments.
+// Those that can fail return a VEResult.
 
 #include <EGL/egl.h>
 #include <jni.h>
 
-#include <algorithm>
 #include <array>
 #include <memory>
-#include <string>
+#include <new>
 #include <vector>
 
-#include "JavaException.h"
-#include "TightRows.h"
-#include "render/VERenderer.h"
+#include "render/VERendererExt.h"
 
 namespace {
 
 constexpr char kClassName[] = "org/vornrenderer/NativeRenderer";
 constexpr jint kJniVersion = JNI_VERSION_1_6;
 
-/// A renderer and what is kept for its next draw.
+/// A renderer and what is kept between its draws.
 struct Peer {
     Peer() = default;
-    ~Peer() { VEDestroyRenderer(handle); }
+    /// Without a context, GL calls would crash.
+    ~Peer() {
+        const bool noGL = contextLost || eglGetCurrentContext() == EGL_NO_CONTEXT;
+        VECloseRenderer(renderer, noGL ? VE_CONTEXT_LOST : VE_CONTEXT_CURRENT);
+    }
     Peer(const Peer&) = delete;
     Peer& operator=(const Peer&) = delete;
 
-    void* handle = nullptr;
-    int stickerTexture = -1;
-    VEStickerList stickers;
-    std::vector<jint> positions;  ///< As Java gave them; kept for its memory.
+    VERenderer* renderer = nullptr;
+    bool contextLost = false;
+    uint32_t stickerTexture = 0;
+    std::vector<jint> stickers;  ///< Pairs x, y.
+    int64_t pictureTimeUs = VE_NO_TIME;
 };
 
-Peer& AsPeer(jlong renderer) {
-    return *reinterpret_cast<Peer*>(static_cast<intptr_t>(renderer));
+Peer& AsPeer(jlong peer) {
+    return *reinterpret_cast<Peer*>(static_cast<intptr_t>(peer));
 }
 
-jlong AsLong(Peer* peer) {
-    return static_cast<jlong>(reinterpret_cast<intptr_t>(peer));
-}
-
-/// The address of a position in a direct buffer; null for no buffer.
-char* Address(JNIEnv* env, jobject buffer, jint position) {
+/// Takes the address of a position in a direct buffer; null for no buffer.
+/// \return false if the VM gives no address.
+bool TakeAddress(JNIEnv* env, jobject buffer, jint position, const void*& address) {
+    address = nullptr;
     if (buffer == nullptr) {
-        return nullptr;
+        return true;
     }
-    return static_cast<char*>(env->GetDirectBufferAddress(buffer)) + position;
+    const auto* begin = static_cast<const char*>(env->GetDirectBufferAddress(buffer));
+    if (begin != nullptr) {
+        address = begin + position;
+    }
+    return begin != nullptr;
 }
 
-/// Throws if there is no context or if it has no textures of this size.
-bool CheckGl(JNIEnv* env, const VERendererMode& mode) {
-    if (eglGetCurrentContext() == EGL_NO_CONTEXT) {
-        ThrowIllegalState(env, "no GL context is current on this thread");
-        return false;
+jint Create(JNIEnv* env, jclass /*type*/, jint texture, jint format, jint source, jint width,
+            jint height, jint maskFormat, jint maskWidth, jint maskHeight, jboolean drawAtOnce,
+            jboolean keepState, jlongArray created) {
+    std::unique_ptr<Peer> peer(new (std::nothrow) Peer);
+    if (peer == nullptr) {
+        return VE_ERROR_MEMORY;
     }
-    GLint limit = 0;
-    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &limit);
-    if (std::max({mode.textureWidth, mode.textureHeight, mode.maskWidth, mode.maskHeight}) >
-        limit) {
-        const std::string message = "this GL's textures end at " + std::to_string(limit);
-        ThrowIllegalArgument(env, message.c_str());
-        return false;
-    }
-    return true;
-}
-
-/// Destroys the renderer again if a Java exception is pending. Of JNI, destruction only deletes
-/// references, which is allowed while an exception is pending.
-jlong CreatePeer(JNIEnv* env, jint texture, jint format, VERendererMode& mode) {
     JavaVM* jvm = nullptr;
-    env->GetJavaVM(&jvm);
-    auto peer = std::make_unique<Peer>();
-    VECreateRendererHandleWithFormat(&peer->handle, texture, format, &mode, jvm);
+    if (env->GetJavaVM(&jvm) != JNI_OK) {
+        return VE_ERROR_JAVA;
+    }
+    VERendererOptions options = VEMakeRendererOptions();
+    options.source = source;
+    options.sourceWidth = width;
+    options.sourceHeight = height;
+    options.outputTexture = static_cast<uint32_t>(texture);
+    options.outputFormat = format;
+    options.maskFormat = maskWidth > 0 ? maskFormat : 0;
+    options.maskWidth = maskWidth;
+    options.maskHeight = maskHeight;
+    options.drawAtOnce = drawAtOnce != JNI_FALSE;
+    options.keepState = keepState != JNI_FALSE;
+    options.javaVM = jvm;
+    const VEResult result = VECreateRenderer(&options, &peer->renderer);
+    if (result != VE_OK) {
+        return result;
+    }
+    const auto address = static_cast<jlong>(reinterpret_cast<intptr_t>(peer.get()));
+    env->SetLongArrayRegion(created, 0, 1, &address);
     if (env->ExceptionCheck() != JNI_FALSE) {
-        return 0;
+        return VE_ERROR_JAVA;
     }
-    return AsLong(peer.release());
+    static_cast<void>(peer.release());  // Java's now.
+    return VE_OK;
 }
 
-jlong Create(JNIEnv* env, jclass /*type*/, jint texture, jint format, jint modeType, jint width,
-             jint height, jint maskFormat, jint maskWidth, jint maskHeight) {
-    const int32_t output = maskWidth > 0 ? VE_OUTPUT_MASKED : VE_OUTPUT_PICTURE;
-    VERendererMode mode = {output, modeType, width, height, maskFormat, maskWidth, maskHeight};
-    jlong renderer = 0;
-    if (CheckGl(env, mode)) {
-        WithJavaExceptions(env, [&] { renderer = CreatePeer(env, texture, format, mode); });
-    }
-    return renderer;
-}
-
-void Draw(JNIEnv* env, jclass /*type*/, jlong renderer, jobject frame, jint framePosition,
-          jobject mask, jint maskPosition, jboolean mirrored) {
-    void* pixels = Address(env, frame, framePosition);
-    void* maskPixels = Address(env, mask, maskPosition);
-    const bool asGiven = mirrored == JNI_FALSE;
+jint Draw(JNIEnv* env, jclass /*type*/, jlong renderer, jobject frame, jint framePosition,
+          jobject mask, jint maskPosition, jboolean mirrored, jfloat x, jfloat y, jfloat zoom) {
     Peer& peer = AsPeer(renderer);
-    const TightRows rows;
-    WithJavaExceptions(env, [&] {
-        VEUpdateRendererWithSticker(peer.handle, pixels, 0, asGiven, maskPixels,
-                                    peer.stickerTexture, peer.stickers);
-    });
+    const VEView view = {x, y, zoom};
+    VEDrawOptions options = VEMakeDrawOptions();
+    if (!TakeAddress(env, frame, framePosition, options.frame) ||
+        !TakeAddress(env, mask, maskPosition, options.mask)) {
+        return VE_ERROR_JAVA;
+    }
+    options.mirror = mirrored != JNI_FALSE;
+    options.view = &view;
+    options.stickerTexture = peer.stickerTexture;
+    options.stickers = peer.stickers.data();
+    options.stickerCount = peer.stickers.size() / 2;
+    VEDrawn drawn = VEMakeDrawn();
+    const VEResult result = VEDraw(peer.renderer, &options, &drawn);
+    if (result == VE_OK && drawn.picture) {
+        peer.pictureTimeUs = drawn.ptsUs;
+    }
+    return result;
 }
 
-void SetStickers(JNIEnv* env, jclass /*type*/, jlong renderer, jint texture, jintArray positions) {
+jint SetStickers(JNIEnv* env, jclass /*type*/, jlong renderer, jint texture, jintArray positions) {
     Peer& peer = AsPeer(renderer);
     const jsize count = env->GetArrayLength(positions);
-    WithJavaExceptions(env, [&] {
-        peer.positions.resize(static_cast<size_t>(count));
-        env->GetIntArrayRegion(positions, 0, count, peer.positions.data());
-        peer.stickers.resize(peer.positions.size() / 2);
-        for (size_t i = 0; i < peer.stickers.size(); ++i) {
-            peer.stickers[i] = {peer.positions[2 * i], peer.positions[2 * i + 1]};
-        }
-        peer.stickerTexture = texture;
-    });
+    try {
+        peer.stickers.resize(static_cast<size_t>(count));
+    } catch (const std::bad_alloc&) {
+        return VE_ERROR_MEMORY;
+    }
+    env->GetIntArrayRegion(positions, 0, count, peer.stickers.data());
+    peer.stickerTexture = static_cast<uint32_t>(texture);
+    return env->ExceptionCheck() == JNI_FALSE ? VE_OK : VE_ERROR_JAVA;
 }
 
-void SetView(JNIEnv* /*env*/, jclass /*type*/, jlong renderer, jfloat x, jfloat zoom) {
-    VEUpdateUserPosition(AsPeer(renderer).handle, x, 0, zoom, 0);
+jlong PictureTimeUs(JNIEnv* /*env*/, jclass /*type*/, jlong renderer) {
+    return AsPeer(renderer).pictureTimeUs;
 }
 
-void QueueUnit(JNIEnv* env, jclass /*type*/, jlong renderer, jobject unit, jint position,
-               jint size) {
-    VEUpdateCompressedData(AsPeer(renderer).handle, Address(env, unit, position), size);
+jint QueueUnit(JNIEnv* env, jclass /*type*/, jlong renderer, jobject bytes, jint position,
+               jint size, jlong timeUs, jlong waitUs, jint flags) {
+    VEUnit unit = VEMakeUnit();
+    if (!TakeAddress(env, bytes, position, unit.data)) {
+        return VE_ERROR_JAVA;
+    }
+    unit.size = static_cast<size_t>(size);
+    unit.ptsUs = timeUs;
+    unit.waitUs = waitUs;
+    unit.flags = flags;
+    return VEQueueUnit(AsPeer(renderer).renderer, &unit);
 }
 
-void Destroy(JNIEnv* /*env*/, jclass /*type*/, jlong renderer) {
+jint Flush(JNIEnv* /*env*/, jclass /*type*/, jlong renderer) {
+    return VEFlush(AsPeer(renderer).renderer);
+}
+
+jint GetDecoderState(JNIEnv* env, jclass /*type*/, jlong renderer, jlongArray values) {
+    VEDecoderState state = VEMakeDecoderState();
+    const VEResult result = VEGetDecoderState(AsPeer(renderer).renderer, &state);
+    if (result != VE_OK) {
+        return result;
+    }
+    const std::array all = {
+        static_cast<jlong>(state.result),          static_cast<jlong>(state.platformCode),
+        static_cast<jlong>(state.unitsQueued),     static_cast<jlong>(state.unitsDropped),
+        static_cast<jlong>(state.picturesDecoded), static_cast<jlong>(state.picturesShown),
+        static_cast<jlong>(state.unitCapacity),    static_cast<jlong>(state.width),
+        static_cast<jlong>(state.height),          static_cast<jlong>(state.cropLeft),
+        static_cast<jlong>(state.cropTop),         static_cast<jlong>(state.cropRight),
+        static_cast<jlong>(state.cropBottom),      static_cast<jlong>(state.endOfStream),
+    };
+    env->SetLongArrayRegion(values, 0, static_cast<jsize>(all.size()), all.data());
+    return env->ExceptionCheck() == JNI_FALSE ? VE_OK : VE_ERROR_JAVA;
+}
+
+jstring ResultText(JNIEnv* env, jclass /*type*/, jint result) {
+    return env->NewStringUTF(VEResultText(static_cast<VEResult>(result)));
+}
+
+void Destroy(JNIEnv* /*env*/, jclass /*type*/, jlong renderer, jboolean contextLost) {
+    AsPeer(renderer).contextLost = contextLost != JNI_FALSE;
     delete &AsPeer(renderer);
 }
 
@@ -137,12 +181,15 @@ JNINativeMethod Method(const char* name, const char* signature, Function* functi
 
 bool RegisterMethods(JNIEnv* env) {
     const std::array methods = {
-        Method("create", "(IIIIIIII)J", Create),
-        Method("draw", "(JLjava/nio/ByteBuffer;ILjava/nio/ByteBuffer;IZ)V", Draw),
-        Method("setStickers", "(JI[I)V", SetStickers),
-        Method("setView", "(JFF)V", SetView),
-        Method("queueUnit", "(JLjava/nio/ByteBuffer;II)V", QueueUnit),
-        Method("destroy", "(J)V", Destroy),
+        Method("create", "(IIIIIIIIZZ[J)I", Create),
+        Method("draw", "(JLjava/nio/ByteBuffer;ILjava/nio/ByteBuffer;IZFFF)I", Draw),
+        Method("setStickers", "(JI[I)I", SetStickers),
+        Method("pictureTimeUs", "(J)J", PictureTimeUs),
+        Method("queueUnit", "(JLjava/nio/ByteBuffer;IIJJI)I", QueueUnit),
+        Method("flush", "(J)I", Flush),
+        Method("getDecoderState", "(J[J)I", GetDecoderState),
+        Method("resultText", "(I)Ljava/lang/String;", ResultText),
+        Method("destroy", "(JZ)V", Destroy),
     };
     jclass type = env->FindClass(kClassName);
     return type != nullptr &&
@@ -153,8 +200,7 @@ bool RegisterMethods(JNIEnv* env) {
 
 extern "C" JNIEXPORT jint JNICALL JNI_OnLoad(JavaVM* jvm, void* /*reserved*/) {
     void* env = nullptr;
-    if (jvm->GetEnv(&env, kJniVersion) != JNI_OK ||
-        !RegisterMethods(static_cast<JNIEnv*>(env))) {
+    if (jvm->GetEnv(&env, kJniVersion) != JNI_OK || !RegisterMethods(static_cast<JNIEnv*>(env))) {
         return JNI_ERR;
     }
     return kJniVersion;

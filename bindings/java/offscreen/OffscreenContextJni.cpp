@@ -1,8 +1,8 @@
 #include <GLES3/gl3.h>
 #include <org_vornrenderer_offscreen_OffscreenContext.h>
 
-#include "../jni/JavaException.h"
-#include "../jni/TightRows.h"
+#include "JavaException.h"
+#include "TightRows.h"
 #include "offscreen/OffscreenContext.h"
 
 extern "C" {

@@ -4,7 +4,7 @@ import java.nio.ByteBuffer;
 
 /**
  * The native part. It checks no arguments; the caller is responsible for sizes, threads, lifetimes
- * and direct buffers.
+ * and direct buffers. An int that is returned is a result, for {@link RendererException#check}.
  */
 final class NativeRenderer {
     static {
@@ -13,31 +13,51 @@ final class NativeRenderer {
 
     private NativeRenderer() {}
 
-    /** Returns the renderer, never 0; throws on failure. A mask size of 0 means no mask. */
-    static native long create(
+    /** Sets {@code created[0]}, unless it fails. A mask size of 0 means no mask. */
+    static native int create(
             int texture,
             int destinationFormat,
-            int modeType,
+            int source,
             int width,
             int height,
             int maskFormat,
             int maskWidth,
-            int maskHeight);
+            int maskHeight,
+            boolean drawAtOnce,
+            boolean keepState,
+            long[] created);
 
-    static native void draw(
+    static native int draw(
             long renderer,
             ByteBuffer frame,
             int framePosition,
             ByteBuffer mask,
             int maskPosition,
-            boolean mirrored);
+            boolean mirrored,
+            float x,
+            float y,
+            float zoom);
 
-    /** Copies the positions. A negative texture means no stickers. */
-    static native void setStickers(long renderer, int texture, int[] positions);
+    /** Copies the positions. Texture 0 means no stickers. */
+    static native int setStickers(long renderer, int texture, int[] positions);
 
-    static native void setView(long renderer, float x, float zoom);
+    static native long pictureTimeUs(long renderer);
 
-    static native void queueUnit(long renderer, ByteBuffer unit, int position, int size);
+    static native int queueUnit(
+            long renderer,
+            ByteBuffer unit,
+            int position,
+            int size,
+            long timeUs,
+            long waitUs,
+            int flags);
 
-    static native void destroy(long renderer);
+    static native int flush(long renderer);
+
+    /** Fills {@link DecoderState#VALUES} values, in the order in which DecoderState reads them. */
+    static native int getDecoderState(long renderer, long[] values);
+
+    static native String resultText(int result);
+
+    static native void destroy(long renderer, boolean contextLost);
 }

@@ -1,5 +1,6 @@
 package org.vornrenderer;
 
+import static org.junit.Assert.assertEquals;
 import static org.junit.Assert.assertThrows;
 import static org.junit.Assert.assertTrue;
 import static org.junit.Assert.fail;
@@ -79,8 +80,26 @@ public class DecodeTest extends GlTest {
     public void h264() throws IOException {
         byte[] unit = Files.readAllBytes(Path.of(System.getProperty("vorn.unit")));
         try (VideoRenderer renderer = builder(VideoSource.H264, WIDTH, HEIGHT).build()) {
-            renderer.queueUnit(direct(unit));
+            assertEquals(VideoRenderer.NO_TIME, renderer.pictureTimeUs());
+            assertEquals(QueueResult.QUEUED, renderer.queueUnit(direct(unit), 40_000, 0));
             drawUntil(renderer, red -> Math.abs(red - 200) <= TOLERANCE);
+            assertEquals(40_000, renderer.pictureTimeUs());
+
+            int capacity = (int) renderer.decoderState().unitCapacity;
+            ByteBuffer large = ByteBuffer.allocateDirect(capacity + 1);
+            assertEquals(QueueResult.TOO_LARGE, renderer.queueUnit(large, 0, 0));
+            ByteBuffer empty = ByteBuffer.allocateDirect(0);
+            assertEquals(
+                    QueueResult.QUEUED, renderer.queueUnit(empty, 0, VideoRenderer.UNIT_END));
+            assertThrows(
+                    IllegalArgumentException.class,
+                    () -> renderer.queueUnit(direct(unit), 0, 0));
+            renderer.flush();
+            assertEquals(QueueResult.QUEUED, renderer.queueUnit(direct(unit), 80_000, 0));
+
+            DecoderState state = renderer.decoderState();
+            assertEquals(3, state.unitsQueued);
+            assertEquals(1, state.picturesShown);
         }
     }
 
@@ -97,15 +116,14 @@ public class DecodeTest extends GlTest {
     }
 
     @Test
-    public void exceptionsOfThePlatformComeThrough() {
+    public void failuresOfThePlatformGiveTheReason() {
         try (VideoRenderer renderer = builder(VideoSource.MJPEG, WIDTH, HEIGHT).build()) {
             renderer.draw();
             try (OffscreenContext other = new OffscreenContext()) {
                 other.setClearColor(0, 0, 0, 0);
-                assertTrue(
-                        assertThrows(IllegalStateException.class, renderer::draw)
-                                .getMessage()
-                                .contains("another GL context"));
+                assertEquals(
+                        RendererException.Reason.PLATFORM,
+                        assertThrows(RendererException.class, renderer::draw).reason());
             }
         }
     }

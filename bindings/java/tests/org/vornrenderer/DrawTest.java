@@ -99,20 +99,24 @@ public class DrawTest extends GlTest {
         Color color = new Color(10, 20, 30, 40);
         int sticker = gl.newTexture();
         gl.fill(sticker, 1, 1, flat(PixelLayout.RGBA, 1, 1, color).slice());
-        try (VideoRenderer renderer = builder(VideoSource.RGBA, 200, 100).build()) {
+        VideoRenderer.Builder builder = builder(VideoSource.RGBA, 200, 100).drawAtOnce();
+        try (VideoRenderer renderer = builder.build()) {
             // The middle of a sticker lies 15 rows before its position.
             int[] given = {100, 65, VideoRenderer.HIDDEN, VideoRenderer.HIDDEN, 60, 65};
             renderer.setStickers(sticker, given);
             given[0] = 70;
-            show(renderer, flat(PixelLayout.RGBA, 200, 100, Color.RED), null);
+            renderer.draw(flat(PixelLayout.RGBA, 200, 100, Color.RED));
             BufferedImage image = drawn(200, 100);
             assertEquals(color, pixel(image, 100, 50));
-            assertEquals(color, pixel(image, 54, 50)); // The view at the start enlarges by 1.15.
+            assertEquals(color, pixel(image, 60, 50));
             assertEquals(Color.RED, pixel(image, 77, 50));
 
             renderer.clearStickers();
+            renderer.setView(0, 0.5F, VideoRenderer.ZOOM_FIT); // A quarter towards the first row.
             renderer.draw();
-            assertEquals(Color.RED, pixel(drawn(200, 100), 100, 50));
+            image = drawn(200, 100);
+            assertEquals(Color.RED, pixel(image, 100, 72));
+            assertEquals(0, pixel(image, 100, 78).getAlpha());
         }
     }
 
