@@ -46,9 +46,10 @@
 ///
 /// VEDestroyRenderer deletes what the renderer created. Three things stay:
 ///
-///   - The pixel-unpack buffers stay until the context is destroyed: two for raw frames, and two
-///     for masks. The library deletes *framebuffers* of the same names instead. Framebuffers of the
-///     application that have one of these names are deleted, too: create yours again afterwards.
+///   - The pixel-unpack buffers stay until the context is destroyed: two for raw frames and,
+///     in output mode 1, two for masks. The library deletes *framebuffers* of the same names
+///     instead. Framebuffers of the application that have one of these names are deleted, too:
+///     create yours again afterwards.
 ///   - The two shaders of the renderer's program stay until the context is destroyed.
 ///   - With compressed video, a small format object of the decoder stays in memory.
 ///
@@ -118,8 +119,9 @@
 /// that is more. A unit waits up to 2 ms for a free buffer and is dropped if there is none, so feed
 /// units at the pace of the video.
 ///
-/// A picture whose size is not textureWidth × textureHeight is stretched to it. Decoded pictures
-/// are sampled with linear filtering, raw frames with nearest filtering.
+/// A picture whose size is not textureWidth × textureHeight is stretched to it. Its crop and
+/// rotation are ignored, so padding of the decoder shows at the right and the lower edge. Decoded
+/// pictures are sampled with linear filtering, raw frames with nearest filtering.
 ///
 /// View
 /// ----
