@@ -9,11 +9,6 @@ namespace {
 constexpr int kCount = 30;
 constexpr int kKeyInterval = 10;
 
-/// Units with the parameter sets in front of each key frame.
-std::vector<TestUnit> Units(const TestStream& stream) {
-    return Encode(stream, kCount);
-}
-
 TestStream Stream() {
     TestStream stream = ChangingStream();
     stream.keyInterval = kKeyInterval;
@@ -25,9 +20,12 @@ protected:
     /// Plays the units, of which those from \p first on are whole. Their pictures must be right,
     /// and the others may be anything.
     void ExpectRecovery(const std::vector<TestUnit>& units, int first) {
-        const TestStream stream = Stream();
-        WriteMedia(Path("broken.mkv"), stream, units, parameterSets_);
-        WriteMedia(Path("whole.mkv"), stream, Units(stream), parameterSets_);
+        av::CodecContext encoder;
+        TestStream stream = Stream();
+        stream.parameterSetsApart = true;
+        Encode(stream, 1, &encoder);
+        WriteMedia(Path("broken.mkv"), *encoder, units);
+        WriteMedia(Path("whole.mkv"), *encoder, units_);
         std::vector<Image> drawn;
         const auto player = Open(Path("broken.mkv"));
         while (player->Next()) {
@@ -49,29 +47,24 @@ protected:
         }
     }
 
-    std::vector<uint8_t> parameterSets_ = [] {
-        TestStream stream = Stream();
-        stream.parameterSetsApart = true;
-        std::vector<uint8_t> sets;
-        Encode(stream, 1, &sets);
-        return sets;
-    }();
+    /// With the parameter sets in front of each key frame.
+    std::vector<TestUnit> units_ = Encode(Stream(), kCount);
 };
 
 TEST_F(Broken, RecoversFromALostUnit) {
-    auto units = Units(Stream());
+    auto units = units_;
     units[4].bytes = {0, 0, 0, 1, 9, 0xF0};  // A delimiter and nothing else.
     ExpectRecovery(units, kKeyInterval);
 }
 
 TEST_F(Broken, RecoversFromATruncatedKeyFrame) {
-    auto units = Units(Stream());
+    auto units = units_;
     units[kKeyInterval].bytes.resize(units[kKeyInterval].bytes.size() / 2);
     ExpectRecovery(units, 2 * kKeyInterval);
 }
 
 TEST_F(Broken, RecoversFromRandomBytes) {
-    auto units = Units(Stream());
+    auto units = units_;
     uint32_t state = 1;
     for (const size_t index : {3U, 5U, 6U}) {
         for (size_t i = 5; i < units[index].bytes.size(); ++i) {

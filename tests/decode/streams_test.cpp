@@ -71,12 +71,14 @@ TEST_F(DecodeTest, FitsPicturesOfAnotherSizeInMidStream) {
     TestStream large = small;
     large.width = 646;  // Cropped from a multiple of 16.
     large.height = 362;
-    auto units = Encode(small, 5);
+    av::CodecContext encoder;
+    auto units = Encode(small, 5, &encoder);
     for (TestUnit& unit : Encode(large, 5)) {
         unit.timeUs += 5 * kFrameTimeUs;
+        unit.decodingTimeUs += 5 * kFrameTimeUs;
         units.push_back(std::move(unit));
     }
-    WriteMedia(Path("clip.h264"), small, units);
+    WriteMedia(Path("clip.h264"), *encoder, units);
     EXPECT_EQ(ExpectAsDecoded(Path("clip.h264")), 10);
 }
 
@@ -115,29 +117,27 @@ TEST_F(DecodeTest, MeetsEachFrameWithItsMask) {
 // compression.
 TEST_F(DecodeTest, TakesUnitsOfTwoMegabytes) {
     TestStream stream = ChangingStream();
-    stream.encoder = "mjpeg";
-    stream.layout = AV_PIX_FMT_YUVJ444P;
-    stream.range = AVCOL_RANGE_JPEG;
+    stream.MakeJpeg(AV_PIX_FMT_YUVJ444P);
     stream.width = 1280;
     stream.height = 720;
-    auto units = Encode(stream, 3);
+    av::CodecContext encoder;
+    auto units = Encode(stream, 3, &encoder);
     for (TestUnit& unit : units) {
         unit.bytes.resize(2 << 20);  // A picture may be followed by zeros.
     }
-    WriteMedia(Path("clip.avi"), stream, units);
+    WriteMedia(Path("clip.avi"), *encoder, units);
     EXPECT_EQ(ExpectAsDecoded(Path("clip.avi")), 3);
 }
 
 TEST_F(DecodeTest, LeavesOutUnitsLargerThanTheInputBuffer) {
     TestStream stream = ChangingStream();
-    stream.encoder = "mjpeg";
-    stream.layout = AV_PIX_FMT_YUVJ420P;
-    stream.range = AVCOL_RANGE_JPEG;
-    auto units = Encode(stream, 6);
+    stream.MakeJpeg(AV_PIX_FMT_YUVJ420P);
+    av::CodecContext encoder;
+    auto units = Encode(stream, 6, &encoder);
     for (const size_t index : {2U, 3U}) {
         units[index].bytes.resize((1 << 20) + 1);
     }
-    WriteMedia(Path("clip.mkv"), stream, units);
+    WriteMedia(Path("clip.mkv"), *encoder, units);
     const auto player = Open(Path("clip.mkv"));
     for (const double seconds : {0.0, 0.04, 0.16, 0.2}) {
         ASSERT_TRUE(player->Next());

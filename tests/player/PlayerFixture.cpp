@@ -6,7 +6,6 @@ extern "C" {
 #include <libavutil/log.h>
 }
 
-#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -14,29 +13,7 @@ extern "C" {
 #include "support/NumberedPath.h"
 #include "support/PngFile.h"
 
-Pixel At(const Image& image, int x, int y) {
-    Pixel pixel{};
-    std::copy_n(image.At(x, y), pixel.size(), pixel.begin());
-    return pixel;
-}
-
-Image Solid(Size size, const Pixel& color) {
-    Image image(size);
-    for (size_t i = 0; i < image.pixels.size(); ++i) {
-        image.pixels[i] = color.at(i % color.size());
-    }
-    return image;
-}
-
-Image Pattern(Size size) {
-    Image image = Solid(size, {0, 0, 0, 255});
-    for (size_t i = 0; i < image.pixels.size(); ++i) {
-        image.pixels[i] = i % 4 == 3 ? 255 : static_cast<uint8_t>(i * 37 + i / 7 * 11);
-    }
-    return image;
-}
-
-Pixel FrameColor(int frame) {
+Rgba FrameColor(int frame) {
     return {static_cast<uint8_t>(40 + 50 * (frame % 5)), static_cast<uint8_t>(20 * frame),
             static_cast<uint8_t>(250 - 20 * frame), 255};
 }

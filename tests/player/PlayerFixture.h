@@ -2,28 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <filesystem>
 #include <set>
 #include <string>
 
-#include "support/Image.h"
+#include "support/TestImages.h"
 
-using Pixel = std::array<uint8_t, 4>;
-
-constexpr Pixel kKeyedOut = {169, 210, 216, 0};
+constexpr Rgba kKeyedOut = {169, 210, 216, 0};
 
 struct RunResult {
     int status = 0;
     std::string errors;
 };
 
-Pixel At(const Image& image, int x, int y);
-Image Solid(Size size, const Pixel& color);
-/// A picture whose pixels all differ from their neighbors.
-Image Pattern(Size size);
 /// A color for each frame number, opaque and far from those of its neighbors.
-Pixel FrameColor(int frame);
+Rgba FrameColor(int frame);
 
 /// Runs the tools in a new, empty directory.
 class PlayerTest : public ::testing::Test {

@@ -12,7 +12,7 @@ extern "C" {
 using BadInputTest = PlayerTest;
 
 TEST_F(BadInputTest, BadInputGivesOneLineAndLeavesNothingBehind) {
-    WriteImage("in.png", Pattern({9, 7}));
+    WriteImage("in.png", Opaque(Noise({9, 7}, 1)));
     std::ofstream(Path("text.bin")) << "no picture at all, only text\n";
     std::filesystem::create_directory(Path("taken.png"));
     const std::set<std::string> before = Files();
@@ -59,14 +59,14 @@ TEST_F(BadInputTest, BadInputGivesOneLineAndLeavesNothingBehind) {
 }
 
 TEST_F(BadInputTest, AnEarlierOutputOutlivesAFailedRun) {
-    WriteImage("in.png", Pattern({9, 7}));
+    WriteImage("in.png", Opaque(Noise({9, 7}, 1)));
     std::ofstream(Path("out.mp4")) << "earlier";
     EXPECT_EQ(Play("in.png --size 8x8 --mask none.png --out out.mp4").status, 2);
     EXPECT_EQ(std::filesystem::file_size(Path("out.mp4")), 7U);
 }
 
 TEST_F(BadInputTest, WithoutAGlContextItSaysSo) {
-    WriteImage("in.png", Pattern({9, 7}));
+    WriteImage("in.png", Opaque(Noise({9, 7}, 1)));
     const RunResult result =
         Run("__EGL_VENDOR_LIBRARY_FILENAMES=/dev/null " VORNPLAY, "in.png --no-window");
     EXPECT_EQ(result.status, 2);
@@ -74,7 +74,7 @@ TEST_F(BadInputTest, WithoutAGlContextItSaysSo) {
 }
 
 TEST_F(BadInputTest, WithoutADisplayItSaysWhatToDo) {
-    WriteImage("in.png", Pattern({9, 7}));
+    WriteImage("in.png", Opaque(Noise({9, 7}, 1)));
     const std::string player = "env -u DISPLAY -u WAYLAND_DISPLAY " VORNPLAY " ";
     const RunResult result = Run(player, "in.png");
     EXPECT_EQ(result.status, 2);
@@ -128,7 +128,7 @@ TEST_F(BadInputTest, BrokenInputIsDrawnAsFarAsItDecodes) {
     WriteClip("in", 5, {16, 16});
     // Pictures of many sizes are scaled to one.
     for (int i = 1; i <= 40; ++i) {
-        WriteImage("clip/" + std::to_string(i) + ".png", Pattern({150 + i, 160}));
+        WriteImage("clip/" + std::to_string(i) + ".png", Opaque(Noise({150 + i, 160}, 1)));
     }
     PlayWell("clip/%d.png --size 160x160 --out clip.mp4");
     std::filesystem::resize_file(Path("clip.mp4"),
@@ -143,5 +143,5 @@ TEST_F(BadInputTest, BrokenInputIsDrawnAsFarAsItDecodes) {
     EXPECT_EQ(result.status, 1);
     EXPECT_NE(result.errors.find("in/%04d.png is broken: 1 frames lost"), std::string::npos);
     EXPECT_NE(result.errors.find("4 frames in, 4 out, 1 failed"), std::string::npos);
-    EXPECT_EQ(At(Read("out/3.png"), 8, 8), FrameColor(4));
+    EXPECT_EQ(Read("out/3.png").Pixel(8, 8), FrameColor(4));
 }

@@ -18,7 +18,7 @@ namespace {
 constexpr AVRational kNtsc = {30000, 1001};
 
 /// Whether all four channels agree, up to what lossy codecs lose.
-bool Near(const Pixel& pixel, const Pixel& expected, int loss = 6) {
+bool Near(const Rgba& pixel, const Rgba& expected, int loss = 6) {
     for (size_t i = 0; i < pixel.size(); ++i) {
         if (std::abs(pixel.at(i) - expected.at(i)) > loss) {
             return false;
@@ -83,7 +83,7 @@ TEST_F(ExportTest, EveryKindHoldsEveryFrameInOrderByBothPaths) {
             for (size_t i = 0; i < frames.size(); ++i) {
                 ASSERT_EQ(frames[i].size.width, 64);
                 ASSERT_EQ(frames[i].size.height, 48);
-                EXPECT_TRUE(Near(At(frames[i], 32, 24), FrameColor(static_cast<int>(i) + 1), 9))
+                EXPECT_TRUE(Near(frames[i].Pixel(32, 24), FrameColor(static_cast<int>(i) + 1), 9))
                     << out << ", " << path << ", frame " << i + 1;
             }
         }
@@ -92,7 +92,7 @@ TEST_F(ExportTest, EveryKindHoldsEveryFrameInOrderByBothPaths) {
     EXPECT_NEAR(av_q2d(VideoFile(Path("x.apng")).FrameRate()), av_q2d(kNtsc), 0.01);
     // The start is found also where it is no key frame.
     PlayWell("x.mp4 --start 0.2 --frames 1 --out seventh.png");
-    EXPECT_TRUE(Near(At(Read("seventh.png"), 32, 24), FrameColor(7), 9));
+    EXPECT_TRUE(Near(Read("seventh.png").Pixel(32, 24), FrameColor(7), 9));
 }
 
 TEST_F(ExportTest, FramesThatRepeatAreWrittenEachTime) {
@@ -107,9 +107,9 @@ TEST_F(ExportTest, FramesThatRepeatAreWrittenEachTime) {
 }
 
 TEST_F(ExportTest, AlphaIsWhatTheKindSaysAndLeavesNoTraceOfTheFrameBefore) {
-    constexpr Pixel kRed = {220, 20, 30, 255};
-    constexpr Pixel kBlue = {20, 30, 220, 255};
-    constexpr Pixel kFaint = {30, 200, 40, 60};
+    constexpr Rgba kRed = {220, 20, 30, 255};
+    constexpr Rgba kBlue = {20, 30, 220, 255};
+    constexpr Rgba kFaint = {30, 200, 40, 60};
     // A red part that moves over nothing, and at last something faint.
     for (int i = 0; i < 3; ++i) {
         Image image = Solid({96, 64}, {0, 0, 0, 0});
@@ -124,25 +124,25 @@ TEST_F(ExportTest, AlphaIsWhatTheKindSaysAndLeavesNoTraceOfTheFrameBefore) {
         PlayWell("in/%d.png --backdrop '#141edc' --out " + out);
         const std::vector<Image> frames = ReadFrames(Path(out));
         ASSERT_EQ(frames.size(), Expected(kind, 3)) << out;
-        EXPECT_TRUE(Near(At(frames[0], 8, 32), kRed, 12)) << out;
+        EXPECT_TRUE(Near(frames[0].Pixel(8, 32), kRed, 12)) << out;
         if (kind.alpha == OutputAlpha::kFlattened) {
-            EXPECT_TRUE(Near(At(frames[0], 80, 32), kBlue)) << out;
-            EXPECT_TRUE(Near(At(frames[2], 88, 32), {22, 70, 178, 255})) << out;
+            EXPECT_TRUE(Near(frames[0].Pixel(80, 32), kBlue)) << out;
+            EXPECT_TRUE(Near(frames[2].Pixel(88, 32), {22, 70, 178, 255})) << out;
             continue;
         }
-        EXPECT_EQ(At(frames[0], 80, 32)[3], 0) << out;
+        EXPECT_EQ(frames[0].Pixel(80, 32)[3], 0) << out;
         if (frames.size() == 3) {
-            EXPECT_TRUE(Near(At(frames[1], 48, 32), kRed, 12)) << out;
-            EXPECT_EQ(At(frames[1], 8, 32)[3], 0) << out;
-            EXPECT_EQ(At(frames[2], 48, 32)[3], 0) << out;
-            const Pixel faint = At(frames[2], 88, 32);
+            EXPECT_TRUE(Near(frames[1].Pixel(48, 32), kRed, 12)) << out;
+            EXPECT_EQ(frames[1].Pixel(8, 32)[3], 0) << out;
+            EXPECT_EQ(frames[2].Pixel(48, 32)[3], 0) << out;
+            const Rgba faint = frames[2].Pixel(88, 32);
             const bool kept = kind.alpha == OutputAlpha::kKept;
             EXPECT_TRUE(kept ? Near(faint, kFaint, 12) : faint[3] == 0) << out;
         }
     }
     PlayWell("in/%d.png --out checker.mkv");
     const Image checker = ReadFrames(Path("checker.mkv"))[0];
-    EXPECT_FALSE(Near(At(checker, 72, 8), At(checker, 88, 8)));
+    EXPECT_FALSE(Near(checker.Pixel(72, 8), checker.Pixel(88, 8)));
 }
 
 TEST_F(ExportTest, VideoKeepsFrameRateAndColorTags) {
@@ -158,7 +158,7 @@ TEST_F(ExportTest, VideoKeepsFrameRateAndColorTags) {
         EXPECT_EQ(file.Codec().color_space, AVCOL_SPC_BT2020_NCL) << out;
         EXPECT_EQ(file.Codec().color_primaries, AVCOL_PRI_BT2020) << out;
         EXPECT_EQ(file.Codec().color_trc, AVCOL_TRC_SMPTE2084) << out;
-        EXPECT_TRUE(Near(At(ReadFrames(Path(out))[4], 32, 24), FrameColor(5))) << out;
+        EXPECT_TRUE(Near(ReadFrames(Path(out))[4].Pixel(32, 24), FrameColor(5))) << out;
     }
 }
 
@@ -170,7 +170,7 @@ TEST_F(ExportTest, VideoOfUntaggedInputHasTheTagsOfItsSize) {
         const VideoFile file(Path("out.mp4"));
         EXPECT_EQ(file.Codec().color_space, matrix);
         EXPECT_EQ(file.Codec().color_range, AVCOL_RANGE_MPEG);
-        EXPECT_TRUE(Near(At(ReadFrames(Path("out.mp4"))[1], 32, 8), FrameColor(2)));
+        EXPECT_TRUE(Near(ReadFrames(Path("out.mp4"))[1].Pixel(32, 8), FrameColor(2)));
     }
 }
 

@@ -27,7 +27,7 @@ TEST_F(PictureTest, EveryFrameComesOutOnceAndInOrder) {
 }
 
 TEST_F(PictureTest, FitShowsEachPixelAsItIsAndMirrorSwapsLeftAndRight) {
-    const Image picture = Pattern({33, 21});
+    const Image picture = Opaque(Noise({33, 21}, 1));
     WriteImage("in.png", picture);
     PlayWell("in.png --fit --out plain.png");
     PlayWell("in.png --fit --rgb --mirror --out mirrored.png");
@@ -35,7 +35,7 @@ TEST_F(PictureTest, FitShowsEachPixelAsItIsAndMirrorSwapsLeftAndRight) {
     const Image mirrored = Read("mirrored.png");
     for (int y = 0; y < picture.size.height; ++y) {
         for (int x = 0; x < picture.size.width; ++x) {
-            ASSERT_EQ(At(mirrored, x, y), At(picture, picture.size.width - 1 - x, y)) << x;
+            ASSERT_EQ(mirrored.Pixel(x, y), picture.Pixel(picture.size.width - 1 - x, y)) << x;
         }
     }
 }
@@ -44,7 +44,7 @@ TEST_F(PictureTest, StartAndFramesChooseAPartOfTheInput) {
     WriteClip("in", 10, {8, 8});
     PlayWell("in/%04d.png --start 0.12 --frames 4 --out out/%d.png");
     for (int i = 1; i <= 4; ++i) {
-        EXPECT_EQ(At(Read(kOut.At(i)), 4, 4), FrameColor(i + 3));
+        EXPECT_EQ(Read(kOut.At(i)).Pixel(4, 4), FrameColor(i + 3));
     }
     EXPECT_FALSE(std::filesystem::exists(Path(kOut.At(5))));
 }
@@ -56,17 +56,17 @@ TEST_F(PictureTest, ViewMovesWithTheFrameThatIsShown) {
         // Each step moves the picture to the left by an eighth of the frame.
         const Image frame = Read(kOut.At(i));
         const int edge = 200 - (i - 1) * 25;
-        EXPECT_EQ(At(frame, edge - 2, 5), FrameColor(i)) << i;
+        EXPECT_EQ(frame.Pixel(edge - 2, 5), FrameColor(i)) << i;
         if (edge < 200) {
-            EXPECT_EQ(At(frame, edge + 1, 5), (Pixel{9, 8, 7, 6})) << i;
+            EXPECT_EQ(frame.Pixel(edge + 1, 5), (Rgba{9, 8, 7, 6})) << i;
         }
     }
 }
 
 TEST_F(PictureTest, StickersStandUprightAboveTheirPixels) {
-    const Pixel red = {255, 0, 0, 255};
-    const Pixel half = {0, 255, 0, 128};
-    const Pixel ground = {20, 30, 40, 255};
+    const Rgba red = {255, 0, 0, 255};
+    const Rgba half = {0, 255, 0, 128};
+    const Rgba ground = {20, 30, 40, 255};
     Image sticker = Solid({4, 4}, half);
     std::copy_n(Solid({4, 2}, red).pixels.begin(), 4 * 2 * 4, sticker.pixels.begin());
     WriteImage("sticker.png", sticker);
@@ -74,12 +74,12 @@ TEST_F(PictureTest, StickersStandUprightAboveTheirPixels) {
     PlayWell("in.png --fit --sticker sticker.png --at 40,80 --at 150,50 --out out.png");
     const Image out = Read("out.png");
     for (const auto& [x, y] : {std::pair(40, 80), std::pair(150, 50)}) {
-        EXPECT_EQ(At(out, x, y - 18), red);
-        EXPECT_EQ(At(out, x, y - 12), half);
-        EXPECT_EQ(At(out, x, y - 8), ground);
-        EXPECT_EQ(At(out, x, y - 22), ground);
-        EXPECT_EQ(At(out, x - 4, y - 18), red);
-        EXPECT_EQ(At(out, x + 7, y - 18), ground);
-        EXPECT_EQ(At(out, x - 7, y - 18), ground);
+        EXPECT_EQ(out.Pixel(x, y - 18), red);
+        EXPECT_EQ(out.Pixel(x, y - 12), half);
+        EXPECT_EQ(out.Pixel(x, y - 8), ground);
+        EXPECT_EQ(out.Pixel(x, y - 22), ground);
+        EXPECT_EQ(out.Pixel(x - 4, y - 18), red);
+        EXPECT_EQ(out.Pixel(x + 7, y - 18), ground);
+        EXPECT_EQ(out.Pixel(x - 7, y - 18), ground);
     }
 }

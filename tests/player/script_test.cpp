@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr Pixel kGreen = {0, 255, 0, 255};
+constexpr Rgba kGreen = {0, 255, 0, 255};
 
 class ScriptTest : public PlayerTest {
 protected:
@@ -48,9 +48,10 @@ TEST_F(ScriptTest, ChangesWhatItNamesAtItsTimes) {
             const Image frame = Read("out/" + std::to_string(i + 1) + ".png");
             const bool mirrored = i == 6 || i == 7;
             const size_t left = mirrored ? 2 : 0;
-            EXPECT_GT(At(frame, edges.at(i) - 8, 95).at(left), 200) << path << ", frame " << i;
-            EXPECT_GT(At(frame, edges.at(i) + 8, 95).at(2 - left), 200) << path << ", frame " << i;
-            const bool shown = At(frame, 10, 65) == kGreen;
+            EXPECT_GT(frame.Pixel(edges.at(i) - 8, 95).at(left), 200) << path << ", frame " << i;
+            EXPECT_GT(frame.Pixel(edges.at(i) + 8, 95).at(2 - left), 200)
+                << path << ", frame " << i;
+            const bool shown = frame.Pixel(10, 65) == kGreen;
             EXPECT_EQ(shown, stickers.at(i) == 10) << path << ", frame " << i;
         }
         EXPECT_FALSE(std::filesystem::exists(Path("out/11.png")));
@@ -69,7 +70,7 @@ TEST_F(ScriptTest, StickersMoveEvenlyAndStayWhereTheViewIsTheLibrarysOwn) {
     for (int i = 0; i < 5; ++i) {
         const Image frame = Read("out/" + std::to_string(i + 1) + ".png");
         for (const int middle : {31, 77, 123}) {
-            const bool shown = At(frame, middle, 67) == (Pixel{255, 255, 255, 255});
+            const bool shown = frame.Pixel(middle, 67) == (Rgba{255, 255, 255, 255});
             EXPECT_EQ(shown, middles.at(static_cast<size_t>(i)) == middle) << i << ", " << middle;
         }
     }

@@ -4,12 +4,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
-#include <random>
 #include <regex>
 
 #include "Clip.h"
@@ -25,12 +23,8 @@ class StopTest : public PlayerTest {
 protected:
     /// Pictures that compress badly.
     void WriteNoise(int count, Size size) const {
-        std::minstd_rand noise;
         for (int i = 1; i <= count; ++i) {
-            Image image(size);
-            std::generate(image.pixels.begin(), image.pixels.end(),
-                          [&noise] { return static_cast<uint8_t>(noise() >> 8U); });
-            WriteImage("in/" + std::to_string(i) + ".png", image);
+            WriteImage("in/" + std::to_string(i) + ".png", Noise(size, static_cast<uint32_t>(i)));
         }
     }
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <sys/types.h>
-
+#include <cstdio>
 #include <memory>
 #include <string>
 
@@ -31,9 +30,9 @@ public:
     void Do(const std::string& arguments) const;
 
 private:
-    VirtualScreen(pid_t server, std::string name, _XDisplay* display);
+    VirtualScreen(FILE* server, std::string name, _XDisplay* display);
 
-    pid_t server_;
+    FILE* server_;
     std::string name_;
     _XDisplay* display_;
 };

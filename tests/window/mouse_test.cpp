@@ -8,8 +8,9 @@
 namespace {
 
 constexpr Size kSize = {320, 240};
-constexpr Pixel kGray = {90, 90, 90, 255};
-constexpr Pixel kMagenta = {255, 0, 255, 255};
+constexpr Rgba kBar = {24, 24, 24, 255};
+constexpr Rgba kGray = {90, 90, 90, 255};
+constexpr Rgba kMagenta = {255, 0, 255, 255};
 
 struct Spot {
     double x = 0.0;
@@ -22,7 +23,7 @@ Spot FindSticker(const Image& image) {
     Spot spot;
     for (int y = 0; y < image.size.height; ++y) {
         for (int x = 0; x < image.size.width; ++x) {
-            if (At(image, x, y) == kMagenta) {
+            if (image.Pixel(x, y) == kMagenta) {
                 spot = {spot.x + x + 0.5, spot.y + y + 0.5, spot.count + 1};
             }
         }
@@ -73,7 +74,8 @@ TEST_F(MouseTest, DropsStickersUnderThePointer) {
 TEST_F(MouseTest, DropsStickersUnderThePointerOnDenseWaylandScreens) {
     OpenOnWayland("in.png --sticker sticker.png", {800, 480}, 2);  // Bars of 80 on both sides.
     EXPECT_TRUE(Sees([](const Image& screen) {
-        return At(screen, 82, 2) == kGray && At(screen, 717, 477) == kGray;
+        return screen.Pixel(79, 100) == kBar && screen.Pixel(80, 100) == kGray &&
+               screen.Pixel(719, 477) == kGray && screen.Pixel(720, 477) == kBar;
     })) << "does not fill the screen";
     ExpectStickerAt(620, 421, 270, 210);
     Click(280, 120);

@@ -20,8 +20,8 @@ protected:
     /// Saves, and expects the frame of the time in the name of the file. \return that time
     double ExpectFrame() {
         const Saved saved = Save();
-        const Pixel color = FrameColor(static_cast<int>(std::lround(saved.seconds * kRate)) + 1);
-        const Pixel found = At(saved.image, kSize.width / 2, kSize.height / 2);
+        const Rgba color = FrameColor(static_cast<int>(std::lround(saved.seconds * kRate)) + 1);
+        const Rgba found = saved.image.Pixel(kSize.width / 2, kSize.height / 2);
         for (size_t i = 0; i < color.size(); ++i) {
             EXPECT_NEAR(found.at(i), color.at(i), 5) << "at " << saved.seconds;
         }
@@ -86,11 +86,11 @@ TEST_P(PlayingTest, MasksGoAlongWithTheirFrames) {
     }
     Open(Clip() + " --mask mask/%04d.png");
     Key("space Left Left");
-    EXPECT_EQ(At(Save().image, 32, 24), kKeyedOut);
+    EXPECT_EQ(Save().image.Pixel(32, 24), kKeyedOut);
     Key("period");
-    EXPECT_NE(At(Save().image, 32, 24), kKeyedOut);
+    EXPECT_NE(Save().image.Pixel(32, 24), kKeyedOut);
     Key("Left Right");
-    EXPECT_EQ(At(Save().image, 32, 24), kKeyedOut);
+    EXPECT_EQ(Save().image.Pixel(32, 24), kKeyedOut);
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, PlayingTest, ::testing::Values("cpu", "decode"));

@@ -32,10 +32,10 @@ bool TriesFor(int64_t timeoutUs, Call call) {
 }
 
 TEST(CodecCalls, OfferEnoughInputAndKeepTimeOuts) {
-    CodecClient::Setup setup;
-    setup.width = 1920;
-    setup.height = 1080;
-    CodecClient client(setup);
+    TestStream stream;
+    stream.width = 1920;
+    stream.height = 1080;
+    CodecClient client(stream);
     std::set<uint8_t*> buffers;
     for (;;) {
         const ssize_t index = AMediaCodec_dequeueInputBuffer(client.Get(), 0);
@@ -62,7 +62,7 @@ TEST(CodecCalls, OfferEnoughInputAndKeepTimeOuts) {
 }
 
 TEST(CodecCalls, RefuseBuffersThatTheCallerDoesNotHold) {
-    CodecClient client({});
+    CodecClient client(TestStream{});
     AMediaCodec* codec = client.Get();
     EXPECT_EQ(AMediaCodec_getInputBuffer(codec, 0, nullptr), nullptr);
     EXPECT_LT(AMediaCodec_queueInputBuffer(codec, 0, 0, 1, 0, 0), 0);
@@ -109,9 +109,7 @@ TEST(CodecCalls, EndWithErrorsWhenAnotherThreadStopsAndDeletes) {
     const auto units = Encode(FlatStream(), 20);
     for (const bool stopFirst : {true, false}) {
         const TestWindow target;
-        CodecClient::Setup setup;
-        setup.window = target.window;
-        auto client = std::make_unique<CodecClient>(setup);
+        auto client = std::make_unique<CodecClient>(TestStream(), target.window);
         AMediaCodec* codec = client->Get();
         std::atomic<int> taken{0};
         std::thread consumer([&] {

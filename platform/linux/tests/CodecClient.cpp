@@ -7,19 +7,6 @@
 
 namespace {
 
-AMediaFormat* NewFormat(const CodecClient::Setup& setup) {
-    AMediaFormat* format = AMediaFormat_new();
-    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_WIDTH, setup.width);
-    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_HEIGHT, setup.height);
-    AMediaFormat_setString(format, AMEDIAFORMAT_KEY_MIME, setup.mimeType.c_str());
-    AMediaFormat_setInt32(format, "rotation-degrees", setup.rotation);
-    if (!setup.parameterSets.empty()) {
-        AMediaFormat_setBuffer(format, AMEDIAFORMAT_KEY_CSD_0, setup.parameterSets.data(),
-                               setup.parameterSets.size());
-    }
-    return format;
-}
-
 TestOutput FormatNow(AMediaCodec* codec) {
     TestOutput output{TestOutput::Kind::kFormat};
     AMediaFormat* format = AMediaCodec_getOutputFormat(codec);
@@ -43,16 +30,30 @@ ssize_t QueueUnit(AMediaCodec* codec, const TestUnit& unit, int64_t timeoutUs, u
                                         static_cast<uint64_t>(unit.timeUs), flags);
 }
 
-CodecClient::CodecClient(const Setup& setup)
-    : codec_(AMediaCodec_createDecoderByType(setup.mimeType.c_str())) {
-    AMediaFormat* format = NewFormat(setup);
-    const bool started =
-        AMediaCodec_configure(codec_, format, setup.window, nullptr, 0) == AMEDIA_OK &&
-        AMediaCodec_start(codec_) == AMEDIA_OK;
+CodecClient::CodecClient(const TestStream& stream, ANativeWindow* window, int rotation,
+                         const std::vector<uint8_t>& csd)
+    : codec_(AMediaCodec_createDecoderByType(stream.MimeType().c_str())) {
+    AMediaFormat* format = AMediaFormat_new();
+    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_WIDTH, stream.width);
+    AMediaFormat_setInt32(format, AMEDIAFORMAT_KEY_HEIGHT, stream.height);
+    AMediaFormat_setString(format, AMEDIAFORMAT_KEY_MIME, stream.MimeType().c_str());
+    AMediaFormat_setInt32(format, "rotation-degrees", rotation);
+    if (!csd.empty()) {
+        AMediaFormat_setBuffer(format, AMEDIAFORMAT_KEY_CSD_0, csd.data(), csd.size());
+    }
+    const bool started = AMediaCodec_configure(codec_, format, window, nullptr, 0) == AMEDIA_OK &&
+                         AMediaCodec_start(codec_) == AMEDIA_OK;
     AMediaFormat_delete(format);
     if (!started) {
         throw std::runtime_error("the codec does not start");
     }
+}
+
+std::vector<TestOutput> CodecClient::Decode(const std::vector<TestUnit>& units) {
+    auto outputs = Feed(units);
+    const auto rest = Finish();
+    outputs.insert(outputs.end(), rest.begin(), rest.end());
+    return outputs;
 }
 
 std::vector<TestOutput> CodecClient::Feed(const std::vector<TestUnit>& units) {

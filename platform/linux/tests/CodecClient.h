@@ -24,22 +24,17 @@ ssize_t QueueUnit(AMediaCodec* codec, const TestUnit& unit, int64_t timeoutUs, u
 /// A started codec, used by one thread.
 class CodecClient {
 public:
-    struct Setup {
-        std::string mimeType = "video/avc";
-        int width = 320;
-        int height = 240;
-        ANativeWindow* window = nullptr;
-        std::vector<uint8_t> parameterSets;
-        int rotation = 0;  ///< Degrees.
-    };
-
-    explicit CodecClient(const Setup& setup);
+    /// \param csd parameter sets for the format; \param rotation in degrees, clockwise
+    explicit CodecClient(const TestStream& stream, ANativeWindow* window = nullptr,
+                         int rotation = 0, const std::vector<uint8_t>& csd = {});
     ~CodecClient() { AMediaCodec_delete(codec_); }
     CodecClient(const CodecClient&) = delete;
     CodecClient& operator=(const CodecClient&) = delete;
 
     AMediaCodec* Get() const { return codec_; }
 
+    /// Queues all units, and ends the stream. \return all results.
+    std::vector<TestOutput> Decode(const std::vector<TestUnit>& units);
     /// Queues all units. \return the results that came meanwhile.
     std::vector<TestOutput> Feed(const std::vector<TestUnit>& units);
     /// Ends the stream. \return the remaining results.

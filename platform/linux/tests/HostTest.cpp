@@ -49,37 +49,37 @@ private:
     std::thread thread_;
 };
 
-TestStream BrighteningStream(int bFrames) {
+TestStream BrighteningStream() {
     TestStream stream;
-    stream.bFrames = bFrames;
     stream.picture = [](int index) { return Gray(static_cast<uint8_t>(30 + 4 * index)); };
     return stream;
 }
 
 class HostOfDecoder : public testing::Test {
 protected:
+    HostOfDecoder() { HostDecoder_setLockStep(host.get(), 1); }
+
     /// Plays all \p units, picture by picture. \return a pixel and the unit of each.
-    std::vector<std::pair<int, int64_t>> Play(CodecClient& client, HostDecoder* host,
-                                              const std::vector<TestUnit>& units) {
+    std::vector<std::pair<int, int64_t>> Play(const std::vector<TestUnit>& units) {
         const Drainer drainer(client.Get());
         for (const TestUnit& unit : units) {
-            while (HostDecoder_waitForInput(host, 1000) == HOST_TIMED_OUT) {
-                TakePicture(host, 0);
+            while (HostDecoder_waitForInput(host.get(), 1000) == HOST_TIMED_OUT) {
+                TakePicture(0);
             }
             EXPECT_EQ(QueueUnit(client.Get(), unit, 0), 0);
         }
-        while (HostDecoder_endStream(host, 1000) == HOST_TIMED_OUT) {
-            TakePicture(host, 0);
+        while (HostDecoder_endStream(host.get(), 1000) == HOST_TIMED_OUT) {
+            TakePicture(0);
         }
-        while (TakePicture(host, kLongUs) == HOST_READY) {
+        while (TakePicture(kLongUs) == HOST_READY) {
         }
         return std::move(seen);
     }
 
-    HostResult TakePicture(HostDecoder* host, int64_t timeoutUs) {
+    HostResult TakePicture(int64_t timeoutUs) {
         HostFrames frames;
         const auto count = static_cast<int64_t>(seen.size());
-        const HostResult result = HostDecoder_waitForFrame(host, count, timeoutUs, &frames);
+        const HostResult result = HostDecoder_waitForFrame(host.get(), count, timeoutUs, &frames);
         if (result == HOST_READY) {
             EXPECT_EQ(frames.delivered, count + 1) << "one at a time";
             auto frame = window.queue->Acquire();
@@ -89,18 +89,18 @@ protected:
         return result;
     }
 
+    TestStream stream = BrighteningStream();
     TestWindow window;
+    CodecClient client{stream, window.window, 90};
+    const Host host{HostDecoder_acquire()};
     std::vector<std::pair<int, int64_t>> seen;
 };
 
 TEST_F(HostOfDecoder, SeesEveryPictureOnceInLockStep) {
     constexpr int kCount = 40;
-    const TestStream stream = BrighteningStream(2);
+    stream.bFrames = 2;
     const auto units = Encode(stream, kCount);
-    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}, 0});
-    const Host host(HostDecoder_acquire());
-    HostDecoder_setLockStep(host.get(), 1);
-    const auto pictures = Play(client, host.get(), units);
+    const auto pictures = Play(units);
     ASSERT_EQ(pictures.size(), static_cast<size_t>(kCount));
     for (int i = 0; i < kCount; ++i) {
         const auto& [level, unit] = pictures[static_cast<size_t>(i)];
@@ -111,9 +111,6 @@ TEST_F(HostOfDecoder, SeesEveryPictureOnceInLockStep) {
 
 TEST_F(HostOfDecoder, SteppingHoldsAPictureThatWasShown) {
     constexpr int kCount = 8;
-    const TestStream stream = BrighteningStream(0);
-    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}, 0});
-    const Host host(HostDecoder_acquire());
     HostDecoder_setStepping(host.get(), 1);
     client.Feed(Encode(stream, kCount));
     HostDecoder_endStream(host.get(), -1);
@@ -136,10 +133,6 @@ TEST_F(HostOfDecoder, SteppingHoldsAPictureThatWasShown) {
 }
 
 TEST_F(HostOfDecoder, KeepsTimeOutsWhileAPictureWaitsToBeShown) {
-    const TestStream stream = BrighteningStream(0);
-    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}, 0});
-    const Host host(HostDecoder_acquire());
-    HostDecoder_setLockStep(host.get(), 1);
     client.Feed(Encode(stream, 8));
     AMediaCodecBufferInfo info;
     while (HostDecoder_waitForFrame(host.get(), 0, 0, nullptr) == HOST_TIMED_OUT) {
@@ -154,7 +147,7 @@ TEST_F(HostOfDecoder, KeepsTimeOutsWhileAPictureWaitsToBeShown) {
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::microseconds(kShortUs));
 
     // A stop ends a wait without limit.
-    std::thread stopper([&client] {
+    std::thread stopper([this] {
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
         AMediaCodec_stop(client.Get());
     });
@@ -167,12 +160,12 @@ TEST_F(HostOfDecoder, KeepsTimeOutsWhileAPictureWaitsToBeShown) {
     EXPECT_EQ(frames.latched, 0);
 }
 
-TEST_F(HostOfDecoder, AppliesToTheThreadsNewestDecoderAsLongAsThatLives) {
+TEST(HostOfDecoders, AppliesToTheThreadsNewestAsLongAsThatLives) {
     {
-        const CodecClient outer(CodecClient::Setup{});
+        const CodecClient outer(TestStream{});
         const Host first(HostDecoder_acquire());
         std::thread([] { EXPECT_EQ(HostDecoder_acquire(), nullptr); }).join();
-        CodecClient::Setup large;
+        TestStream large;
         large.width = 1920;
         large.height = 1080;
         const CodecClient inner(large);
@@ -189,11 +182,7 @@ TEST_F(HostOfDecoder, AppliesToTheThreadsNewestDecoderAsLongAsThatLives) {
 }
 
 TEST_F(HostOfDecoder, GoesOnWithAnotherWindow) {
-    const TestStream stream = BrighteningStream(0);
     const auto units = Encode(stream, 4);
-    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}, 90});
-    const Host host(HostDecoder_acquire());
-    HostDecoder_setLockStep(host.get(), 1);
     const Drainer drainer(client.Get());
     EXPECT_EQ(QueueUnit(client.Get(), units[0], 0), 0);
     EXPECT_EQ(QueueUnit(client.Get(), units[1], 0), 0);
@@ -211,12 +200,8 @@ TEST_F(HostOfDecoder, GoesOnWithAnotherWindow) {
 }
 
 TEST_F(HostOfDecoder, DoesNotWaitForPicturesThatNobodyCanShow) {
-    const TestStream stream = BrighteningStream(0);
-    CodecClient client({stream.MimeType(), stream.width, stream.height, window.window, {}, 0});
-    const Host host(HostDecoder_acquire());
-    HostDecoder_setLockStep(host.get(), 1);
     window.queue->Abandon();
-    EXPECT_TRUE(Play(client, host.get(), Encode(stream, 12)).empty());
+    EXPECT_TRUE(Play(Encode(stream, 12)).empty());
 }
 
 }  // namespace

@@ -24,10 +24,6 @@ TestStream OddStream() {
     return stream;
 }
 
-CodecClient::Setup SetupFor(const TestStream& stream, ANativeWindow* window) {
-    return {stream.MimeType(), stream.width, stream.height, window, {}, 0};
-}
-
 class Strict : public testing::Test {
 protected:
     Strict() { HostPlatform_setStrict(1); }
@@ -41,14 +37,13 @@ TEST_F(Strict, GivesInputBuffersTheCapacityThatIsAskedFor) {
     HostBehavior behavior = {};
     behavior.inputCapacity = units[0].bytes.size();
     HostDecoder_setBehavior(nullptr, &behavior);
-    CodecClient client(SetupFor(stream, nullptr));
+    CodecClient client(stream);
     size_t capacity = 0;
     ASSERT_EQ(AMediaCodec_dequeueInputBuffer(client.Get(), 0), 0);
     ASSERT_NE(AMediaCodec_getInputBuffer(client.Get(), 0, &capacity), nullptr);
     EXPECT_EQ(capacity, units[0].bytes.size());
     EXPECT_LT(AMediaCodec_queueInputBuffer(client.Get(), 0, 1, capacity, 0, 0), 0);
-    client.Feed(units);
-    EXPECT_EQ(Pictures(client.Finish()).size(), 1U);
+    EXPECT_EQ(Pictures(client.Decode(units)).size(), 1U);
 }
 
 TEST_F(Strict, PadsPicturesInGreenOutsideOfTheCrop) {
@@ -56,11 +51,8 @@ TEST_F(Strict, PadsPicturesInGreenOutsideOfTheCrop) {
     HostBehavior behavior = {};
     behavior.rotation = 180;
     HostDecoder_setBehavior(nullptr, &behavior);
-    CodecClient::Setup setup = SetupFor(stream, target.window);
-    setup.rotation = 270;
-    CodecClient client(setup);
-    client.Feed(Encode(stream, 3));
-    client.Finish();
+    CodecClient client(stream, target.window, 270);
+    client.Decode(Encode(stream, 3));
 
     AMediaFormat* format = AMediaCodec_getOutputFormat(client.Get());
     EXPECT_STREQ(AMediaFormat_toString(format),
@@ -97,8 +89,8 @@ TEST_F(Strict, PadsPicturesInGreenOutsideOfTheCrop) {
 using StrictDeathTest = Strict;
 
 /// Deletes the codec while a call waits for its output.
-void DeleteUnderACall(const CodecClient::Setup& setup) {
-    auto client = std::make_unique<CodecClient>(setup);
+void DeleteUnderACall(const TestStream& stream) {
+    auto client = std::make_unique<CodecClient>(stream);
     std::thread waiting([codec = client->Get()] {
         AMediaCodecBufferInfo info;
         AMediaCodec_dequeueOutputBuffer(codec, &info, -1);
@@ -110,12 +102,11 @@ void DeleteUnderACall(const CodecClient::Setup& setup) {
 
 TEST_F(StrictDeathTest, HandlesAndBuffersDieWithTheirRelease) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    const CodecClient::Setup setup = SetupFor(stream, nullptr);
     AMediaCodec* codec = AMediaCodec_createDecoderByType("video/avc");
     EXPECT_EQ(AMediaCodec_delete(codec), AMEDIA_OK);
     EXPECT_DEATH(AMediaCodec_stop(codec), "heap-use-after-free");
     EXPECT_DEATH(AMediaCodec_stop(nullptr), "null pointer");
-    EXPECT_DEATH(DeleteUnderACall(setup), "heap-use-after-free");
+    EXPECT_DEATH(DeleteUnderACall(stream), "heap-use-after-free");
 
     AMediaFormat* format = AMediaFormat_new();
     AMediaFormat_delete(format);
@@ -126,7 +117,7 @@ TEST_F(StrictDeathTest, HandlesAndBuffersDieWithTheirRelease) {
     ANativeWindow_release(window);
     EXPECT_DEATH(ANativeWindow_getWidth(window), "heap-use-after-free");
 
-    const CodecClient client(setup);
+    const CodecClient client(stream);
     size_t capacity = 0;
     ASSERT_EQ(AMediaCodec_dequeueInputBuffer(client.Get(), 0), 0);
     uint8_t* buffer = AMediaCodec_getInputBuffer(client.Get(), 0, &capacity);
@@ -203,7 +194,7 @@ TEST(Behavior, FailsInTheChosenCallOnlyAndOnce) {
 
 TEST(Behavior, ChangesInMidStream) {
     const TestStream stream = OddStream();
-    CodecClient client(SetupFor(stream, nullptr));
+    CodecClient client(stream);
     HostDecoder* host = HostDecoder_acquire();
     HostBehavior behavior = {};
     behavior.failing = HOST_CALL_ALL;

@@ -78,16 +78,18 @@ av::Frame NewFrame(const AVCodecContext& context) {
 void Receive(AVCodecContext* context, std::vector<TestUnit>* units) {
     const av::Packet packet(av_packet_alloc());
     while (avcodec_receive_packet(context, packet.get()) == 0) {
-        units->push_back({{packet->data, packet->data + packet->size}, packet->pts});
+        units->push_back({{packet->data, packet->data + packet->size},
+                          packet->pts,
+                          packet->dts,
+                          (packet->flags & AV_PKT_FLAG_KEY) != 0});
         av_packet_unref(packet.get());
     }
 }
 
 }  // namespace
 
-std::vector<TestUnit> Encode(const TestStream& stream, int count,
-                             std::vector<uint8_t>* parameterSets) {
-    const av::CodecContext context = OpenEncoder(stream);
+std::vector<TestUnit> Encode(const TestStream& stream, int count, av::CodecContext* encoder) {
+    av::CodecContext context = OpenEncoder(stream);
     std::vector<TestUnit> units;
     for (int index = 0; index < count; ++index) {
         const av::Frame frame = NewFrame(*context);
@@ -99,8 +101,8 @@ std::vector<TestUnit> Encode(const TestStream& stream, int count,
     }
     Check(avcodec_send_frame(context.get(), nullptr), "drain");
     Receive(context.get(), &units);
-    if (parameterSets != nullptr) {
-        parameterSets->assign(context->extradata, context->extradata + context->extradata_size);
+    if (encoder != nullptr) {
+        *encoder = std::move(context);
     }
     return units;
 }

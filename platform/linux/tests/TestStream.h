@@ -12,6 +12,8 @@
 struct TestUnit {
     std::vector<uint8_t> bytes;
     int64_t timeUs = 0;
+    int64_t decodingTimeUs = 0;
+    bool key = false;
 };
 
 struct Yuv {
@@ -37,6 +39,12 @@ struct TestStream {
     bool parameterSetsApart = false;
     std::function<Quarters(int index)> picture;
 
+    /// Motion JPEG, in full range.
+    void MakeJpeg(AVPixelFormat jpegLayout) {
+        encoder = "mjpeg";
+        layout = jpegLayout;
+        range = AVCOL_RANGE_JPEG;
+    }
     std::string MimeType() const { return encoder == "mjpeg" ? "video/mjpeg" : "video/avc"; }
 };
 
@@ -48,6 +56,6 @@ inline TestStream::Quarters Gray(uint8_t level) {
 }
 
 /// Units in decoding order; picture n has the time n * kFrameTimeUs.
-/// \param parameterSets receives the parameter sets if they are kept apart.
+/// \param encoder receives the encoder, which has the parameter sets if they are kept apart.
 std::vector<TestUnit> Encode(const TestStream& stream, int count,
-                             std::vector<uint8_t>* parameterSets = nullptr);
+                             av::CodecContext* encoder = nullptr);
