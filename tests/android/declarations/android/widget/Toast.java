@@ -7,7 +7,7 @@ public class Toast {
 
     private Toast() {}
 
-    public static native Toast makeText(Context context, int text, int duration);
+    public static native Toast makeText(Context context, CharSequence text, int duration);
 
     public native void show();
 }

@@ -23,14 +23,10 @@ public class ViewPositionTest extends GlTest {
         int sticker = gl.newTexture();
         gl.fill(sticker, 1, 1, flat(PixelLayout.RGBA, 1, 1, STICKER).slice());
         try (VideoRenderer renderer =
-                builder(VideoSource.RGBA, WIDTH, HEIGHT).mask(PixelLayout.RGB, 1, 1).build()) {
-            renderer.setView(view.x(), view.zoom());
+                builder(VideoSource.RGBA, WIDTH, HEIGHT).drawAtOnce().build()) {
+            renderer.setView(view.x(), view.y(), view.zoom());
             renderer.setStickers(sticker, view.anchorX(x, WIDTH), view.anchorY(y, HEIGHT));
-            for (int i = 0; i < 4; ++i) {
-                renderer.draw(
-                        flat(PixelLayout.RGBA, WIDTH, HEIGHT, Color.WHITE),
-                        flat(PixelLayout.RGB, 1, 1, Color.WHITE));
-            }
+            renderer.draw(flat(PixelLayout.RGBA, WIDTH, HEIGHT, Color.WHITE));
         }
         return drawn(WIDTH, HEIGHT);
     }
@@ -61,7 +57,7 @@ public class ViewPositionTest extends GlTest {
         assertStickerAt(0.3F, 0.6F);
         view.zoomBy(1.5F);
         assertStickerAt(0.7F, 0.2F);
-        view.drag(0.2F);
+        view.drag(0.2F, 0.1F);
         assertStickerAt(0.5F, 0.5F);
     }
 
@@ -69,8 +65,10 @@ public class ViewPositionTest extends GlTest {
     @Test
     public void draggingMovesThePictureByThePartDragged() {
         view.zoomBy(1.5F);
-        int before = view.anchorX(0.5F, WIDTH);
-        view.drag(0.1F);
-        assertEquals(before, view.anchorX(0.6F, WIDTH), 1);
+        int column = view.anchorX(0.5F, WIDTH);
+        int row = view.anchorY(0.5F, HEIGHT);
+        view.drag(0.1F, -0.2F);
+        assertEquals(column, view.anchorX(0.6F, WIDTH), 1);
+        assertEquals(row, view.anchorY(0.3F, HEIGHT), 1);
     }
 }

@@ -41,7 +41,7 @@ final class Gestures implements View.OnTouchListener {
 
         @Override
         public boolean onScroll(MotionEvent first, MotionEvent now, float left, float up) {
-            view.queueEvent(() -> player.drag(-left));
+            view.queueEvent(() -> player.drag(-left, -up));
             return true;
         }
 

@@ -5,22 +5,17 @@ import android.net.Uri;
 import android.opengl.GLES30;
 import android.opengl.GLSurfaceView;
 import java.io.IOException;
-import java.nio.ByteBuffer;
 import java.util.Arrays;
+import java.util.function.Consumer;
 import javax.microedition.khronos.egl.EGLConfig;
 import javax.microedition.khronos.opengles.GL10;
-import org.vornrenderer.PixelLayout;
 import org.vornrenderer.VideoRenderer;
 import org.vornrenderer.VideoSource;
 
 /** Plays a file on the screen. All methods run on the GL thread. */
 final class Player implements GLSurfaceView.Renderer {
-    /** A mask that hides nothing. Only a renderer with a mask has a view that moves. */
-    private final ByteBuffer white =
-            ByteBuffer.allocateDirect(3).put(0, (byte) 255).put(1, (byte) 255).put(2, (byte) 255);
-
     private final Context context;
-    private final Runnable unplayable;
+    private final Consumer<Exception> unplayable;
     private final ViewPosition view = new ViewPosition();
     private int[] stickers = {};
     private boolean mirrored;
@@ -35,7 +30,7 @@ final class Player implements GLSurfaceView.Renderer {
     private int width;
     private int height;
 
-    Player(Context context, Runnable unplayable) {
+    Player(Context context, Consumer<Exception> unplayable) {
         this.context = context;
         this.unplayable = unplayable;
     }
@@ -43,7 +38,10 @@ final class Player implements GLSurfaceView.Renderer {
     /** The context is new. Objects of the old one are gone; the decoder must still be closed. */
     @Override
     public void onSurfaceCreated(GL10 gl, EGLConfig config) {
-        close();
+        if (renderer != null) {
+            renderer.closeAfterContextLoss();
+            forget();
+        }
     }
 
     @Override
@@ -61,10 +59,14 @@ final class Player implements GLSurfaceView.Renderer {
             GLES30.glClear(GLES30.GL_COLOR_BUFFER_BIT);
             return;
         }
-        feed.feed(renderer);
-        renderer.setView(view.x(), view.zoom());
-        renderer.draw(null, white);
-        stage.show(width, height);
+        try {
+            feed.feed(renderer);
+            renderer.setView(view.x(), view.y(), view.zoom());
+            renderer.draw();
+            stage.show(width, height);
+        } catch (IllegalStateException e) {
+            giveUp(e);
+        }
     }
 
     void play(Uri newFile) {
@@ -81,9 +83,9 @@ final class Player implements GLSurfaceView.Renderer {
         }
     }
 
-    void drag(float pixels) {
+    void drag(float right, float down) {
         if (stage != null) {
-            view.drag(pixels / stage.shownWidth());
+            view.drag(right / stage.shownWidth(), down / stage.shownHeight());
         }
     }
 
@@ -107,30 +109,53 @@ final class Player implements GLSurfaceView.Renderer {
         if (renderer == null) {
             return;
         }
-        positionUs = feed.positionUs();
-        feed.close();
         stage.close();
         renderer.close();
+        forget();
+    }
+
+    private void forget() {
+        positionUs = feed.positionUs();
+        feed.close();
         renderer = null;
         feed = null;
         stage = null;
     }
 
+    private void giveUp(Exception reason) {
+        close();
+        file = null;
+        unplayable.accept(reason);
+    }
+
     private void open() {
         try {
             feed = new UnitFeed(context, file, positionUs);
-        } catch (IOException | IllegalArgumentException | SecurityException e) {
-            file = null;
-            unplayable.run();
+            stage = new Stage(feed.width(), feed.height());
+            renderer =
+                    new VideoRenderer.Builder(VideoSource.H264, feed.width(), feed.height())
+                            .destination(stage.picture())
+                            .build();
+        } catch (IOException
+                | IllegalArgumentException
+                | IllegalStateException
+                | SecurityException e) {
+            closeHalfOpen();
+            giveUp(e);
             return;
         }
-        stage = new Stage(feed.width(), feed.height());
-        renderer =
-                new VideoRenderer.Builder(VideoSource.H264, feed.width(), feed.height())
-                        .destination(stage.picture())
-                        .mask(PixelLayout.RGB, 1, 1)
-                        .build();
         renderer.setMirrored(mirrored);
         renderer.setStickers(stage.sticker(), stickers);
+    }
+
+    private void closeHalfOpen() {
+        if (stage != null) {
+            stage.close();
+            stage = null;
+        }
+        if (feed != null) {
+            feed.close();
+            feed = null;
+        }
     }
 }

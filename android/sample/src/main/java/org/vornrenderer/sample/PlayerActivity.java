@@ -18,7 +18,7 @@ public final class PlayerActivity extends Activity {
     protected void onCreate(Bundle state) {
         super.onCreate(state);
         setContentView(R.layout.player);
-        player = new Player(this, () -> runOnUiThread(this::tellUnplayable));
+        player = new Player(this, e -> runOnUiThread(() -> showUnplayable(e)));
         picture = findViewById(R.id.picture);
         picture.setEGLContextClientVersion(3);
         picture.setRenderer(player);
@@ -57,7 +57,8 @@ public final class PlayerActivity extends Activity {
         }
     }
 
-    private void tellUnplayable() {
-        Toast.makeText(this, R.string.cannot_play, Toast.LENGTH_LONG).show();
+    private void showUnplayable(Exception reason) {
+        String text = getString(R.string.cannot_play, reason.getMessage());
+        Toast.makeText(this, text, Toast.LENGTH_LONG).show();
     }
 }

@@ -9,7 +9,7 @@ import android.opengl.GLUtils;
 
 /**
  * The GL objects around a renderer: its destination, a sticker, and a framebuffer to copy to the
- * screen. Made and closed with the renderer, as the end of a renderer may delete framebuffers.
+ * screen.
  */
 final class Stage {
     private static final int STICKER_SIZE = 64;
@@ -43,6 +43,10 @@ final class Stage {
 
     int shownWidth() {
         return shownWidth;
+    }
+
+    int shownHeight() {
+        return shownHeight;
     }
 
     float partX(float x) {

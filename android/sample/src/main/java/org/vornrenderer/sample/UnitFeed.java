@@ -7,6 +7,7 @@ import android.net.Uri;
 import java.io.IOException;
 import java.nio.Buffer;
 import java.nio.ByteBuffer;
+import org.vornrenderer.QueueResult;
 import org.vornrenderer.VideoRenderer;
 
 /** Passes the access units of a file to a renderer at the file's frame rate, in a loop. */
@@ -52,18 +53,29 @@ final class UnitFeed {
         return Math.max(0, extractor.getSampleTime());
     }
 
-    /** Passes on the unit that is due, if any. After a pause it does not catch up. */
+    /**
+     * Passes on the unit that is due, if any. After a pause it does not catch up. A unit for which
+     * the decoder has no room comes again at the next call.
+     *
+     * @throws IllegalStateException if the decoder failed
+     */
     void feed(VideoRenderer renderer) {
         long now = System.nanoTime();
         if (now < dueNs) {
             return;
         }
-        dueNs = Math.max(dueNs + intervalNs, now - intervalNs);
-        if (readUnit()) {
-            renderer.queueUnit(unit);
-            extractor.advance();
-        } else {
+        if (!readUnit()) {
             extractor.seekTo(0, MediaExtractor.SEEK_TO_PREVIOUS_SYNC);
+            return;
+        }
+        QueueResult result = renderer.queueUnit(unit, extractor.getSampleTime(), 0);
+        if (result == QueueResult.FAILED) {
+            throw new IllegalStateException(renderer.decoderState().failure.toString());
+        }
+        if (result != QueueResult.NO_ROOM) {
+            first = false;
+            extractor.advance();
+            dueNs = Math.max(dueNs + intervalNs, now - intervalNs);
         }
     }
 
@@ -109,7 +121,6 @@ final class UnitFeed {
         if (size < 0) {
             return false;
         }
-        first = false;
         bounds.limit(begin + size);
         bounds.position(0);
         return true;

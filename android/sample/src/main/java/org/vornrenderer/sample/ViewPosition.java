@@ -1,5 +1,7 @@
 package org.vornrenderer.sample;
 
+import org.vornrenderer.VideoRenderer;
+
 /**
  * The position of the camera. Converts points of the output to points of the picture.
  *
@@ -7,7 +9,6 @@ package org.vornrenderer.sample;
  * Points of the output run from 0 to 1, from its first column and row.
  */
 final class ViewPosition {
-    private static final float FIT = 1.4003148F;
     private static final float SCALE_AT_1 = 2.2998426F;
     private static final float NEAREST = 0.5F;
     private static final float FARTHEST = 3;
@@ -16,19 +17,25 @@ final class ViewPosition {
     private static final float STICKER_OFFSET = 0.3F;
 
     private float x;
-    private float distance = 3 - FIT / 2;
+    private float y;
+    private float distance = 3 - VideoRenderer.ZOOM_FIT / 2;
 
     float x() {
         return x;
+    }
+
+    float y() {
+        return y;
     }
 
     float zoom() {
         return 2 * (3 - distance);
     }
 
-    /** Moves the picture to the right by this part of the output's width. */
-    void drag(float part) {
-        x = clamp(x - 2 * part / scale(), -1, 1);
+    /** Moves the picture right and down by these parts of the output's width and height. */
+    void drag(float right, float down) {
+        x = clamp(x - 2 * right / scale(), -1, 1);
+        y = clamp(y - 2 * down / scale(), -1, 1);
     }
 
     void zoomBy(float factor) {
@@ -42,7 +49,7 @@ final class ViewPosition {
 
     /** The anchor of a sticker whose middle is at this part of the output's height. */
     int anchorY(float part, int height) {
-        return Math.round((seen(part) + STICKER_OFFSET + 1) / 2 * height);
+        return Math.round((y + seen(part) + STICKER_OFFSET + 1) / 2 * height);
     }
 
     private float scale() {
