@@ -13,6 +13,13 @@ VERendererOptions OptionsOf(int32_t source, int width, int height) {
     return options;
 }
 
+VERendererOptions WithMask(VERendererOptions options, const Image& mask, int32_t format) {
+    options.maskFormat = format;
+    options.maskWidth = mask.size.width;
+    options.maskHeight = mask.size.height;
+    return options;
+}
+
 ExtRenderer::ExtRenderer(const VERendererOptions& options) : options(options) {
     const VEResult result = VECreateRenderer(&this->options, &handle);
     EXPECT_EQ(VE_OK, result) << VEResultText(result);

@@ -8,6 +8,9 @@
 /// Options of a renderer of \p source, with an output texture.
 VERendererOptions OptionsOf(int32_t source, int width, int height);
 
+/// Adds a mask of pixels of \p format to the options.
+VERendererOptions WithMask(VERendererOptions options, const Image& mask, int32_t format);
+
 /// A guarded renderer with an output texture, in the current context.
 class ExtRenderer {
 public:

@@ -13,12 +13,7 @@ protected:
     Image maskA = Solid({1, 1}, {1, 1, 1, 50});
     Image maskB = Solid({1, 1}, {1, 1, 1, 60});
 
-    static VERendererOptions Options() {
-        VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 6, 4);
-        options.maskFormat = VE_MASK_RGBA;
-        options.maskWidth = options.maskHeight = 1;
-        return options;
-    }
+    VERendererOptions options = WithMask(OptionsOf(VE_SOURCE_RGBA, 6, 4), maskA, VE_MASK_RGBA);
 
     static void Expect(const VEDrawn& drawn, bool picture, bool newPicture) {
         EXPECT_EQ(picture, drawn.picture);
@@ -33,7 +28,7 @@ protected:
 };
 
 TEST_F(ExtLatency, FramesAndMasksComeOneCallLaterAndNoneIsLost) {
-    ExtRenderer renderer(Options());
+    ExtRenderer renderer(options);
     Image before = Noise({6, 4}, 9);
     Fill(renderer.options.outputTexture, before);
     Expect(renderer.drawFrame(nullptr), false, false);
@@ -50,7 +45,6 @@ TEST_F(ExtLatency, FramesAndMasksComeOneCallLaterAndNoneIsLost) {
 }
 
 TEST_F(ExtLatency, OrAtOnce) {
-    VERendererOptions options = Options();
     options.drawAtOnce = true;
     ExtRenderer renderer(options);
     Expect(renderer.drawFrame(nullptr), false, false);

@@ -18,11 +18,8 @@ protected:
     Image mask = Noise({4, 4}, 2);
     unsigned sticker = NewTexture();
 
-    static VERendererOptions decoratedOptions() {
-        VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 8, 8);
-        options.maskFormat = VE_MASK_RGBA;
-        options.maskWidth = options.maskHeight = 4;
-        return options;
+    VERendererOptions decoratedOptions() const {
+        return WithMask(OptionsOf(VE_SOURCE_RGBA, 8, 8), mask, VE_MASK_RGBA);
     }
 
     /// A renderer that has made all that it ever makes.
@@ -74,17 +71,21 @@ TEST_F(ExtLifetime, AFrameFitsPixelByPixelAlsoStorageThatCannotChange) {
     EXPECT_EQ(frame.pixels, renderer.readBack().pixels);
 }
 
-TEST_F(ExtLifetime, HandlesOfTheOtherWayInAreRefused) {
+TEST_F(ExtLifetime, HandlesWithoutADecoderAndOfTheOtherWayInAreRefused) {
     RendererHarness seven({VE_OUTPUT_PICTURE, VE_MODE_RGBA, 8, 8, 0, 0, 0});
+    ExtRenderer raw(OptionsOf(VE_SOURCE_RGBA, 8, 8));
+    auto* sevens = static_cast<VERenderer*>(seven.handle);
     VEDecoderState state = VEMakeDecoderState();
     VEUnit unit = VEMakeUnit();
-    for (auto* handle :
-         {static_cast<VERenderer*>(nullptr), static_cast<VERenderer*>(seven.handle)}) {
+    for (VERenderer* handle : {static_cast<VERenderer*>(nullptr), sevens, raw.handle}) {
+        const VEResult result = handle == raw.handle ? VE_ERROR_UNSUPPORTED : VE_ERROR_HANDLE;
+        EXPECT_EQ(result, VEQueueUnit(handle, &unit));
+        EXPECT_EQ(result, VEFlush(handle));
+        EXPECT_EQ(result, VEGetDecoderState(handle, &state));
+        EXPECT_EQ(result, VEGetSurface(handle, nullptr, nullptr));
+    }
+    for (VERenderer* handle : {static_cast<VERenderer*>(nullptr), sevens}) {
         EXPECT_EQ(VE_ERROR_HANDLE, VEDraw(handle, nullptr, nullptr));
-        EXPECT_EQ(VE_ERROR_HANDLE, VEQueueUnit(handle, &unit));
-        EXPECT_EQ(VE_ERROR_HANDLE, VEFlush(handle));
-        EXPECT_EQ(VE_ERROR_HANDLE, VEGetDecoderState(handle, &state));
-        EXPECT_EQ(VE_ERROR_HANDLE, VEGetSurface(handle, nullptr, nullptr));
         EXPECT_EQ(VE_ERROR_HANDLE, VECloseRenderer(handle, VE_CONTEXT_CURRENT));
     }
 }
@@ -191,16 +192,6 @@ TEST_F(ExtLifetime, StructsOfOlderAndNewerCallersAreTaken) {
     EXPECT_EQ(VE_OK, VEDraw(renderer.handle, &older, &drawn));
     EXPECT_TRUE(drawn.picture);
     EXPECT_EQ(77, drawn.ptsUs);
-}
-
-TEST_F(ExtLifetime, OnlyCompressedVideoHasADecoder) {
-    ExtRenderer renderer(OptionsOf(VE_SOURCE_RGBA, 8, 8));
-    VEDecoderState state = VEMakeDecoderState();
-    VEUnit unit = VEMakeUnit();
-    EXPECT_EQ(VE_ERROR_UNSUPPORTED, VEQueueUnit(renderer.handle, &unit));
-    EXPECT_EQ(VE_ERROR_UNSUPPORTED, VEFlush(renderer.handle));
-    EXPECT_EQ(VE_ERROR_UNSUPPORTED, VEGetDecoderState(renderer.handle, &state));
-    EXPECT_EQ(VE_ERROR_UNSUPPORTED, VEGetSurface(renderer.handle, nullptr, nullptr));
 }
 
 }  // namespace

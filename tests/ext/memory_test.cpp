@@ -1,4 +1,5 @@
-// The heap runs out, at each allocation of the library's in turn.
+// The library allocates nothing for a frame but the mesh of a sticker. When the heap runs out, at
+// each allocation of the library's in turn, creation fails.
 
 #include <dlfcn.h>
 #include <link.h>
@@ -11,11 +12,15 @@
 
 #include "ext/ExtRenderer.h"
 #include "ext/GlNameCount.h"
+#include "kernel/Allocator.h"
+#include "kernel/Log.h"
+#include "kernel/System.h"
 
 namespace {
 
 /// How many more allocations succeed; negative for all.
 thread_local int allocationsLeft = -1;
+thread_local int allocations = 0;  ///< Of the library.
 
 /// GL's own allocations always succeed.
 bool IsOfTheLibrary(void* caller) {
@@ -24,10 +29,18 @@ bool IsOfTheLibrary(void* caller) {
            std::strstr(object.dlfo_link_map->l_name, "libvornrenderer") != nullptr;
 }
 
+struct CountingAllocator : OVR::DefaultAllocator {
+    void* Alloc(size_t size) override { return ++allocations, std::malloc(size); }
+    void* Realloc(void* p, size_t size) override { return ++allocations, std::realloc(p, size); }
+};
+
+CountingAllocator countingAllocator;
+
 }  // namespace
 
 __attribute__((noinline)) void* operator new(size_t size) {
-    if (allocationsLeft >= 0 && IsOfTheLibrary(__builtin_return_address(0))) {
+    if (IsOfTheLibrary(__builtin_return_address(0))) {
+        ++allocations;
         if (allocationsLeft == 0) {
             throw std::bad_alloc();
         }
@@ -44,12 +57,32 @@ __attribute__((noinline)) void operator delete(void* block, size_t) noexcept {
 
 namespace {
 
-TEST(ExtMemory, CreationGivesAResultAndLeavesNothingAndADrawNeedsNone) {
+TEST(Memory, OnlyStickersOfTheSevenFunctionsTakeIt) {
+    OVR::System::Destroy();
+    OVR::System::Init(OVR::Log::GetDefaultLog(), &countingAllocator);
     const TestContext context;
-    VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 8, 6);
-    options.maskFormat = VE_MASK_RGBA;
-    options.maskWidth = options.maskHeight = 8;
+    Image frame = Noise({64, 48}, 1);
+    RendererHarness renderer({VE_OUTPUT_MASKED, VE_MODE_RGBA, 64, 48, VE_MASK_RGBA, 8, 8});
+    const auto allocationsOf = [&](VEStickerList stickers) {
+        allocations = 0;
+        void* pixels = frame.pixels.data();
+        VEUpdateUserPosition(renderer.handle, 0.1F, 0, 2.5F, 0);
+        VEUpdateRenderer(renderer.handle, pixels, 0, true, pixels);
+        VEUpdateRendererWithSticker(renderer.handle, pixels, 0, true, pixels, 1, stickers);
+        return allocations;
+    };
+    for (int warmUp = 0; warmUp < 4; ++warmUp) {
+        allocationsOf({{30, 30}});
+    }
+    EXPECT_EQ(allocationsOf({}), 0);
+    EXPECT_GT(allocationsOf({{30, 30}}), 0) << "the counter does not count";
+}
+
+TEST(Memory, CreationGivesAResultAndLeavesNothingAndADrawNeedsNone) {
+    const TestContext context;
     const Image frame = Noise({8, 8}, 1);
+    const VERendererOptions options =
+        WithMask(OptionsOf(VE_SOURCE_RGBA, 8, 6), frame, VE_MASK_RGBA);
     Fill(options.outputTexture, frame);
     const int names = CountGlNames();
     VERenderer* renderer = nullptr;

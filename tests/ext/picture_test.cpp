@@ -58,22 +58,6 @@ TEST_F(ExtPicture, EachRotationAndMirrorWithMaskStickersAndAViewInBothDirections
     }
 }
 
-TEST_F(ExtPicture, TheFirstRowTurnedByAQuarterBecomesTheLastColumn) {
-    VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 40, 24);
-    options.outputWidth = 24;
-    options.outputHeight = 40;
-    options.drawAtOnce = true;
-    ExtRenderer renderer(options);
-    VEDrawOptions draw = VEMakeDrawOptions();
-    draw.frame = frame.pixels.data();
-    draw.rotation = 90;
-    renderer.draw(draw);
-    const Image turned = renderer.readBack();
-    EXPECT_EQ(frame.Pixel(0, 0), turned.Pixel(23, 0));
-    EXPECT_EQ(frame.Pixel(39, 0), turned.Pixel(23, 39));
-    EXPECT_EQ(frame.Pixel(5, 23), turned.Pixel(0, 5));
-}
-
 TEST_F(ExtPicture, TheSourceMatrixCropsAndTurnsThePictureOnly) {
     // A flip and a crop, as of a padded picture; the same turned; the texture's own orientation.
     const float crop[16] = {0.75F, 0, 0, 0, 0, -0.8F, 0, 0, 0, 0, 1, 0, 0.1F, 0.9F, 0, 1};
@@ -128,11 +112,8 @@ TEST_F(ExtPicture, AMaskTextureHasSoftEdges) {
 }
 
 TEST_F(ExtPicture, TheLastMaskStaysAndBeforeTheFirstThePictureIsWhole) {
-    VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 40, 24);
+    VERendererOptions options = WithMask(OptionsOf(VE_SOURCE_RGBA, 40, 24), mask, VE_MASK_RGBA);
     options.drawAtOnce = true;
-    options.maskFormat = VE_MASK_RGBA;
-    options.maskWidth = mask.size.width;
-    options.maskHeight = mask.size.height;
     ExtRenderer renderer(options);
     scene.zoom = VE_ZOOM_FIT;
     renderer.drawFrame(&frame);
@@ -151,11 +132,9 @@ TEST_F(ExtPicture, TheLastMaskStaysAndBeforeTheFirstThePictureIsWhole) {
 TEST_F(ExtPicture, IsThatOfTheSevenFunctionsBitForBit) {
     for (const Image* image : {&frame, &rgbFrame}) {
         const bool rgba = image == &frame;
-        VERendererOptions options =
-            OptionsOf(rgba ? VE_SOURCE_RGBA : VE_SOURCE_RGB, image->size.width, image->size.height);
-        options.maskFormat = VE_MASK_RGBA;
-        options.maskWidth = mask.size.width;
-        options.maskHeight = mask.size.height;
+        VERendererOptions options = WithMask(
+            OptionsOf(rgba ? VE_SOURCE_RGBA : VE_SOURCE_RGB, image->size.width, image->size.height),
+            mask, VE_MASK_RGBA);
         options.drawAtOnce = true;
         ExtRenderer renderer(options);
         RendererHarness seven({VE_OUTPUT_MASKED, rgba ? VE_MODE_RGBA : VE_MODE_RGB,
@@ -177,12 +156,8 @@ TEST_F(ExtPicture, IsThatOfTheSevenFunctionsBitForBit) {
 }
 
 TEST_F(ExtPicture, TheSevenFunctionsDrawItToo) {
-    VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 40, 24);
-    options.maskFormat = VE_MASK_RGBA;
-    options.maskWidth = mask.size.width;
-    options.maskHeight = mask.size.height;
-    ExtRenderer renderer(options);
-    Fill(options.outputTexture, frame);
+    ExtRenderer renderer(WithMask(OptionsOf(VE_SOURCE_RGBA, 40, 24), mask, VE_MASK_RGBA));
+    Fill(renderer.options.outputTexture, frame);
     VEStickerList stickers = {{20, 20}, {22, 18}};
     const unsigned texture = NewTexture();
     Fill(texture, sticker);

@@ -14,21 +14,21 @@ using Names = StateNames;
 class ExtState : public testing::TestWithParam<bool> {
 protected:
     TestContext context;
+    HostileState hostile;
     Image frame = Opaque(Noise({31, 17}, 1));
     Image mask = Opaque(Noise({5, 3}, 2));
     Image sticker = Noise({2, 2}, 3);
     Scene scene;
     std::vector<unsigned> textures = std::vector<unsigned>(6);
 
+    /// Another object at each binding.
     void bindToEverything() {
         unsigned buffers[3];
         unsigned samplers[2];
         unsigned framebuffers[2];
-        unsigned vertexArray = 0;
         glGenBuffers(3, buffers);
         glGenSamplers(2, samplers);
         glGenFramebuffers(2, framebuffers);
-        glGenVertexArrays(1, &vertexArray);
         glGenTextures(6, textures.data());
         for (GLuint unit = 0; unit < 3; ++unit) {
             glActiveTexture(GL_TEXTURE0 + unit);
@@ -37,7 +37,6 @@ protected:
             glBindSampler(unit, samplers[unit % 2]);
         }
         glSamplerParameteri(samplers[0], GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
-        glBindVertexArray(vertexArray);
         glBindBuffer(GL_ARRAY_BUFFER, buffers[0]);
         glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, buffers[1]);
         glBindBuffer(GL_PIXEL_UNPACK_BUFFER, buffers[2]);
@@ -45,25 +44,18 @@ protected:
         glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffers[1]);
     }
 
-    static void setHostileState() {
+    void setHostileState() {
+        hostile.SetUnpacking();
+        bindToEverything();
         for (const GLenum capability :
-             {GL_BLEND, GL_SCISSOR_TEST, GL_DEPTH_TEST, GL_STENCIL_TEST, GL_CULL_FACE,
-              GL_RASTERIZER_DISCARD, GL_PRIMITIVE_RESTART_FIXED_INDEX, GL_SAMPLE_COVERAGE,
+             {GL_RASTERIZER_DISCARD, GL_PRIMITIVE_RESTART_FIXED_INDEX, GL_SAMPLE_COVERAGE,
               GL_SAMPLE_ALPHA_TO_COVERAGE, GL_POLYGON_OFFSET_FILL}) {
             glEnable(capability);
         }
         glDisablei(GL_BLEND, 1);
         glColorMaski(2, GL_TRUE, GL_TRUE, GL_FALSE, GL_FALSE);
         glColorMaski(0, GL_FALSE, GL_TRUE, GL_FALSE, GL_FALSE);
-        glBlendFunc(GL_ZERO, GL_ZERO);
-        glScissor(1, 1, 1, 1);
-        glDepthFunc(GL_NEVER);
-        glStencilFunc(GL_NEVER, 0, 0);
-        glCullFace(GL_FRONT_AND_BACK);
         glSampleCoverage(0, GL_FALSE);
-        glViewport(3, 4, 5, 6);
-        glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
-        glPixelStorei(GL_UNPACK_ROW_LENGTH, 77);
         glPixelStorei(GL_UNPACK_SKIP_ROWS, 3);
         glPixelStorei(GL_UNPACK_SKIP_PIXELS, 5);
         glActiveTexture(GL_TEXTURE2);
@@ -80,11 +72,8 @@ protected:
 };
 
 TEST_P(ExtState, PictureAndStateAreRightFromAnyState) {
-    VERendererOptions options = OptionsOf(VE_SOURCE_RGB, 31, 17);
+    VERendererOptions options = WithMask(OptionsOf(VE_SOURCE_RGB, 31, 17), mask, VE_MASK_RGB);
     options.keepState = GetParam();
-    options.maskFormat = VE_MASK_RGB;
-    options.maskWidth = mask.size.width;
-    options.maskHeight = mask.size.height;
     const unsigned stickerTexture = NewTexture();
     Fill(stickerTexture, sticker);
     const int32_t place[] = {15, 15};
@@ -97,7 +86,6 @@ TEST_P(ExtState, PictureAndStateAreRightFromAnyState) {
     draw.stickers = place;
     draw.stickerCount = 1;
     glEnable(GL_DITHER);
-    bindToEverything();
     setHostileState();
     glGetError();
 
@@ -111,7 +99,6 @@ TEST_P(ExtState, PictureAndStateAreRightFromAnyState) {
             EXPECT_EQ(Names{}, GlSnapshot().ChangedSince(before)) << "by a draw";
             expectPerBufferStateKept();
         } else {
-            bindToEverything();
             setHostileState();
         }
     }

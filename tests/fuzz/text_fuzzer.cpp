@@ -1,8 +1,9 @@
 // Edits strings and their shared copies as the input says. After each step the characters
-// are compared with those of a slow reader. The results of edits are checked by the tests of the
+// are compared with those that ICU reads. The results of edits are checked by the tests of the
 // kernel; here the sanitizers watch them.
 
 #include <fuzzer/FuzzedDataProvider.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -10,7 +11,6 @@
 #include <string>
 #include <vector>
 
-#include "ReferenceText.h"
 #include "kernel/Allocator.h"
 #include "kernel/String.h"
 #include "kernel/UTF8Util.h"
@@ -34,6 +34,24 @@ constexpr size_t kMaxPieceSize = 24;
             Fail(__LINE__, #condition); \
         }                               \
     } while (false)
+
+/// A broken or whole character of a text: what it reads as, and its bytes.
+struct ReferenceChar {
+    uint32_t value;
+    std::string bytes;
+};
+
+std::vector<ReferenceChar> ReadUtf8(const std::string& utf8) {
+    std::vector<ReferenceChar> text;
+    const auto size = static_cast<int32_t>(utf8.size());
+    for (int32_t end = 0; end < size;) {
+        const int32_t start = end;
+        UChar32 ch = 0;
+        U8_NEXT_OR_FFFD(utf8.data(), end, size, ch);
+        text.push_back({static_cast<uint32_t>(ch), utf8.substr(start, end - start)});
+    }
+    return text;
+}
 
 void CheckDecoding(const std::string& utf8) {
     const std::vector<ReferenceChar> expected = ReadUtf8(utf8);

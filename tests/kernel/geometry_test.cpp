@@ -90,32 +90,6 @@ TEST_F(Geometry, CreatePacksOneBlockPerAttributeByLocation) {
     EXPECT_EQ(mesh.indices, (std::vector<uint16_t>{0, 1, 2}));
 }
 
-TEST_F(Geometry, AbsentAttributesAreDisabledAndTakeNoRoom) {
-    GlGeometry geometry = MakeGeometry(5, 3);
-
-    const MeshOnGpu mesh = Take(geometry);
-    EXPECT_EQ(mesh.vertexBytes, 5 * (12 + 8));
-    EXPECT_EQ(mesh.layout[5].offset, 5U * 12);
-    for (size_t location = 0; location < mesh.layout.size(); ++location) {
-        ASSERT_EQ(mesh.layout[location].enabled, location == 0 || location == 5) << location;
-    }
-}
-
-TEST_F(Geometry, CreateLeavesTheDefaultVertexArrayClean) {
-    GLES3::glEnableVertexAttribArray(0);
-    GLES3::glEnableVertexAttribArray(8);
-    GLES3::glEnableVertexAttribArray(9);
-    GlGeometry geometry = MakeGeometry(3, 3);
-
-    EXPECT_EQ(GetInteger(GL_VERTEX_ARRAY_BINDING), 0);
-    EXPECT_EQ(GetInteger(GL_ARRAY_BUFFER_BINDING), static_cast<GLint>(geometry.vertexBuffer));
-    for (GLuint location = 0; location <= 9; ++location) {
-        GLint enabled = -1;
-        GLES3::glGetVertexAttribiv(location, GL_VERTEX_ATTRIB_ARRAY_ENABLED, &enabled);
-        ASSERT_EQ(enabled, location == 9 ? 1 : 0) << location;
-    }
-}
-
 TEST_F(Geometry, UpdateReplacesVerticesAndKeepsTheRest) {
     GlGeometry geometry = MakeGeometry(4, 4);
     EXPECT_EQ(geometry.localBounds.Max.z, 6);

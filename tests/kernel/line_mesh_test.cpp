@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "GlTest.h"
 #include "MeshReader.h"
 #include "kernel/geometry/CalibrationLines.h"
@@ -26,14 +24,11 @@ TEST_F(LineMesh, CubeHasItsTwelveEdges) {
     EXPECT_TRUE(mesh.vertexColor.empty());
     EXPECT_EQ(mesh.indices,
               (Indices{0, 1, 1, 3, 3, 2, 2, 0, 4, 5, 5, 7, 7, 6, 6, 4, 0, 4, 1, 5, 3, 7, 2, 6}));
-    std::set<std::pair<uint16_t, uint16_t>> edges;
     for (size_t i = 0; i < mesh.indices.size(); i += 2) {
         const auto& a = mesh.position[mesh.indices[i]];
         const auto& b = mesh.position[mesh.indices[i + 1]];
         EXPECT_EQ(Length(Minus(a, b)), 1);
-        edges.insert(std::minmax({mesh.indices[i], mesh.indices[i + 1]}));
     }
-    EXPECT_EQ(edges.size(), 12U);
 }
 
 TEST_F(LineMesh, CalibrationIsACrossWithoutExtraLines) {

@@ -34,13 +34,7 @@ TEST_F(Services, LogIsSilentUntilItsMaskIsWidened) {
     Log::GetDefaultLog()->LoggingMask = 0x101;
     OVR::LogError("x%d", 1);
     OVR::LogText("y");
-    const auto lines = LogCapture::Take();
-    ASSERT_EQ(2U, lines.size());
-    EXPECT_EQ("Error: x1\n", lines[0].text);
-    EXPECT_EQ(6, lines[0].priority);
-    EXPECT_EQ("OVR", lines[0].tag);
-    EXPECT_EQ("y", lines[1].text);
-    EXPECT_EQ(4, lines[1].priority);
+    EXPECT_EQ(LogCapture::Take(), (LogCapture::Lines{{6, "OVR", "Error: x1\n"}, {4, "OVR", "y"}}));
 }
 
 TEST_F(Services, LogNeverWritesDebugAndAssertMessages) {

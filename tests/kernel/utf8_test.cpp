@@ -45,26 +45,6 @@ TEST(Utf8, EveryCharacterGoesThereAndBack) {
     }
 }
 
-TEST(Utf8, SizesChangeAtTheRightCharacters) {
-    const struct {
-        uint32_t ch;
-        const char* utf8;
-    } cases[] = {{0x7F, "\x7F"},
-                 {0x80, "\xC2\x80"},
-                 {0x7FF, "\xDF\xBF"},
-                 {0x800, "\xE0\xA0\x80"},
-                 {0xD7FF, "\xED\x9F\xBF"},
-                 {0xE000, "\xEE\x80\x80"},
-                 {0xFFFF, "\xEF\xBF\xBF"},
-                 {0x10000, "\xF0\x90\x80\x80"},
-                 {0x10FFFF, "\xF4\x8F\xBF\xBF"}};
-    for (const auto& c : cases) {
-        char encoded[Utf8::kMaxEncodedSize];
-        EXPECT_EQ(std::string(encoded, Utf8::EncodeChar(encoded, c.ch)), c.utf8);
-        EXPECT_EQ(Decode(c.utf8), std::u32string(1, c.ch));
-    }
-}
-
 TEST(Utf8, MalformedSequencesAreReplacedUpToTheByteThatBreaksThem) {
     const struct {
         const char* utf8;

@@ -93,18 +93,15 @@ TEST_F(DecodeCalls, CreationAttachesBuildsTheSurfaceAndStartsTheDecoder) {
                        "AMediaCodec_createDecoderByType video/mjpeg",
                        "AMediaCodec_configure window none 0",
                        "AMediaCodec_start"}));
-    const auto lines = LogCapture::Take();
-    ASSERT_EQ(lines.size(), 3U);
-    EXPECT_EQ(lines[0].text, "\n LocalInit! \n");
-    EXPECT_EQ(lines[1].text,
-              "\n AndroidCodec init success, width (64), height (48), type (video/mjpeg) \n");
-    EXPECT_EQ(lines[1].tag, "VEAndroidCodec");
-    EXPECT_EQ(lines[2].text,
-              "\n VEOESRenderer textureId(" + std::to_string(texture) +
-                  "), textureWidth (64), textureHieght(48), maskWidth(4), maskHeight(4)... "
-                  "###renderer\n");
-    EXPECT_EQ(lines[2].tag, "VEOESRenderer");
-    EXPECT_TRUE(lines[0].priority == 4 && lines[1].priority == 4 && lines[2].priority == 4);
+    EXPECT_EQ(LogCapture::Take(),
+              (LogCapture::Lines{
+                  {4, "VEOESRenderer", "\n LocalInit! \n"},
+                  {4, "VEAndroidCodec",
+                   "\n AndroidCodec init success, width (64), height (48), type (video/mjpeg) \n"},
+                  {4, "VEOESRenderer",
+                   "\n VEOESRenderer textureId(" + std::to_string(texture) +
+                       "), textureWidth (64), textureHieght(48), maskWidth(4), maskHeight(4)... "
+                       "###renderer\n"}}));
 
     VEDestroyRenderer(handle);
     EXPECT_EQ(platform.takeJournal(), kDestroyed);
@@ -190,9 +187,9 @@ TEST_F(DecodeCalls, FailuresAreLoggedAndNoStepIsSkipped) {
         ASSERT_EQ(lines.size(), 3 + messages.size());
         for (size_t i = 0; i < messages.size(); ++i) {
             const bool ofBridge = messages[i].compare(0, bridge.size(), bridge) == 0;
-            EXPECT_EQ(lines[1 + i].text, messages[i]);
-            EXPECT_EQ(lines[1 + i].tag, ofBridge ? "VEOESSurfaceTexture" : "VEOESRenderer");
-            EXPECT_EQ(lines[1 + i].priority, 4);
+            EXPECT_EQ(lines[1 + i],
+                      (LogCapture::Line{4, ofBridge ? "VEOESSurfaceTexture" : "VEOESRenderer",
+                                        messages[i]}));
         }
         VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
         const bool latches = step != "GetMethodID updateTexImage()V" && step != "NewGlobalRef";

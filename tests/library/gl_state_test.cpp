@@ -61,60 +61,12 @@ TEST_F(GlState, EveryCallChangesOnlyWhatTheHeaderLists) {
     EXPECT_EQ(ChangedBy([&] { renderer.reset(); }), StateNames());
 }
 
-TEST_F(GlState, BindingsEndWhereTheTableSays) {
-    RendererHarness renderer(kMasked);
-    scene.source = &frame;
-    scene.mask = &mask;
-    for (const GLint lastUnit : {GL_TEXTURE1, GL_TEXTURE2}) {
-        renderer.show(scene);
-        for (const GLenum binding :
-             {GL_CURRENT_PROGRAM, GL_VERTEX_ARRAY_BINDING, GL_DRAW_FRAMEBUFFER_BINDING,
-              GL_READ_FRAMEBUFFER_BINDING, GL_PIXEL_UNPACK_BUFFER_BINDING, GL_TEXTURE_BINDING_2D,
-              GL_STENCIL_TEST}) {
-            EXPECT_EQ(Get(binding), 0) << binding;
-        }
-        EXPECT_EQ(Get(GL_ACTIVE_TEXTURE), lastUnit);
-        GLint viewport[4];
-        glGetIntegerv(GL_VIEWPORT, viewport);
-        EXPECT_TRUE(viewport[0] == 0 && viewport[1] == 0 && viewport[2] == 32 && viewport[3] == 16);
-        scene.sticker = &sticker;
-    }
-}
-
 TEST_F(GlState, NullDataLeavesThePendingBufferBoundForUnpacking) {
     RendererHarness renderer(kPlain);
     scene.source = &frame;
     renderer.show(scene);
     VEUpdateRenderer(renderer.handle, nullptr, 0, true, nullptr);
     EXPECT_NE(Get(GL_PIXEL_UNPACK_BUFFER_BINDING), 0);
-}
-
-TEST_F(GlState, TheCallersVertexArrayLosesItsIndexBuffer) {
-    RendererHarness renderer(kPlain);
-    unsigned vertexArray = 0;
-    unsigned indexBuffer = 0;
-    glGenVertexArrays(1, &vertexArray);
-    glGenBuffers(1, &indexBuffer);
-    glBindVertexArray(vertexArray);
-    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, indexBuffer);
-    scene.source = &frame;
-    renderer.show(scene);
-    glBindVertexArray(vertexArray);
-    EXPECT_EQ(Get(GL_ELEMENT_ARRAY_BUFFER_BINDING), 0);
-}
-
-TEST_F(GlState, CreationLeavesVertexArrayZeroWithoutAttributes) {
-    for (unsigned location = 0; location < 9; ++location) {
-        glEnableVertexAttribArray(location);
-    }
-    RendererHarness renderer(kPlain);
-    EXPECT_EQ(Get(GL_VERTEX_ARRAY_BINDING), 0);
-    for (unsigned location = 0; location < 9; ++location) {
-        GLint enabled = -1;
-        glGetVertexAttribiv(location, GL_VERTEX_ATTRIB_ARRAY_ENABLED, &enabled);
-        EXPECT_EQ(enabled, GL_FALSE);
-    }
-    EXPECT_NE(Get(GL_ARRAY_BUFFER_BINDING), 0);
 }
 
 }  // namespace

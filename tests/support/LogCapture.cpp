@@ -34,7 +34,7 @@ extern "C" int __android_log_vprint(int prio, const char* tag, const char* fmt, 
     return Keep(prio, tag, std::move(text), false);
 }
 
-std::vector<LogCapture::Line> LogCapture::Take() {
+LogCapture::Lines LogCapture::Take() {
     const std::lock_guard<std::mutex> lock(mutex);
     return std::exchange(lines, {});
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -10,11 +11,19 @@ struct Line {
     int priority;
     std::string tag;
     std::string text;
-    bool formattedByCaller;  ///< Came through __android_log_write, not __android_log_vprint.
+    bool formattedByCaller = false;  ///< By __android_log_write, not __android_log_vprint.
+
+    bool operator==(const Line& other) const {
+        return priority == other.priority && tag == other.tag && text == other.text;
+    }
+    friend std::ostream& operator<<(std::ostream& out, const Line& line) {
+        return out << line.priority << " " << line.tag << ": " << line.text;
+    }
 };
+using Lines = std::vector<Line>;
 
 /// The lines since the last call, oldest first. \thread any.
-std::vector<Line> Take();
+Lines Take();
 
 /// The texts of Take.
 std::vector<std::string> TakeTexts();
