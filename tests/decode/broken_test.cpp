@@ -1,5 +1,10 @@
 // Streams that are not what they should be.
 
+#include <linux_platform/Host.h>
+#include <media/NdkMediaError.h>
+
+#include <functional>
+
 #include "DecodeFixture.h"
 #include "PlainModel.h"
 #include "support/VideoReader.h"
@@ -73,6 +78,54 @@ TEST_F(Broken, RecoversFromRandomBytes) {
         }
     }
     ExpectRecovery(units, kKeyInterval);
+}
+
+/// Plays until the error. \return its message without the file's directory, and the frames before
+std::pair<std::string, int> PlayToError(
+    const std::function<std::unique_ptr<CompressedSource>()>& open) {
+    int frames = 0;
+    try {
+        for (const auto player = open(); player->Next(); ++frames) {
+            player->Draw({});
+        }
+    } catch (const ToolError& error) {
+        const std::string message = error.what();
+        return {message.substr(message.rfind('/') + 1), frames};
+    }
+    return {"no error", frames};
+}
+
+TEST_F(DecodeTest, SaysWhichFileHasNoDecoderOrLosesIt) {
+    WriteMedia(Path("clip.mp4"), Stream(), kCount);
+    HostBehavior behavior = {};
+    behavior.failing = HOST_CALL_CREATE;
+    const auto openWithout = [&] {
+        HostDecoder_setBehavior(nullptr, &behavior);
+        return Open(Path("clip.mp4"));
+    };
+    EXPECT_EQ(PlayToError(openWithout).first,
+              "clip.mp4: the platform has no decoder for this kind of video"
+              "; --path cpu decodes without it");
+    behavior.failAfterPictures = 7;
+    const auto openFailing = [&] {
+        auto player = Open(Path("clip.mp4"));
+        HostDecoder* decoder = HostDecoder_acquire();
+        HostDecoder_setBehavior(decoder, &behavior);
+        HostDecoder_release(decoder);
+        return player;
+    };
+    for (const uint32_t call : {HOST_CALL_DEQUEUE_OUTPUT, HOST_CALL_QUEUE_INPUT, HOST_CALL_ALL}) {
+        behavior.failing = call;
+        const auto [message, frames] = PlayToError(openFailing);
+        EXPECT_EQ(message,
+                  "clip.mp4: the decoder failed (code -10000); --path cpu decodes without it");
+        EXPECT_GE(frames, 6);
+        EXPECT_LE(frames, 7);
+    }
+    behavior.error = AMEDIACODEC_ERROR_RECLAIMED;
+    EXPECT_EQ(PlayToError(openFailing).first,
+              "clip.mp4: the platform took the decoder away (code 1101)"
+              "; --path cpu decodes without it");
 }
 
 }  // namespace

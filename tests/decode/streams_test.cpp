@@ -82,7 +82,6 @@ TEST_F(DecodeTest, FitsPicturesOfAnotherSizeInMidStream) {
     EXPECT_EQ(ExpectAsDecoded(Path("clip.h264")), 10);
 }
 
-// Frames are drawn at once and masks one call later; the player brings them together.
 TEST_F(DecodeTest, MeetsEachFrameWithItsMask) {
     constexpr int kPictures = 7;
     WriteMedia(Path("clip.mp4"), ChangingStream(), kPictures);
@@ -92,7 +91,6 @@ TEST_F(DecodeTest, MeetsEachFrameWithItsMask) {
     }
     RendererSettings settings;
     settings.javaVM = Jvm();
-    settings.masked = true;
     settings.maskSize = {1, 1};
     size_t next = 0;
     // From the fourth picture on, which is no key frame.

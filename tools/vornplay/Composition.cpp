@@ -51,22 +51,11 @@ VEStickerList StickersOf(const Span<VEStickerList>& span) {
 
 }  // namespace
 
-View FitView() {
-    // The camera stands 3 - zoom / 2 in front of the picture. At this distance half of the
-    // picture's height, which is 1, fills half of the field of view.
-    constexpr double kHalfFieldOfView = 23.5 * 3.14159265358979323846 / 180.0;
-    const double distance = 1.0 / std::tan(kHalfFieldOfView);
-    View view;
-    view.zoom = static_cast<float>(2.0 * (3.0 - distance));
-    return view;
-}
-
-View Between(const View& from, const View& to, double progress) {
+VEView Between(const VEView& from, const VEView& to, double progress) {
     const auto between = [t = static_cast<float>(progress)](float a, float b) {
         return a * (1.0F - t) + b * t;
     };
-    return {between(from.x, to.x), between(from.y, to.y), between(from.zoom, to.zoom),
-            between(from.w, to.w)};
+    return {between(from.x, to.x), between(from.y, to.y), between(from.zoom, to.zoom)};
 }
 
 Shot ShotAt(const std::vector<Keyframe>& keyframes, double seconds) {

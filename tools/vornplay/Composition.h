@@ -5,35 +5,35 @@
 #include <optional>
 #include <vector>
 
+#include "render/VERendererExt.h"
 #include "render/VEStickerList.h"
 
 using Rgba = std::array<uint8_t, 4>;
 
-/// Where the camera stands, as VEUpdateUserPosition takes it.
-struct View {
-    float x = 0.0F;
-    float y = 0.0F;
-    float zoom = 2.0F;
-    float w = 0.0F;
-};
+/// The view when none is asked for.
+inline constexpr VEView kStartView = {0.0F, 0.0F, 2.0F};
 
 /// The view in which the picture fills the frame exactly.
-View FitView();
+inline constexpr VEView kFitView = {0.0F, 0.0F, VE_ZOOM_FIT};
+
+/// The largest zoom that options and scripts may ask for: nearer than 6 there is no picture.
+inline constexpr double kNearestZoom = 5.99;
 
 /// The view at \p progress on the straight line between two; 0 is \p from, 1 is \p to.
-View Between(const View& from, const View& to, double progress);
+VEView Between(const VEView& from, const VEView& to, double progress);
 
 /// How one frame is drawn.
 struct Shot {
-    View view;
+    VEView view = kStartView;
     bool mirror = false;
+    bool hidesMask = false;
     VEStickerList stickers;
 };
 
 /// What changes at a time. What has no value stays as it was.
 struct Keyframe {
     double seconds = 0.0;
-    std::optional<View> view;
+    std::optional<VEView> view;
     std::optional<bool> mirror;
     std::optional<VEStickerList> stickers;
 };

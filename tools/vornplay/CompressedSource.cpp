@@ -2,22 +2,31 @@
 
 #include <utility>
 
+#include "support/ToolError.h"
+
 namespace {
 
-RendererSettings For(const AVCodecParameters& codec, RendererSettings settings) {
-    settings.source = codec.codec_id == AV_CODEC_ID_H264 ? VE_MODE_H264 : VE_MODE_MJPEG;
+RendererSettings For(const VideoFile& file, RendererSettings settings) {
+    const AVCodecParameters& codec = file.Codec();
+    settings.input = file.Path();
+    settings.source = SourceOf(codec);
+    settings.codedSize = {codec.width, codec.height};
     if (settings.size.width == 0) {
-        settings.size = {codec.width, codec.height};
+        settings.size = settings.codedSize;
     }
     return settings;
 }
 
 }  // namespace
 
+int32_t SourceOf(const AVCodecParameters& codec) {
+    return codec.codec_id == AV_CODEC_ID_H264 ? VE_SOURCE_H264 : VE_SOURCE_MJPEG;
+}
+
 CompressedSource::CompressedSource(VideoFile file, RendererSettings settings, MaskSource nextMask)
     : FrameSource(std::move(nextMask)),
       file_(std::move(file)),
-      renderer_(For(file_.Codec(), std::move(settings))),
+      renderer_(For(file_, std::move(settings))),
       feed_(file_, renderer_) {
     feed_.SetStepping(true);
 }
@@ -37,9 +46,9 @@ bool CompressedSource::Next() {
 }
 
 void CompressedSource::Draw(const Shot& shot) {
-    if (uint8_t* mask = TakeMask()) {
-        renderer_.HandOver(nullptr, mask);
+    const VEDrawn drawn = renderer_.Draw(shot, nullptr, TakeMask());
+    if (!drawn.picture || drawn.ptsUs != feed_.PtsUs()) {
+        throw ToolError(file_.Path() + ": the decoder shows another frame than it announced" +
+                        kDecodeHere);
     }
-    renderer_.SetShot(shot);
-    renderer_.Draw();
 }

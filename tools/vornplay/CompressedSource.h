@@ -3,6 +3,9 @@
 #include "DecoderFeed.h"
 #include "FrameSource.h"
 
+/// The kind of source that the renderer decodes this by, H.264 or Motion-JPEG: VE_SOURCE_…
+int32_t SourceOf(const AVCodecParameters& codec);
+
 /// Hands a file to the renderer as compressed access units, which the platform decodes. Waits for
 /// each frame, so that none is dropped.
 class CompressedSource : public FrameSource {

@@ -2,17 +2,8 @@
 
 #include <algorithm>
 
-#include "support/ToolError.h"
-
 DecoderFeed::DecoderFeed(VideoFile& file, Renderer& renderer)
-    : file_(file),
-      renderer_(renderer),
-      decoder_(HostDecoder_acquire()),
-      capacity_(decoder_ != nullptr ? HostDecoder_inputCapacity(decoder_.get()) : 0),
-      reader_(file) {
-    if (capacity_ == 0) {
-        throw ToolError(file.Path() + ": the platform's decoder does not start");
-    }
+    : file_(file), renderer_(renderer), decoder_(HostDecoder_acquire()), reader_(file) {
     HostDecoder_setReorderDepth(decoder_.get(), file.Codec().video_delay);
     Read();
 }
@@ -23,8 +14,22 @@ void DecoderFeed::Read() {
         const int64_t time = next_->pts != AV_NOPTS_VALUE ? next_->pts : next_->dts;
         // The container cuts such packets off; later frames may be predicted from theirs.
         const bool hidden = (next_->flags & AV_PKT_FLAG_DISCARD) != 0;
-        units_.push_back({time, hidden, !hidden && !file_.IsBeforeStart(time), false});
+        units_.push_back(
+            {time, PtsUsOf(time), hidden, !hidden && !file_.IsBeforeStart(time), false});
     }
+}
+
+/// Times that the file does not give, or that are absurd, are made up from the number of the unit.
+int64_t DecoderFeed::PtsUsOf(int64_t time) const {
+    constexpr AVRational kMicrosecond = {1, 1'000'000};
+    constexpr int64_t kMost = 9'000'000'000'000'000;  // 285 years; the renderer takes 292.
+    const int64_t ptsUs = time != AV_NOPTS_VALUE
+                              ? av_rescale_q(time, file_.Stream().time_base, kMicrosecond)
+                              : AV_NOPTS_VALUE;
+    return ptsUs >= -kMost && ptsUs <= kMost
+               ? ptsUs
+               : av_rescale_q(static_cast<int64_t>(units_.size()), av_inv_q(file_.FrameRate()),
+                              kMicrosecond);
 }
 
 double DecoderFeed::NextTime() const {
@@ -37,40 +42,65 @@ double DecoderFeed::NextTime() const {
            file_.StartSeconds();
 }
 
-bool DecoderFeed::HasRoom(int64_t timeoutUs) {
-    return HostDecoder_waitForInput(decoder_.get(), timeoutUs) == HOST_READY;
+VEUnit DecoderFeed::NextUnit() const {
+    VEUnit unit = VEMakeUnit();
+    if (next_ == nullptr) {
+        unit.flags = VE_UNIT_END;
+        return unit;
+    }
+    unit.data = next_->data;
+    unit.size = static_cast<size_t>(next_->size);
+    unit.ptsUs = units_.back().ptsUs;
+    return unit;
 }
 
-void DecoderFeed::FeedNext(int64_t timeoutUs) {
-    if (next_ == nullptr) {
-        atEnd_ = HostDecoder_endStream(decoder_.get(), timeoutUs) == HOST_READY;
-        return;
+bool DecoderFeed::FeedNext(int64_t waitUs) {
+    VEUnit unit = NextUnit();
+    unit.waitUs = waitUs;
+    const bool empty = next_ != nullptr && unit.size == 0;
+    const VEResult result = empty ? VE_ERROR_UNIT_SIZE : renderer_.Queue(unit);
+    if (result == VE_AGAIN) {
+        return false;
     }
-    // The renderer would copy a larger unit past the end of the input buffer.
-    const bool fits = next_->size > 0 && static_cast<size_t>(next_->size) <= capacity_;
-    if (fits && HasRoom(timeoutUs)) {
+    if (result != VE_OK && result != VE_ERROR_UNIT_SIZE) {
+        throw renderer_.Error(result);
+    }
+    if (next_ == nullptr) {
+        atEnd_ = true;
+        return true;
+    }
+    if (result == VE_OK) {
         queued_.push_back(units_.size() - 1);
-        renderer_.Feed(*next_);
     }
     Read();
+    return true;
 }
 
 HostResult DecoderFeed::WaitForFrame(int64_t timeoutUs) {
     const HostResult result =
         HostDecoder_waitForFrame(decoder_.get(), frames_.delivered, timeoutUs, &frames_);
     if (result == HOST_CLOSED) {
-        throw ToolError(file_.Path() + ": the platform's decoder gave up");
+        throw renderer_.Error(VE_ERROR_DECODER);
+    }
+    if (result == HOST_TIMED_OUT) {
+        CheckDecoder();
     }
     ended_ = ended_ || result == HOST_ENDED;
     return result;
+}
+
+void DecoderFeed::CheckDecoder() const {
+    const VEResult result = renderer_.DecoderState().result;
+    if (result != VE_OK) {
+        throw renderer_.Error(result);
+    }
 }
 
 bool DecoderFeed::AwaitFrame() {
     constexpr int64_t kPauseUs = 1000;
     HostResult result = HOST_TIMED_OUT;
     while (result == HOST_TIMED_OUT) {
-        while (!AtEnd() && HasRoom(0)) {
-            FeedNext(0);
+        while (!AtEnd() && FeedNext(0)) {
         }
         result = WaitForFrame(kPauseUs);
     }

@@ -8,8 +8,8 @@
 #include "Renderer.h"
 #include "UnitReader.h"
 
-/// Hands the access units of a file to the platform's decoder, through the renderer, and keeps
-/// count of the frames that come out.
+/// Queues the access units of a file in the renderer's decoder, and keeps count of the frames that
+/// come out. Without the platform's host functions, frames that nobody draws in time would be lost.
 class DecoderFeed {
 public:
     /// \param renderer created last on this thread. \throws ToolError
@@ -28,9 +28,11 @@ public:
     bool AtEnd() const { return atEnd_; }
     /// When the next unit, or the end, is due, in seconds from the start of playing.
     double NextTime() const;
-    /// Hands over the next unit, or the end of the stream. A unit for which the decoder has no room
-    /// in time is dropped; the end is not, so call again.
-    void FeedNext(int64_t timeoutUs);
+    /// Hands over the next unit, or the end of the stream. Leaves out a unit that is empty, or
+    /// larger than the decoder takes. \return false if there is no room in time. \throws ToolError
+    bool FeedNext(int64_t waitUs);
+    /// Leaves the next unit out.
+    void SkipNext() { Read(); }
 
     /// Waits until the decoder delivers a frame that Frames() does not count yet, and counts it.
     /// \throws ToolError
@@ -42,6 +44,8 @@ public:
 
     /// When the newest frame is shown, in the file's units, or AV_NOPTS_VALUE.
     int64_t Time() const { return units_.at(NewestIndex()).time; }
+    /// The presentation time by which the renderer knows the newest frame.
+    int64_t PtsUs() const { return units_.at(NewestIndex()).ptsUs; }
     /// Notes that the newest frame came out. \return whether it should be shown
     bool NoteFrame();
 
@@ -56,20 +60,22 @@ private:
     };
     struct Unit {
         int64_t time;
+        int64_t ptsUs;
         bool hidden;  ///< The container cuts it off.
         bool wanted;  ///< Not hidden, and not from before the start.
         bool out;     ///< Its frame came out.
     };
 
     void Read();
-    bool HasRoom(int64_t timeoutUs);
+    int64_t PtsUsOf(int64_t time) const;
+    VEUnit NextUnit() const;
+    void CheckDecoder() const;
     size_t NewestIndex() const { return queued_.at(static_cast<size_t>(frames_.unit)); }
     bool IsOverdue(size_t index) const;
 
     VideoFile& file_;
     Renderer& renderer_;
     std::unique_ptr<HostDecoder, ReleaseDecoder> decoder_;
-    const size_t capacity_;
     UnitReader reader_;
     AVPacket* next_ = nullptr;
     HostFrames frames_ = {0, 0, -1};

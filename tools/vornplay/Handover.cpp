@@ -7,6 +7,7 @@
 #include <iostream>
 #include <string_view>
 
+#include "CompressedSource.h"
 #include "support/ToolError.h"
 
 namespace {
@@ -54,6 +55,16 @@ JavaVM* StartJava(const std::string& platform, std::string& objection) {
     return java;
 }
 
+/// \return the JVM if the platform decodes the file; else null, and why not in \p objection
+JavaVM* StartDecoding(const VideoFile& file, const Options& options, std::string& objection) {
+    JavaVM* java = StartJava(options.platform, objection);
+    const VEResult result = java != nullptr ? VECheckSource(SourceOf(file.Codec())) : VE_OK;
+    if (result != VE_OK) {
+        objection = std::string(VEResultText(result)) + kDecodeHere;
+    }
+    return result == VE_OK ? java : nullptr;
+}
+
 /// Fails if the options insist on compressed frames; else says why they go as pixels, if asked to.
 void Refuse(const Options& options, const std::string& objection) {
     if (options.handover == Handover::kCompressed || options.realtime) {
@@ -71,7 +82,7 @@ JavaVM* JavaFor(const VideoFile& file, const Options& options) {
         return nullptr;
     }
     std::string objection = Objection(file, options);
-    JavaVM* java = objection.empty() ? StartJava(options.platform, objection) : nullptr;
+    JavaVM* java = objection.empty() ? StartDecoding(file, options, objection) : nullptr;
     if (java == nullptr) {
         Refuse(options, objection);
     }

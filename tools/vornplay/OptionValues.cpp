@@ -29,11 +29,17 @@ std::array<double, count> ParseNumbers(const std::string& text, double low, doub
 
 }  // namespace
 
-View ParseView(const std::string& text) {
+VEView ParseView(const std::string& text) {
     constexpr double kFarthest = 1e6;
-    const auto [x, y, zoom, w] = ParseNumbers<4>(text, -kFarthest, kFarthest);
-    return {static_cast<float>(x), static_cast<float>(y), static_cast<float>(zoom),
-            static_cast<float>(w)};
+    constexpr size_t kX = 0;
+    constexpr size_t kY = 1;
+    constexpr size_t kZoom = 2;
+    const std::array<double, 4> numbers = ParseNumbers<4>(text, -kFarthest, kFarthest);
+    if (numbers[kZoom] > kNearestZoom) {
+        throw ToolError(text + " is no view: from a zoom of 6 on there is no picture");
+    }
+    return {static_cast<float>(numbers[kX]), static_cast<float>(numbers[kY]),
+            static_cast<float>(numbers[kZoom])};
 }
 
 Rgba ParseColor(const std::string& text) {

@@ -28,8 +28,8 @@ constexpr char kNotes[] =
     "frame drawn, and its last frame is repeated.\n"
     "\n"
     "View: the picture is 2 wide and 2 high around 0,0. ZOOM 2 crops it by a factor of 1.15, 1.4\n"
-    "fits, less shows the clear color around it, 6 shows nothing. Y and W have no effect. Without\n"
-    "--mask, a view makes the result opaque.\n"
+    "fits, less shows the clear color around it; 6 and more is no view. A positive X moves the\n"
+    "picture to the left, a positive Y up. W has no effect.\n"
     "\n"
     "Examples:\n"
     "  vornplay clip.mp4 --out clip-drawn.mp4 --fit\n"
@@ -117,7 +117,7 @@ void AddViewOptions(CommandLine& line, Options& options, std::string& script) {
     line.Option("--view-to", options.viewTo, ParseView, "X,Y,ZOOM,W",
                 "Move evenly to this view until the last frame");
     line.Flag(
-        "--fit", [&options] { options.view = FitView(); },
+        "--fit", [&options] { options.view = kFitView; },
         "Look so that the picture fills the frame exactly");
     line.Exclude("--fit", "--view");
     line.Option("--clear", options.clear, ParseColor, "R,G,B,A",

@@ -33,8 +33,8 @@ struct Options {
     VEStickerList positions;
 
     bool mirror = false;
-    std::optional<View> view;
-    std::optional<View> viewTo;
+    std::optional<VEView> view;
+    std::optional<VEView> viewTo;
     std::optional<Script> script;
     Rgba clear = {0, 0, 0, 255};
     Backdrop backdrop;
@@ -48,12 +48,6 @@ struct Options {
     bool WantsWindow() const {
         return out.empty() && !noWindow && !json && !realtime && frames == 0 &&
                !viewTo.has_value() && !script.has_value();
-    }
-
-    /// The view acts on masked pictures only.
-    bool NeedsMask() const {
-        return !mask.empty() || view.has_value() || viewTo.has_value() ||
-               (script.has_value() && script->NamesView());
     }
 };
 

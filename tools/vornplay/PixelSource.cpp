@@ -6,13 +6,14 @@
 
 namespace {
 
-RendererSettings Sized(RendererSettings settings, const AVFrame& first) {
+RendererSettings For(const VideoFile& file, const AVFrame& first, RendererSettings settings) {
+    settings.input = file.Path();
     settings.size = SizeOr(settings.size, first);
     return settings;
 }
 
 AVPixelFormat FormatOf(const RendererSettings& settings) {
-    return settings.source == VE_MODE_RGB ? AV_PIX_FMT_RGB24 : AV_PIX_FMT_RGBA;
+    return settings.source == VE_SOURCE_RGB ? AV_PIX_FMT_RGB24 : AV_PIX_FMT_RGBA;
 }
 
 }  // namespace
@@ -21,7 +22,7 @@ PixelSource::PixelSource(VideoFile file, RendererSettings settings, MaskSource n
     : FrameSource(std::move(nextMask)),
       reader_(std::move(file)),
       first_(&reader_.First()),
-      renderer_(Sized(settings, *first_)),
+      renderer_(For(reader_.File(), *first_, settings)),
       converter_(renderer_.FrameSize(), FormatOf(settings)) {}
 
 bool PixelSource::Next() {
@@ -40,9 +41,6 @@ bool PixelSource::Next() {
 }
 
 void PixelSource::Draw(const Shot& shot) {
-    if (!std::exchange(handedOver_, true)) {
-        renderer_.HandOver(converter_.Convert(*taken_), TakeMask());
-    }
-    renderer_.SetShot(shot);
-    renderer_.Draw();
+    const uint8_t* frame = std::exchange(handedOver_, true) ? nullptr : converter_.Convert(*taken_);
+    renderer_.Draw(shot, frame, TakeMask());
 }

@@ -85,7 +85,7 @@ void Player::SetShot() {
     } else if (options_.viewTo.has_value() && expected_ > 1) {
         const double progress = static_cast<double>(out_) / static_cast<double>(expected_ - 1);
         stage_.NextShot().view =
-            Between(options_.view.value_or(View()), *options_.viewTo, std::min(progress, 1.0));
+            Between(options_.view.value_or(kStartView), *options_.viewTo, std::min(progress, 1.0));
     }
 }
 
@@ -107,7 +107,7 @@ void Player::ReportStop() const {
 
 int Player::Report() const {
     const FrameSource& source = stage_.Source();
-    const std::optional<Mask>& mask = stage_.FileMask();
+    const std::optional<Mask>& mask = stage_.GetMask();
     const bool brokenInput = ReportBroken(options_.input, source.Lost(), source.Damaged());
     const bool brokenMask = mask.has_value() && ReportBroken(options_.mask, mask->Reader().Lost(),
                                                              mask->Reader().Damaged());

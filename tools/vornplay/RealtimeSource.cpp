@@ -9,8 +9,6 @@
 RealtimeSource::RealtimeSource(VideoFile file, RendererSettings settings, MaskSource nextMask)
     : CompressedSource(std::move(file), std::move(settings), std::move(nextMask)) {
     Feed().SetStepping(false);
-    AskForMask();
-    GetRenderer().HandOver(nullptr, TakeMask());
 }
 
 bool RealtimeSource::Next() {
@@ -30,19 +28,21 @@ bool RealtimeSource::Next() {
     return true;
 }
 
-/// Shows the mask that was handed over with the draw before: each call takes a new frame from the
-/// decoder, so there can be only one.
 void RealtimeSource::Draw(const Shot& shot) {
-    GetRenderer().SetShot(shot);
-    GetRenderer().Draw(TakeMask());
+    shown_ += GetRenderer().Draw(shot, nullptr, TakeMask()).newPicture ? 1 : 0;
 }
 
 void RealtimeSource::FeedUntil(double seconds) {
     constexpr int64_t kPatienceUs = 2000;
-    constexpr int64_t kNoLimit = -1;
     while (!Feed().AtEnd() && Feed().NextTime() <= seconds) {
+        const bool fed = Feed().FeedNext(kPatienceUs);
+        if (!fed && Feed().AllRead()) {
+            return;  // The end waits until the next draw makes room.
+        }
         // Later frames may be predicted from those before the start, so none of these is dropped.
-        Feed().FeedNext(Feed().NextTime() < 0.0 ? kNoLimit : kPatienceUs);
+        if (!fed && Feed().NextTime() >= 0.0) {
+            Feed().SkipNext();
+        }
         if (Feed().AllRead()) {
             Feed().SetLockStep(true);
         }
@@ -50,7 +50,7 @@ void RealtimeSource::FeedUntil(double seconds) {
 }
 
 int64_t RealtimeSource::Shown(int64_t /*drawn*/) const {
-    return std::min(Feed().Frames().latched, Feed().Units());
+    return std::min(shown_, Feed().Units());
 }
 
 std::string RealtimeSource::Summary(int64_t drawn) const {

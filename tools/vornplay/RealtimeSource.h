@@ -30,4 +30,5 @@ private:
 
     Clock::time_point start_;
     int64_t ticks_ = 0;
+    int64_t shown_ = 0;  ///< Pictures, those before the start included.
 };

@@ -3,47 +3,47 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "Composition.h"
 #include "Texture.h"
-#include "render/VERenderer.h"
+#include "render/VERendererExt.h"
 #include "support/Image.h"
-#include "support/Libav.h"
+#include "support/ToolError.h"
 
 /// What a renderer is created with.
 struct RendererSettings {
-    int source = VE_MODE_RGBA;  ///< VE_MODE_…
-    void* javaVM = nullptr;     ///< For compressed sources.
-    Size size;
-    bool masked = false;
-    Size maskSize;
-    bool rgbMask = false;  ///< Masks have 3 bytes per pixel, not 4.
+    std::string input;  ///< The file's name, for messages.
+    int source = VE_SOURCE_RGBA;
+    void* javaVM = nullptr;  ///< For compressed sources.
+    Size codedSize;          ///< Of compressed sources.
+    Size size;               ///< Of the drawn pictures, and of raw frames.
+    Size maskSize;           ///< Zero: there are no masks.
+    bool rgbMask = false;    ///< Masks have 3 bytes per pixel, not 4.
     Rgba clear = {0, 0, 0, 255};
     std::optional<Image> sticker;
 };
 
-/// A renderer with the texture that it draws into. Needs a current GL context as long as it lives,
-/// one renderer at a time: when it goes, it deletes all pixel buffers of the context.
-///
-/// Raw frames and masks are drawn one call after they were handed over. Of compressed frames each
-/// call draws the newest that the decoder delivered.
+/// What a message proposes instead of the platform's decoder.
+inline constexpr char kDecodeHere[] = "; --path cpu decodes without it";
+
+/// A renderer with the texture that it draws into. Needs a current GL context as long as it lives.
 class Renderer {
 public:
     /// \throws ToolError
     explicit Renderer(RendererSettings settings);
 
-    /// Sets how the next draws look.
-    void SetShot(const Shot& shot);
+    /// Queues an access unit of compressed video.
+    VEResult Queue(const VEUnit& unit) { return VEQueueUnit(handle_.get(), &unit); }
+    /// For compressed video only.
+    VEDecoderState DecoderState() const;
 
-    /// Hands over one access unit of compressed data.
-    void Feed(AVPacket& unit) { VEUpdateCompressedData(handle_.get(), unit.data, unit.size); }
+    /// Draws. \param frame a raw frame, or null for none \param mask null: as before
+    /// \throws ToolError
+    VEDrawn Draw(const Shot& shot, const uint8_t* frame, const uint8_t* mask);
 
-    /// Takes a raw frame and a mask, each null for none, without drawing them: the next Draw()
-    /// does.
-    void HandOver(uint8_t* frame, uint8_t* mask);
-
-    /// Draws. \param nextMask null, or the mask for the draw after this one
-    void Draw(uint8_t* nextMask = nullptr);
+    /// The message for a call that failed: what, in which file, and what to do.
+    ToolError Error(VEResult result) const;
 
     Size FrameSize() const { return settings_.size; }
 
@@ -57,21 +57,19 @@ public:
     double MillisecondsPerDraw() const;
 
 private:
-    struct DestroyHandle {
-        void operator()(void* handle) const;
+    struct Close {
+        void operator()(VERenderer* handle) const { VECloseRenderer(handle, VE_CONTEXT_CURRENT); }
     };
 
     void CheckSizes() const;
     void Create();
-    void WarmUp();
-    void Update(uint8_t* frame, uint8_t* mask);
+    VEDrawOptions DrawOptions(const Shot& shot) const;
 
     RendererSettings settings_;
-    Shot shot_;
     Texture texture_;
     std::optional<Texture> sticker_;
-    std::unique_ptr<void, DestroyHandle> handle_;
-    TextureReader reader_;  // After the handle, which deletes framebuffers that are not its own.
+    std::unique_ptr<VERenderer, Close> handle_;
+    TextureReader reader_;
     Image image_;
     std::chrono::duration<double, std::milli> drawingTime_{};
     int64_t draws_ = 0;

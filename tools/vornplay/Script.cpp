@@ -86,20 +86,23 @@ private:
     Pointer where_;
 };
 
-View ReadView(const Value& value) {
+VEView ReadView(const Value& value) {
     if (value.Json() == "fit") {
-        return FitView();
+        return kFitView;
     }
     if (!value.Json().is_object()) {
-        value.Fail("\"view\" must be \"fit\" or an object { \"x\": …, \"zoom\": … }");
+        value.Fail("\"view\" must be \"fit\" or an object { \"x\": …, \"y\": …, \"zoom\": … }");
     }
-    value.CheckKeys({"x", "zoom"});
-    View view;
+    value.CheckKeys({"x", "y", "zoom"});
+    VEView view = kStartView;
     if (value.Has("x")) {
         view.x = static_cast<float>(value.Of("x").Number(-kFarthest, kFarthest));
     }
+    if (value.Has("y")) {
+        view.y = static_cast<float>(value.Of("y").Number(-kFarthest, kFarthest));
+    }
     if (value.Has("zoom")) {
-        view.zoom = static_cast<float>(value.Of("zoom").Number(-kFarthest, kFarthest));
+        view.zoom = static_cast<float>(value.Of("zoom").Number(-kFarthest, kNearestZoom));
     }
     return view;
 }
@@ -159,11 +162,6 @@ std::string Resolve(const std::string& script, const std::string& name) {
 }
 
 }  // namespace
-
-bool Script::NamesView() const {
-    return std::any_of(keyframes.begin(), keyframes.end(),
-                       [](const Keyframe& keyframe) { return keyframe.view.has_value(); });
-}
 
 Script ReadScript(const std::string& path, bool hasSticker) {
     const JsonFile file(path);

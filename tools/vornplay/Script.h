@@ -9,8 +9,6 @@
 struct Script {
     std::string sticker;  ///< Path of the picture; empty for none.
     std::vector<Keyframe> keyframes;
-
-    bool NamesView() const;
 };
 
 /// \param hasSticker the options name a picture for stickers

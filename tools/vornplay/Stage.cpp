@@ -26,13 +26,6 @@ std::optional<Image> LoadSticker(const Options& options) {
     return std::nullopt;
 }
 
-MaskUse FirstMaskUse(const Options& options) {
-    if (!options.mask.empty()) {
-        return MaskUse::kFile;
-    }
-    return options.WantsWindow() || options.NeedsMask() ? MaskUse::kOpaque : MaskUse::kNone;
-}
-
 /// When the last frame of a file is shown; 0 if the file does not say.
 double LastSeconds(const VideoFile& file) {
     const auto frames = static_cast<double>(file.ExpectedFrames());
@@ -45,8 +38,7 @@ Stage::Stage(const Options& options, VideoFile file)
     : options_(options),
       sticker_(LoadSticker(options)),
       java_(JavaFor(file, options)),
-      masking_(FirstMaskUse(options)),
-      shot_{options.view.value_or(View()), options.mirror, options.positions},
+      shot_{options.view.value_or(kStartView), options.mirror, false, options.positions},
       lastSeconds_(LastSeconds(file)) {
     Open(std::move(file));
 }
@@ -61,17 +53,6 @@ void Stage::Seek(double seconds) {
     }
 }
 
-void Stage::SwitchMask() {
-    switch (masking_) {
-        case MaskUse::kFile: masking_ = MaskUse::kOpaque; break;
-        case MaskUse::kOpaque: masking_ = MaskUse::kNone; break;
-        case MaskUse::kNone:
-            masking_ = options_.mask.empty() ? MaskUse::kOpaque : MaskUse::kFile;
-            break;
-    }
-    OpenAt(Seconds());
-}
-
 void Stage::OpenAt(double seconds) {
     Open(VideoFile(options_.input, seconds));
     // Files without times are read from their beginning.
@@ -81,7 +62,7 @@ void Stage::OpenAt(double seconds) {
 
 void Stage::Open(VideoFile file) {
     const std::string none = file.NoPicture();
-    source_ = nullptr;  // First, since there can be only one renderer at a time.
+    source_ = nullptr;  // First: platforms have few decoders.
     OpenMask(file);
     source_ = MakeSource(std::move(file));
     if (!Next()) {
@@ -90,7 +71,7 @@ void Stage::Open(VideoFile file) {
 }
 
 std::unique_ptr<FrameSource> Stage::MakeSource(VideoFile file) {
-    const auto nextMask = [this] { return NextMask(); };
+    const auto nextMask = [this] { return mask_.has_value() ? mask_->Next() : nullptr; };
     if (java_ == nullptr) {
         return std::make_unique<PixelSource>(std::move(file), Settings(), nextMask);
     }
@@ -103,29 +84,19 @@ std::unique_ptr<FrameSource> Stage::MakeSource(VideoFile file) {
 /// The mask's first frame belongs to the first frame that the options ask for.
 void Stage::OpenMask(const VideoFile& file) {
     mask_.reset();
-    opaqueGiven_ = false;
-    if (masking_ == MaskUse::kFile) {
+    if (!options_.mask.empty()) {
         const double seconds = file.StartSeconds() - options_.startSeconds;
         const auto first = std::llround(seconds * av_q2d(file.FrameRate()));
         mask_.emplace(options_.mask, options_.maskSize, options_.rgbMask, first);
     }
 }
 
-uint8_t* Stage::NextMask() {
-    if (mask_.has_value()) {
-        return mask_->Next();
-    }
-    return std::exchange(opaqueGiven_, true) ? nullptr : opaqueMask_.data();
-}
-
 RendererSettings Stage::Settings() const {
-    constexpr Size kOnePixel = {1, 1};
     RendererSettings settings;
-    settings.source = options_.rgb ? VE_MODE_RGB : VE_MODE_RGBA;
+    settings.source = options_.rgb ? VE_SOURCE_RGB : VE_SOURCE_RGBA;
     settings.javaVM = java_;
     settings.size = options_.size;
-    settings.masked = masking_ != MaskUse::kNone;
-    settings.maskSize = mask_.has_value() ? mask_->FrameSize() : kOnePixel;
+    settings.maskSize = mask_.has_value() ? mask_->FrameSize() : Size();
     settings.rgbMask = options_.rgbMask;
     settings.clear = options_.clear;
     settings.sticker = sticker_;

@@ -10,30 +10,30 @@ constexpr double kFarthestDistance = 20.0;
 constexpr double kNearestDistance = 0.2;
 constexpr double kZoomStep = 1.1;
 
-/// From the picture to the camera; negative behind the picture.
-double Distance(const View& view) {
+/// From the picture to the camera.
+double Distance(const VEView& view) {
     return 3.0 - view.zoom / 2.0;
 }
 
-/// The picture's width relative to the frame's; negative from behind, since left is right there.
-double ScaleAcross(const View& view) {
+/// The picture's size relative to the frame's.
+double Scale(const VEView& view) {
     return 1.0 / (std::tan(kHalfFieldOfView) * Distance(view));
 }
 
-/// From -1 on the left to 1 on the right.
+/// From -1 on the left to 1 on the right, or from the top to the bottom.
 double InFrame(double place, int length) {
     return 2.0 * place / length - 1.0;
 }
 
 }  // namespace
 
-Point PointSeenAt(const View& view, const Point& place, Size output) {
-    const double across = ScaleAcross(view);
-    return {view.x + InFrame(place.x, output.width) / across,
-            InFrame(place.y, output.height) / std::abs(across)};
+Point PointSeenAt(const VEView& view, const Point& place, Size output) {
+    const double scale = Scale(view);
+    return {view.x + InFrame(place.x, output.width) / scale,
+            view.y + InFrame(place.y, output.height) / scale};
 }
 
-std::pair<int, int> StickerAt(const View& view, const Point& place, Size output) {
+std::pair<int, int> StickerAt(const VEView& view, const Point& place, Size output) {
     // A sticker's center is this far above its position, in units of half the height.
     constexpr double kOffset = 0.3;
     const Point seen = PointSeenAt(view, place, output);
@@ -46,20 +46,21 @@ std::pair<int, int> StickerAt(const View& view, const Point& place, Size output)
     return {static_cast<int>(x), hidden ? 0 : static_cast<int>(y)};
 }
 
-View Dragged(const View& view, double pixels, Size output) {
-    View moved = view;
-    moved.x -= static_cast<float>(2.0 * pixels / output.width / ScaleAcross(view));
+VEView Dragged(const VEView& view, const Point& pixels, Size output) {
+    VEView moved = view;
+    moved.x -= static_cast<float>(2.0 * pixels.x / output.width / Scale(view));
+    moved.y -= static_cast<float>(2.0 * pixels.y / output.height / Scale(view));
     return moved;
 }
 
-View Zoomed(const View& view, double steps, double x, Size output) {
-    const double nearer = std::abs(Distance(view)) / std::pow(kZoomStep, steps);
-    const double distance =
-        std::copysign(std::clamp(nearer, kNearestDistance, kFarthestDistance), Distance(view));
-    View zoomed = view;
+VEView Zoomed(const VEView& view, double steps, const Point& place, Size output) {
+    const double nearer = Distance(view) / std::pow(kZoomStep, steps);
+    const double distance = std::clamp(nearer, kNearestDistance, kFarthestDistance);
+    VEView zoomed = view;
     zoomed.zoom = static_cast<float>(2.0 * (3.0 - distance));
-    const Point place = {x, 0.0};
-    zoomed.x += static_cast<float>(PointSeenAt(view, place, output).x -
-                                   PointSeenAt(zoomed, place, output).x);
+    const Point before = PointSeenAt(view, place, output);
+    const Point after = PointSeenAt(zoomed, place, output);
+    zoomed.x += static_cast<float>(before.x - after.x);
+    zoomed.y += static_cast<float>(before.y - after.y);
     return zoomed;
 }

@@ -14,9 +14,8 @@
 namespace {
 
 constexpr double kSeekSeconds = 5.0;
-/// How far the pointer may move in a click, and up or down in a drag.
+/// How far the pointer may move in a click.
 constexpr int kClickDistance = 4;
-constexpr int kStraightDistance = 24;
 
 /// "clip-12.480s", or "frame-12.480s" for a numbered sequence.
 std::string NameOf(const Stage& stage) {
@@ -93,9 +92,9 @@ void Controls::Step() {
 }
 
 void Controls::SwitchMask() {
-    stage_.SwitchMask();
-    playback_.Restart();
-    hud_.Say(MaskText(stage_.Masking()));
+    bool& hidden = stage_.NextShot().hidesMask;
+    hidden = !hidden && stage_.GetMask().has_value();
+    hud_.Say(MaskText(stage_));
 }
 
 void Controls::Save() {
@@ -120,7 +119,7 @@ void Controls::HandleButton(const SDL_MouseButtonEvent& button) {
         return;
     }
     const bool clicked = press_.down && !press_.drags && !down;
-    press_ = {down, false, false, button.x, button.y};
+    press_ = {down, false, button.x, button.y};
     if (clicked) {
         DropSticker(button.x, button.y);
     }
@@ -131,37 +130,26 @@ void Controls::HandleMotion(const SDL_MouseMotionEvent& motion) {
         return;
     }
     const int across = motion.x - press_.x;
-    const int down = std::abs(motion.y - press_.y);
-    if (!press_.drags && std::abs(across) <= kClickDistance && down <= kClickDistance) {
+    const int down = motion.y - press_.y;
+    if (!press_.drags && std::abs(across) <= kClickDistance && std::abs(down) <= kClickDistance) {
         return;
     }
-    press_.drags = true;
-    if (!stage_.ViewMoves()) {
-        hud_.Say(kViewStands);
-        return;
-    }
-    if (down > kStraightDistance && !press_.saidSideways) {
-        press_.saidSideways = true;
-        hud_.Say(kOnlySideways);
-    }
-    press_.x = motion.x;
-    View& view = stage_.NextShot().view;
-    view = Dragged(view, CurrentLayout().PictureDistance(across), stage_.FrameSize());
+    press_ = {true, true, motion.x, motion.y};
+    const Layout layout = CurrentLayout();
+    VEView& view = stage_.NextShot().view;
+    view = Dragged(view, {layout.PictureDistance(across), layout.PictureDistance(down)},
+                   stage_.FrameSize());
 }
 
 void Controls::HandleWheel(const SDL_MouseWheelEvent& wheel) {
-    if (!stage_.ViewMoves()) {
-        hud_.Say(kViewStands);
-        return;
-    }
     const Size size = stage_.FrameSize();
     int x = 0;
     int y = 0;
     SDL_GetMouseState(&x, &y);
     const Point middle = {size.width / 2.0, size.height / 2.0};
     const Point place = CurrentLayout().PictureAt(x, y).value_or(middle);
-    stage_.NextShot().view =
-        Zoomed(stage_.NextShot().view, static_cast<double>(wheel.preciseY), place.x, size);
+    VEView& view = stage_.NextShot().view;
+    view = Zoomed(view, static_cast<double>(wheel.preciseY), place, size);
 }
 
 void Controls::DropSticker(int x, int y) {
@@ -170,7 +158,8 @@ void Controls::DropSticker(int x, int y) {
         hud_.Say(kBesidePicture);
         return;
     }
-    stage_.NextShot().stickers.push_back(StickerAt(stage_.SeenView(), *place, stage_.FrameSize()));
+    stage_.NextShot().stickers.push_back(
+        StickerAt(stage_.NextShot().view, *place, stage_.FrameSize()));
 }
 
 void Controls::TakeSticker() {

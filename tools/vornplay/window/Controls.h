@@ -22,7 +22,6 @@ private:
     struct Press {
         bool down = false;
         bool drags = false;
-        bool saidSideways = false;
         int x = 0;
         int y = 0;
     };

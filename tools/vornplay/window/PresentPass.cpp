@@ -54,8 +54,6 @@ void PresentPass::Draw(GLuint texture, const Layout& layout) const {
     glUniform1i(drawableHeight_, layout.drawable.height);
     glActiveTexture(GL_TEXTURE0);
     glBindTexture(GL_TEXTURE_2D, texture);
-    // The renderer leaves it with a filter that needs mipmaps.
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
     FillProgram::Fill();
     glBindTexture(GL_TEXTURE_2D, 0);
 }

@@ -14,23 +14,21 @@ std::string Format(const char* format, Values... values) {
 
 }  // namespace
 
-std::string MaskText(MaskUse masking) {
-    switch (masking) {
-        case MaskUse::kFile: return "Mask: the file's (output mode 1)";
-        case MaskUse::kOpaque: return "Mask: all of the picture, opaque (output mode 1)";
-        case MaskUse::kNone: return "Mask: none, own alpha (output mode 0)";
+std::string MaskText(const Stage& stage) {
+    if (!stage.GetMask().has_value()) {
+        return "No mask: --mask names one";
     }
-    return {};
+    return stage.NextShot().hidesMask ? "Mask: off" : "Mask: on";
 }
 
-TextLines KeyTexts(MaskUse masking) {
+TextLines KeyTexts(const Stage& stage) {
     return {
-        "Drag         move the view sideways",
+        "Drag         move the view",
         "Wheel        zoom",
         "Click        drop a sticker",
         "Right click  take the last one away",
         "M            mirror",
-        "K            mask: file's, opaque, none",
+        "K            mask on or off",
         "Space        pause",
         "Left Right   5 s back or forward",
         ".            one frame",
@@ -39,9 +37,7 @@ TextLines KeyTexts(MaskUse masking) {
         "H            these keys",
         "Q            quit",
         "",
-        MaskText(masking),
-        masking == MaskUse::kNone ? "No drag, no wheel: the view stands still"
-                                  : "Drag and wheel move the view",
+        MaskText(stage),
     };
 }
 

@@ -87,7 +87,7 @@ WindowPlayer::Clock::duration WindowPlayer::Refresh() {
     const Clock::duration drawing = Clock::now() - start;
     const Layout layout = window_.LayoutOf(stage_.FrameSize());
     pass_.Draw(stage_.Source().GetRenderer().TextureName(), layout);
-    hud_.Draw(FigureTexts(figures_, playback_, stage_), KeyTexts(stage_.Masking()), layout);
+    hud_.Draw(FigureTexts(figures_, playback_, stage_), KeyTexts(stage_), layout);
     window_.Present();
     return drawing;
 }
