@@ -123,6 +123,16 @@ jint SetStickers(JNIEnv* env, jclass /*type*/, jlong renderer, jint texture, jin
     return env->ExceptionCheck() == JNI_FALSE ? VE_OK : VE_ERROR_JAVA;
 }
 
+jintArray Stickers(JNIEnv* env, jclass /*type*/, jlong renderer) {
+    const std::vector<jint>& stickers = AsPeer(renderer).stickers;
+    const auto count = static_cast<jsize>(stickers.size());
+    jintArray positions = env->NewIntArray(count);
+    if (positions != nullptr) {
+        env->SetIntArrayRegion(positions, 0, count, stickers.data());
+    }
+    return positions;
+}
+
 jlong PictureTimeUs(JNIEnv* /*env*/, jclass /*type*/, jlong renderer) {
     return AsPeer(renderer).pictureTimeUs;
 }
@@ -184,6 +194,7 @@ bool RegisterMethods(JNIEnv* env) {
         Method("create", "(IIIIIIIIZZ[J)I", Create),
         Method("draw", "(JLjava/nio/ByteBuffer;ILjava/nio/ByteBuffer;IZFFF)I", Draw),
         Method("setStickers", "(JI[I)I", SetStickers),
+        Method("stickers", "(J)[I", Stickers),
         Method("pictureTimeUs", "(J)J", PictureTimeUs),
         Method("queueUnit", "(JLjava/nio/ByteBuffer;IIJJI)I", QueueUnit),
         Method("flush", "(J)I", Flush),

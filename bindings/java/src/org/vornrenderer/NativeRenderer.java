@@ -41,6 +41,9 @@ final class NativeRenderer {
     /** Copies the positions. Texture 0 means no stickers. */
     static native int setStickers(long renderer, int texture, int[] positions);
 
+    /** A copy of the positions. */
+    static native int[] stickers(long renderer);
+
     static native long pictureTimeUs(long renderer);
 
     static native int queueUnit(

@@ -362,6 +362,17 @@ public final class VideoRenderer implements AutoCloseable {
     }
 
     /**
+     * The positions of the stickers.
+     *
+     * @return a copy of x and y of each sticker in turn
+     * @throws IllegalStateException if the renderer is closed or belongs to another thread
+     */
+    public int[] stickers() {
+        checkUsable();
+        return NativeRenderer.stickers(renderer);
+    }
+
+    /**
      * Frees the renderer, with its context current. A second call does nothing.
      *
      * @throws IllegalStateException on another thread than the one that built the renderer

@@ -105,6 +105,7 @@ public class DrawTest extends GlTest {
             int[] given = {100, 65, VideoRenderer.HIDDEN, VideoRenderer.HIDDEN, 60, 65};
             renderer.setStickers(sticker, given);
             given[0] = 70;
+            assertEquals(100, renderer.stickers()[0]);
             renderer.draw(flat(PixelLayout.RGBA, 200, 100, Color.RED));
             BufferedImage image = drawn(200, 100);
             assertEquals(color, pixel(image, 100, 50));

@@ -118,8 +118,12 @@ public class RefusalTest extends GlTest {
     }
 
     @Test
-    public void buildingWithoutContext() {
+    public void withoutContextRenderersAreClosedButNotBuilt() {
+        VideoRenderer first = builder(VideoSource.RGB, 4, 4).build();
+        VideoRenderer second = builder(VideoSource.RGB, 4, 4).build();
         gl.close();
+        first.close();
+        second.closeAfterContextLoss();
         refused(
                 "no GL context is current",
                 RendererException.class,
