@@ -24,13 +24,8 @@ struct Object {
     }
 };
 
-constexpr std::array<const char*, 6> kMethods = {
-    "<init>",  "updateTexImage",       "getTimestamp",
-    "release", "setDefaultBufferSize", "getTransformMatrix"};
-constexpr size_t kUpdateTexImage = 1;
-
 std::array<char, 2> classes;
-std::array<char, kMethods.size()> methods;
+char updateTexImage;
 char other;
 
 Object& ObjectOf(jobject object) {
@@ -54,12 +49,8 @@ jboolean IsInstanceOf(JNIEnv* env, jobject object, jclass type) {
 }
 
 jmethodID GetMethodID(JNIEnv*, jclass, const char* name, const char*) {
-    for (size_t i = 0; i < kMethods.size(); ++i) {
-        if (std::string(name) == kMethods[i]) {
-            return reinterpret_cast<jmethodID>(&methods[i]);
-        }
-    }
-    return nullptr;
+    const bool update = std::string(name) == "updateTexImage";
+    return reinterpret_cast<jmethodID>(update ? &updateTexImage : &other);
 }
 
 jfieldID GetFieldID(JNIEnv*, jclass, const char*, const char*) {
@@ -94,7 +85,7 @@ void DeleteGlobalRef(JNIEnv*, jobject object) {
 
 void CallVoidMethodV(JNIEnv*, jobject object, jmethodID method, va_list) {
     Object& self = ObjectOf(object);
-    if (method != reinterpret_cast<jmethodID>(&methods[kUpdateTexImage])) {
+    if (method != reinterpret_cast<jmethodID>(&updateTexImage)) {
         return;
     }
     if (auto frame = self.queue->Acquire()) {
@@ -151,10 +142,10 @@ const JNIInvokeInterface_ kVmFunctions = [] {
         *result = &env;
         return JNI_OK;
     };
-    functions.AttachCurrentThread = [](JavaVM*, void** result, void*) {
-        *result = &env;
-        return JNI_OK;
+    functions.AttachCurrentThread = [](JavaVM* self, void** result, void*) {
+        return self->GetEnv(result, JNI_VERSION_1_6);
     };
+    functions.DetachCurrentThread = [](JavaVM*) { return JNI_OK; };
     return functions;
 }();
 

@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "DecodeFixture.h"
+#include "Life.h"
 
 namespace {
 
@@ -37,22 +38,7 @@ class Lives : public DecodeTest {
 protected:
     Lives() { glGenTextures(1, &texture_); }
 
-    /// One of them, from the first unit to the first picture, or to the midst of its decoding.
-    void Live(bool toThePicture) {
-        VERendererMode mode = {VE_OUTPUT_PICTURE, VE_MODE_H264, 320, 240, 0, 0, 0};
-        void* handle = nullptr;
-        VECreateRendererHandle(&handle, static_cast<int>(texture_), &mode, Jvm());
-        HostDecoder* decoder = HostDecoder_acquire();
-        for (TestUnit& unit : units_) {
-            VEUpdateCompressedData(handle, unit.bytes.data(), static_cast<int>(unit.bytes.size()));
-        }
-        if (toThePicture) {
-            EXPECT_EQ(HostDecoder_waitForFrame(decoder, 0, 10'000'000, nullptr), HOST_READY);
-        }
-        VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
-        HostDecoder_release(decoder);
-        VEDestroyRenderer(handle);
-    }
+    void LiveOnce(bool toThePicture) { Live({Jvm(), texture_, false, toThePicture}, units_); }
 
     unsigned texture_ = 0;
     std::vector<TestUnit> units_ = [] {
@@ -70,11 +56,11 @@ TEST_F(Lives, LeaveNeitherThreadsNorMemory) {
     constexpr long kMegabytesPerLife = 2;
     const long threads = LiveThreads();
     for (int life = 0; life < kLives / 2; ++life) {
-        Live(life % 3 == 0);
+        LiveOnce(life % 3 == 0);
     }
     const long memory = MemoryInMegabytes();
     for (int life = 0; life < kLives; ++life) {
-        Live(life % 3 == 0);
+        LiveOnce(life % 3 == 0);
     }
     EXPECT_LE(MemoryInMegabytes() - memory, kLives * kMegabytesPerLife);
     for (int i = 0; i < 5000 && LiveThreads() > threads; ++i) {

@@ -8,7 +8,9 @@
 #include <thread>
 
 #include "DecodeFixture.h"
+#include "Life.h"
 #include "render/VERendererExt.h"
+#include "support/RendererHarness.h"
 
 namespace {
 
@@ -36,24 +38,6 @@ VEUnit EndUnit() {
     unit.flags = VE_UNIT_END;
     unit.waitUs = kWaitUs;
     return unit;
-}
-
-unsigned NewTexture() {
-    unsigned texture = 0;
-    glGenTextures(1, &texture);
-    return texture;
-}
-
-/// Red of a pixel of a texture, counted from the first row and column.
-int Level(unsigned texture, int x, int y) {
-    unsigned framebuffer = 0;
-    glGenFramebuffers(1, &framebuffer);
-    glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer);
-    glFramebufferTexture2D(GL_READ_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
-    std::array<uint8_t, 4> pixel{};
-    glReadPixels(x, y, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, pixel.data());
-    glDeleteFramebuffers(1, &framebuffer);
-    return pixel[0];
 }
 
 /// A guarded renderer and its decoder.
@@ -103,7 +87,7 @@ public:
         const VEDrawn drawn = draw();
         if (drawn.newPicture) {
             times.push_back(drawn.ptsUs);
-            levels.push_back(Level(texture, 160, 120));
+            levels.push_back(ReadBack(texture, {320, 240}).At(160, 120)[0]);
         }
     }
 
@@ -257,8 +241,9 @@ TEST_F(Decoder, CropAndRotationApplyToThePictureAlone) {
         const int lumas[] = {50, 90, 170, 130};
         const int places[][2] = {
             {0, 0}, {kWidth - 1, 0}, {kWidth - 1, kHeight - 1}, {0, kHeight - 1}};
+        const Image shown = ReadBack(renderer.texture, {kWidth, kHeight});
         for (int corner = 0; corner < 4; ++corner) {
-            EXPECT_NEAR(Level(renderer.texture, places[corner][0], places[corner][1]),
+            EXPECT_NEAR(shown.At(places[corner][0], places[corner][1])[0],
                         red(lumas[(corner - turned + 4) % 4]), 3)
                 << rotation << " degrees, corner " << corner;
         }
@@ -267,48 +252,8 @@ TEST_F(Decoder, CropAndRotationApplyToThePictureAlone) {
     }
 }
 
-/// \param guarded by VERendererExt.h, otherwise by VERenderer.h.
-void Live(bool guarded, std::vector<TestUnit> units, bool toThePicture) {
-    if (guarded) {
-        DecoderRenderer renderer;
-        for (const TestUnit& unit : units) {
-            const VEUnit given = UnitOf(unit);
-            EXPECT_EQ(VEQueueUnit(renderer.handle, &given), VE_OK);
-        }
-        while (toThePicture && !renderer.draw().newPicture) {
-            std::this_thread::yield();
-        }
-        return;
-    }
-    unsigned texture = NewTexture();
-    VERendererMode mode = {VE_OUTPUT_PICTURE, VE_MODE_H264, 320, 240, 0, 0, 0};
-    void* handle = nullptr;
-    VECreateRendererHandle(&handle, static_cast<int>(texture), &mode, Jvm());
-    for (TestUnit& unit : units) {
-        VEUpdateCompressedData(handle, unit.bytes.data(), static_cast<int>(unit.bytes.size()));
-    }
-    VEUpdateRenderer(handle, nullptr, 0, true, nullptr);
-    VEDestroyRenderer(handle);
-    glDeleteTextures(1, &texture);
-}
-
 TEST_F(Decoder, LivesOfTwoThreadsInBothWays) {
-    constexpr int kLives = 500;  // Of each thread.
-    units_.resize(5);
-    const auto live = [this] {
-        {
-            const OffscreenContext context;
-            for (int life = 0; life < kLives; ++life) {
-                Live(life % 2 == 0, units_, life % 10 == 0);
-            }
-            EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
-        }
-        Jvm()->DetachCurrentThread();
-    };
-    std::thread one(live);
-    std::thread other(live);
-    one.join();
-    other.join();
+    LiveOnTwoThreads(Jvm(), 500);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // The kinds of files that are written, each read again.
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
@@ -95,27 +96,16 @@ TEST_F(ExportTest, EveryKindHoldsEveryFrameInOrderByBothPaths) {
     EXPECT_TRUE(Near(Read("seventh.png").Pixel(32, 24), FrameColor(7), 9));
 }
 
-TEST_F(ExportTest, FramesThatRepeatAreWrittenEachTime) {
-    WriteImage("still.png", Solid({32, 32}, {200, 30, 40, 255}));
-    for (int i = 1; i <= 4; ++i) {
-        std::filesystem::copy(Path("still.png"), Path(std::to_string(i) + ".png"));
-    }
-    for (const OutputKind& kind : OutputKinds()) {
-        PlayWell("%d.png --out " + std::string(kind.example));
-        EXPECT_EQ(ReadFrames(Path(kind.example)).size(), Expected(kind, 4)) << kind.example;
-    }
-}
-
-TEST_F(ExportTest, AlphaIsWhatTheKindSaysAndLeavesNoTraceOfTheFrameBefore) {
+TEST_F(ExportTest, EveryKindKeepsItsAlphaLeavesNoTraceAndRepeatsFrames) {
     constexpr Rgba kRed = {220, 20, 30, 255};
     constexpr Rgba kBlue = {20, 30, 220, 255};
     constexpr Rgba kFaint = {30, 200, 40, 60};
-    // A red part that moves over nothing, and at last something faint.
-    for (int i = 0; i < 3; ++i) {
+    // A red part that moves over nothing, and at last something faint, three times.
+    for (int i = 0; i < 5; ++i) {
         Image image = Solid({96, 64}, {0, 0, 0, 0});
         for (int y = 0; y < 64; ++y) {
-            std::copy_n(Solid({32, 1}, i == 2 ? kFaint : kRed).pixels.begin(), 128,
-                        image.At(32 * i, y));
+            std::copy_n(Solid({32, 1}, i < 2 ? kRed : kFaint).pixels.begin(), 128,
+                        image.At(32 * std::min(i, 2), y));
         }
         WriteImage("in/" + std::to_string(i) + ".png", image);
     }
@@ -123,7 +113,7 @@ TEST_F(ExportTest, AlphaIsWhatTheKindSaysAndLeavesNoTraceOfTheFrameBefore) {
         const std::string out = kind.example;
         PlayWell("in/%d.png --backdrop '#141edc' --out " + out);
         const std::vector<Image> frames = ReadFrames(Path(out));
-        ASSERT_EQ(frames.size(), Expected(kind, 3)) << out;
+        ASSERT_EQ(frames.size(), Expected(kind, 5)) << out;
         EXPECT_TRUE(Near(frames[0].Pixel(8, 32), kRed, 12)) << out;
         if (kind.alpha == OutputAlpha::kFlattened) {
             EXPECT_TRUE(Near(frames[0].Pixel(80, 32), kBlue)) << out;
@@ -131,7 +121,7 @@ TEST_F(ExportTest, AlphaIsWhatTheKindSaysAndLeavesNoTraceOfTheFrameBefore) {
             continue;
         }
         EXPECT_EQ(frames[0].Pixel(80, 32)[3], 0) << out;
-        if (frames.size() == 3) {
+        if (frames.size() > 1) {
             EXPECT_TRUE(Near(frames[1].Pixel(48, 32), kRed, 12)) << out;
             EXPECT_EQ(frames[1].Pixel(8, 32)[3], 0) << out;
             EXPECT_EQ(frames[2].Pixel(48, 32)[3], 0) << out;

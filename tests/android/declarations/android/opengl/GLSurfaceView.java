@@ -1,11 +1,11 @@
 package android.opengl;
 
 import android.content.Context;
-import android.view.SurfaceView;
+import android.view.View;
 import javax.microedition.khronos.egl.EGLConfig;
 import javax.microedition.khronos.opengles.GL10;
 
-public class GLSurfaceView extends SurfaceView {
+public class GLSurfaceView extends View {
     public interface Renderer {
         void onSurfaceCreated(GL10 gl, EGLConfig config);
 
