@@ -92,7 +92,7 @@ public final class VideoRenderer implements AutoCloseable {
     }
 
     /**
-     * Draws, and takes a raw frame for the next call.
+     * Draws, and takes a raw frame. The class says under Latency when it appears.
      *
      * @param frame the frame, or null for none
      * @throws IllegalArgumentException if the frame is not direct or has another size, or if the
@@ -105,7 +105,7 @@ public final class VideoRenderer implements AutoCloseable {
     }
 
     /**
-     * Draws, and takes a raw frame and a mask for the next call.
+     * Draws, and takes a raw frame and a mask. The class says under Latency when they appear.
      *
      * @param frame the frame, or null for none
      * @param mask the mask, or null to keep the last one. Black pixels give a fixed color with
@@ -173,7 +173,7 @@ public final class VideoRenderer implements AutoCloseable {
 
     /**
      * Drops all units and pictures in the decoder, for seeking. The next unit starts with a key
-     * frame. Until its picture comes, the destination stays as it is.
+     * frame. Draws show no further picture of before the flush.
      *
      * @throws IllegalStateException if the renderer takes raw frames, is closed, or belongs to
      *     another thread
