@@ -9,29 +9,14 @@
 #include "ext/ExtRenderer.h"
 #include "ext/GlNameCount.h"
 #include "gl/GLES3.h"
+#include "support/Replaced.h"
 
 namespace {
 
-/// Puts \p fake in the place of a GL entry while it lives.
-template <typename Function>
-class Replaced {
-public:
-    Replaced(Function& slot, Function fake) : slot_(slot), real_(std::exchange(slot, fake)) {}
-    ~Replaced() { slot_ = real_; }
-    Replaced(const Replaced&) = delete;
-    Replaced& operator=(const Replaced&) = delete;
-
-private:
-    Function& slot_;
-    Function real_;
+constexpr auto kMapsNothing = [](GLenum, GLintptr, GLsizeiptr, GLbitfield) -> void* {
+    return nullptr;
 };
-
-template <typename Function>
-Replaced(Function&, Function) -> Replaced<Function>;
-
-constexpr auto kMapsNothing =
-    +[](GLenum, GLintptr, GLsizeiptr, GLbitfield) -> void* { return nullptr; };
-constexpr auto kUnmapsInVain = +[](GLenum) -> GLboolean {
+constexpr auto kUnmapsInVain = [](GLenum) -> GLboolean {
     glUnmapBuffer(GL_PIXEL_UNPACK_BUFFER);
     return GL_FALSE;
 };
@@ -54,16 +39,15 @@ TEST(ExtFailure, SourcesAreCheckedBeforehand) {
         EXPECT_EQ(VE_OK, VECheckSource(source));
     }
     EXPECT_EQ(VE_ERROR_ARGUMENT, VECheckSource(99));
-    const Replaced noExtensions(
-        GLES3::glGetStringi,
-        +[](GLenum, GLuint) -> const GLubyte* { return reinterpret_cast<const GLubyte*>(""); });
+    const Replaced noExtensions(GLES3::glGetStringi, [](GLenum, GLuint) -> const GLubyte* {
+        return reinterpret_cast<const GLubyte*>("");
+    });
     EXPECT_EQ(VE_OK, VECheckSource(VE_SOURCE_RGB));
     EXPECT_EQ(VE_ERROR_NO_EXTERNAL, VECheckSource(VE_SOURCE_TEXTURE_EXTERNAL));
     EXPECT_EQ(VE_ERROR_NO_EXTERNAL, VECheckSource(VE_SOURCE_H264));
-    const Replaced oldGl(
-        GLES3::glGetString, +[](GLenum) -> const GLubyte* {
-            return reinterpret_cast<const GLubyte*>("OpenGL ES 2.0");
-        });
+    const Replaced oldGl(GLES3::glGetString, [](GLenum) -> const GLubyte* {
+        return reinterpret_cast<const GLubyte*>("OpenGL ES 2.0");
+    });
     EXPECT_EQ(VE_ERROR_GL_VERSION, VECheckSource(VE_SOURCE_RGB));
     EXPECT_EQ(before, CountGlNames());
 }
@@ -97,8 +81,7 @@ TEST(ExtFailure, ADrawThatFailedCanBeTriedAgain) {
     draw.maskTexture = texture;
     const int names = CountGlNames();
     {
-        const Replaced refuses(
-            GLES3::glLinkProgram, +[](GLuint) {});
+        const Replaced refuses(GLES3::glLinkProgram, [](GLuint) {});
         EXPECT_EQ(VE_ERROR_GL, VEDraw(renderer.handle, &draw, nullptr));
         EXPECT_EQ(names, CountGlNames());
     }
@@ -113,11 +96,11 @@ TEST(ExtFailure, GlOutOfMemoryAtCreationIsAResult) {
     const int before = CountGlNames();
     static bool full;
     full = false;
-    const Replaced fullGl(
-        GLES3::glBufferData, +[](GLenum, GLsizeiptr, const void*, GLenum) { full = true; });
-    const Replaced error(
-        GLES3::glGetError,
-        +[]() -> GLenum { return std::exchange(full, false) ? GL_OUT_OF_MEMORY : GL_NO_ERROR; });
+    const Replaced fullGl(GLES3::glBufferData,
+                          [](GLenum, GLsizeiptr, const void*, GLenum) { full = true; });
+    const Replaced error(GLES3::glGetError, []() -> GLenum {
+        return std::exchange(full, false) ? GL_OUT_OF_MEMORY : GL_NO_ERROR;
+    });
     VERenderer* renderer = nullptr;
     EXPECT_EQ(VE_ERROR_MEMORY, VECreateRenderer(&options, &renderer));
     EXPECT_EQ(before, CountGlNames());

@@ -90,14 +90,15 @@ TEST_F(ExtLifetime, HandlesWithoutADecoderAndOfTheOtherWayInAreRefused) {
     }
 }
 
-/// One change to usable options, and what creation answers.
-struct BadOptions {
-    void (*spoil)(VERendererOptions& options);
+/// One change to usable options, and what is answered.
+template <typename Options>
+struct Bad {
+    void (*spoil)(Options& options);
     VEResult result;
 };
 
 TEST_F(ExtLifetime, CreationRefusesBadOptionsAndLeavesNothing) {
-    const BadOptions cases[] = {
+    const Bad<VERendererOptions> cases[] = {
         {[](VERendererOptions& o) { o.structSize = 2; }, VE_ERROR_ARGUMENT},
         {[](VERendererOptions& o) { o.source = VE_MODE_NONE; }, VE_ERROR_ARGUMENT},
         {[](VERendererOptions& o) { o.sourceWidth = 0; }, VE_ERROR_ARGUMENT},
@@ -115,7 +116,7 @@ TEST_F(ExtLifetime, CreationRefusesBadOptionsAndLeavesNothing) {
          VE_ERROR_GL},
     };
     const int before = CountGlNames();
-    for (const BadOptions& bad : cases) {
+    for (const Bad<VERendererOptions>& bad : cases) {
         VERendererOptions options = decoratedOptions();
         const unsigned texture = options.outputTexture;
         bad.spoil(options);
@@ -131,17 +132,12 @@ TEST_F(ExtLifetime, CreationRefusesBadOptionsAndLeavesNothing) {
     EXPECT_EQ(VE_ERROR_ARGUMENT, VECreateRenderer(&options, nullptr));
 }
 
-struct BadDraw {
-    void (*spoil)(VEDrawOptions& options);
-    VEResult result;
-};
-
 TEST_F(ExtLifetime, DrawRefusesBadOptionsAndChangesNothing) {
     static const uint8_t pixels[4] = {};
     static const VEView view = {0, NAN, 2};
     static const VEView inPlane = {0, 0, 6};
     static const float matrix[16] = {};
-    const BadDraw cases[] = {
+    const Bad<VEDrawOptions> cases[] = {
         {[](VEDrawOptions& o) { o.structSize = 0; }, VE_ERROR_ARGUMENT},
         {[](VEDrawOptions& o) { o.rotation = 45; }, VE_ERROR_ARGUMENT},
         {[](VEDrawOptions& o) { o.rotation = -90; }, VE_ERROR_ARGUMENT},
@@ -154,7 +150,7 @@ TEST_F(ExtLifetime, DrawRefusesBadOptionsAndChangesNothing) {
         {[](VEDrawOptions& o) { o.sourceMatrix = matrix; }, VE_ERROR_UNSUPPORTED},
     };
     ExtRenderer renderer(OptionsOf(VE_SOURCE_RGBA, 8, 8));
-    for (const BadDraw& bad : cases) {
+    for (const Bad<VEDrawOptions>& bad : cases) {
         VEDrawOptions draw = VEMakeDrawOptions();
         draw.frame = frame.pixels.data();
         bad.spoil(draw);

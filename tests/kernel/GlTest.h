@@ -2,10 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-
 #include "gl/GLES3.h"
 #include "offscreen/OffscreenContext.h"
+#include "support/Replaced.h"
 
 /// A test in a new GL context. It must not leave a GL error behind.
 class GlTest : public ::testing::Test {
@@ -15,23 +14,6 @@ protected:
 
 private:
     OffscreenContext context_;
-};
-
-/// Puts a function in place of an entry of the GL table for as long as this object lives.
-template <typename Function>
-class ScopedEntry {
-public:
-    ScopedEntry(Function& slot, Function replacement)
-        : slot_(slot), original_(std::exchange(slot, replacement)) {}
-    ~ScopedEntry() { slot_ = original_; }
-    ScopedEntry(const ScopedEntry&) = delete;
-    ScopedEntry& operator=(const ScopedEntry&) = delete;
-
-    Function Original() const { return original_; }
-
-private:
-    Function& slot_;
-    Function original_;
 };
 
 inline GLint GetInteger(GLenum name) {

@@ -42,7 +42,7 @@ private:
     }
 
     static decltype(GLES3::glShaderSource) original;
-    ScopedEntry<decltype(GLES3::glShaderSource)> recorder_{
+    Replaced<decltype(GLES3::glShaderSource)> recorder_{
         (GLES3::LoadGLFunctions(), original = GLES3::glShaderSource, GLES3::glShaderSource),
         Record};
 };
@@ -111,6 +111,7 @@ TEST_F(Program, VersionFollowsTheFragmentStage) {
         const char* fragment;
         int requested;
         const char* line;
+        bool multiview = false;
     } cases[] = {
         {nullptr, kVertex, kFragment, 100, "#version 300 es\n"},
         {nullptr, kVertex, kFragment, 310, "#version 310 es\n"},
@@ -118,12 +119,13 @@ TEST_F(Program, VersionFollowsTheFragmentStage) {
          "#version 100 \n"},
         {nullptr, kVertex, fragment.c_str(), 300, "#version 100 \n"},
         {nullptr, vertex.c_str(), kFragment, 300, "#version 300 es\n"},
+        {nullptr, kVertex, fragment.c_str(), 300, "#version 300 es\n#define DISABLE_MULTIVIEW 0\n",
+         true},
     };
     for (const auto& c : cases) {
         sources.clear();
-        EXPECT_NE(
-            OVR::BuildProgram(nullptr, c.vertex, c.directives, c.fragment, c.requested).Program,
-            0U);
+        GlProgram::SetUseMultiview(c.multiview);
+        OVR::BuildProgram(nullptr, c.vertex, c.directives, c.fragment, c.requested);
         ASSERT_EQ(sources.size(), 2U);
         EXPECT_TRUE(Starts(sources[0], c.line)) << sources[0].substr(0, 16);
         EXPECT_TRUE(Starts(sources[1], c.line)) << sources[1].substr(0, 16);
@@ -139,14 +141,6 @@ TEST_F(Program, TheSourcesOwnVersionLineIsDropped) {
     sources.clear();
     ExpectEmpty(OVR::BuildProgram(kVertex, "#version 300 es", 300));
     EXPECT_TRUE(Ends(sources[1], "#endif\n"));
-}
-
-TEST_F(Program, MultiviewSwitchTurnsTheDefineAndTheExternalImageRuleOff) {
-    GlProgram::SetUseMultiview(true);
-    const std::string fragment = std::string("// GL_OES_EGL_image_external\n") + kFragment;
-    OVR::BuildProgram(kVertex, fragment.c_str(), 300);
-    EXPECT_TRUE(Starts(sources[0], "#version 300 es\n#define DISABLE_MULTIVIEW 0\n"));
-    EXPECT_TRUE(Starts(sources[1], "#version 300 es\n#define DISABLE_MULTIVIEW 0\n"));
 }
 
 TEST_F(Program, AttributesStandAtTheGeometrysLocations) {
@@ -249,12 +243,12 @@ TEST_F(Program, OnlyTableLocationsAreNarrowedTo16Bits) {
     static GLint assigned;
     assigned = 0;
     const ovrProgramParm parms[] = {{"Sampler", Type::TextureSampled}, {"Plain", Type::Int}};
-    const ScopedEntry<decltype(GLES3::glGetUniformLocation)> locations(
-        GLES3::glGetUniformLocation,
-        [](GLuint, const GLchar* name) { return name[0] == 'S' ? 0x1FFFE : 0x18001; });
-    const ScopedEntry<decltype(GLES3::glUniform1i)> assignments(
-        GLES3::glUniform1i,
-        [](GLint location, GLint) { assigned = assigned == 0 ? location : assigned; });
+    const Replaced locations(GLES3::glGetUniformLocation, [](GLuint, const GLchar* name) {
+        return name[0] == 'S' ? 0x1FFFE : 0x18001;
+    });
+    const Replaced assignments(GLES3::glUniform1i, [](GLint location, GLint) {
+        assigned = assigned == 0 ? location : assigned;
+    });
     GlProgram program = GlProgram::Build(kVertex, kFragment, parms, 2, 300, false, false);
     EXPECT_EQ(program.Uniforms[0].Location, -2);
     EXPECT_EQ(program.Uniforms[0].Binding, 0);
@@ -270,15 +264,12 @@ TEST_F(Program, FailuresLeaveAnEmptyRecordAndNoObjects) {
     made = 0;
     static decltype(GLES3::glCreateProgram) create;
     create = GLES3::glCreateProgram;
-    const ScopedEntry<decltype(GLES3::glCreateProgram)> recorder(GLES3::glCreateProgram,
-                                                                 [] { return made = create(); });
+    const Replaced recorder(GLES3::glCreateProgram, [] { return made = create(); });
     static int infoLogs;
     infoLogs = 0;
     const auto countInfoLog = [](GLuint, GLsizei, GLsizei*, GLchar*) { ++infoLogs; };
-    const ScopedEntry<decltype(GLES3::glGetShaderInfoLog)> ofShaders(GLES3::glGetShaderInfoLog,
-                                                                     countInfoLog);
-    const ScopedEntry<decltype(GLES3::glGetProgramInfoLog)> ofPrograms(GLES3::glGetProgramInfoLog,
-                                                                       countInfoLog);
+    const Replaced ofShaders(GLES3::glGetShaderInfoLog, countInfoLog);
+    const Replaced ofPrograms(GLES3::glGetProgramInfoLog, countInfoLog);
     ExpectEmpty(GlProgram::Build("nonsense", kFragment, nullptr, 0, 300, true, true));
     ExpectEmpty(GlProgram::Build(kVertex, "nonsense", nullptr, 0, 300, true, true));
     EXPECT_EQ(made, 0U);

@@ -87,15 +87,6 @@ TEST(Utf8, MalformedSequencesAreReplacedUpToTheByteThatBreaksThem) {
     EXPECT_EQ(Utf8::DecodeNextChar(cursor, cursor), 0U);
 }
 
-TEST(Utf8, CharactersAreFoundByNumber) {
-    constexpr char kText[] = "a\xC3\xA9\xFF\xF0\x9F\x98\x80z";
-    EXPECT_EQ(Utf8::GetLength(kText), 5U);
-    const size_t offsets[] = {0, 1, 3, 4, 8, 9, 9};
-    for (size_t i = 0; i < 7; ++i) {
-        EXPECT_EQ(Utf8::GetByteIndex(kText, i), offsets[i]) << i;
-    }
-}
-
 TEST(Utf8, WholeStringsAreCutBetweenCharacters) {
     constexpr wchar_t kWide[] = L"a\u00E9\u20AC\U0001F600";
     constexpr char kUtf8[] = "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80";

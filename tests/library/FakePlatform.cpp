@@ -163,8 +163,7 @@ bool IsAlive(const AMediaCodec* codec) {
 extern "C" {
 
 ANativeWindow* ANativeWindow_fromSurface(JNIEnv*, jobject) {
-    Platform().note("ANativeWindow_fromSurface");
-    return Kept(Platform().fails("ANativeWindow_fromSurface") ? nullptr : &window);
+    return Kept(Noted("ANativeWindow_fromSurface") == AMEDIA_OK ? &window : nullptr);
 }
 
 void ANativeWindow_release(ANativeWindow*) {
@@ -173,8 +172,7 @@ void ANativeWindow_release(ANativeWindow*) {
 }
 
 AMediaFormat* AMediaFormat_new() {
-    Platform().note("AMediaFormat_new");
-    return Kept(Platform().fails("AMediaFormat_new") ? nullptr : &format);
+    return Kept(Noted("AMediaFormat_new") == AMEDIA_OK ? &format : nullptr);
 }
 
 media_status_t AMediaFormat_delete(AMediaFormat*) {
@@ -196,9 +194,8 @@ void AMediaFormat_setString(AMediaFormat*, const char* name, const char* value) 
 }
 
 AMediaCodec* AMediaCodec_createDecoderByType(const char* type) {
-    const std::string call = std::string("AMediaCodec_createDecoderByType ") + type;
-    Platform().note(call);
-    return Kept(Platform().fails(call) ? nullptr : new AMediaCodec);
+    const bool made = Noted(std::string("AMediaCodec_createDecoderByType ") + type) == AMEDIA_OK;
+    return Kept(made ? new AMediaCodec : nullptr);
 }
 
 media_status_t AMediaCodec_configure(AMediaCodec*, const AMediaFormat*, ANativeWindow* surface,

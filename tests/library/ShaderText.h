@@ -3,21 +3,15 @@
 #include <fstream>
 #include <iterator>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "gl/GLES3.h"
+#include "support/Replaced.h"
 
 /// Keeps the texts given to glShaderSource while it lives.
 class ShaderTextRecorder {
 public:
-    ShaderTextRecorder() {
-        texts().clear();
-        real() = std::exchange(GLES3::glShaderSource, &Record);
-    }
-    ~ShaderTextRecorder() { GLES3::glShaderSource = real(); }
-    ShaderTextRecorder(const ShaderTextRecorder&) = delete;
-    ShaderTextRecorder& operator=(const ShaderTextRecorder&) = delete;
+    ShaderTextRecorder() { texts().clear(); }
 
     static std::vector<std::string>& texts() {
         static std::vector<std::string> texts;
@@ -25,16 +19,13 @@ public:
     }
 
 private:
-    static decltype(GLES3::glShaderSource)& real() {
-        static decltype(GLES3::glShaderSource) function = nullptr;
-        return function;
-    }
-
-    static void Record(GLuint shader, GLsizei count, const GLchar* const* lines,
-                       const GLint* lengths) {
-        texts().emplace_back(lines[0]);
-        real()(shader, count, lines, lengths);
-    }
+    static inline decltype(GLES3::glShaderSource) real = nullptr;
+    Replaced<decltype(real)> recorder_{
+        (real = GLES3::glShaderSource, GLES3::glShaderSource),
+        [](GLuint shader, GLsizei count, const GLchar* const* lines, const GLint* lengths) {
+            texts().emplace_back(lines[0]);
+            real(shader, count, lines, lengths);
+        }};
 };
 
 /// The shader text stored under \p name among the test data.

@@ -4,10 +4,9 @@
 #include "Render/OESRenderer/CallGate.h"
 
 #include <gtest/gtest.h>
+#include <semaphore.h>
 
 #include <array>
-#include <condition_variable>
-#include <mutex>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -17,34 +16,25 @@ namespace {
 /// Lets two threads take turns, in an order of its own choice.
 class Turns {
 public:
-    /// The thread's next step begins: wait for the turn.
-    void await(size_t thread) {
-        std::unique_lock<std::mutex> lock(mutex_);
-        waiting_.at(thread) = true;
-        changed_.notify_all();
-        changed_.wait(lock, [&] { return turn_ == thread; });
-        turn_ = kNobody;
-        waiting_.at(thread) = false;
+    Turns() {
+        for (sem_t* semaphore : {&turn_[0], &turn_[1], &parked_}) {
+            sem_init(semaphore, 0, 0);
+        }
     }
+
+    /// The thread's next step begins: wait for the turn.
+    void await(size_t thread) { sem_wait(&turn_.at(thread)); }
+    void giveBack() { sem_post(&parked_); }
     void end(size_t thread) {
-        const std::lock_guard<std::mutex> lock(mutex_);
         ended_.at(thread) = true;
-        changed_.notify_all();
+        giveBack();
     }
 
     /// Gives turns until both threads have ended.
     /// \param order which thread goes when both could; grows by zeros.
     void conduct(std::vector<size_t>& order) {
         size_t decision = 0;
-        for (;;) {
-            std::unique_lock<std::mutex> lock(mutex_);
-            changed_.wait(lock, [&] {
-                return turn_ == kNobody && (waiting_[0] || ended_[0]) && (waiting_[1] || ended_[1]);
-            });
-            if (ended_[0] && ended_[1]) {
-                order.resize(decision);
-                return;
-            }
+        while (!ended_[0] || !ended_[1]) {
             size_t next = ended_[0] ? 1 : 0;
             if (!ended_[0] && !ended_[1]) {
                 if (decision == order.size()) {
@@ -52,42 +42,42 @@ public:
                 }
                 next = order[decision++];
             }
-            turn_ = next;
-            changed_.notify_all();
+            sem_post(&turn_.at(next));
+            sem_wait(&parked_);
         }
+        order.resize(decision);
     }
 
 private:
-    static constexpr size_t kNobody = 2;
-
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::array<bool, 2> waiting_{};
+    std::array<sem_t, 2> turn_;
+    sem_t parked_;
     std::array<bool, 2> ended_{};
-    size_t turn_ = kNobody;
 };
 
 Turns* turns = nullptr;
 thread_local size_t self = 0;
+
+void Step() {
+    turns->giveBack();
+    turns->await(self);
+}
 
 template <class T>
 class SteppedAtomic {
 public:
     explicit SteppedAtomic(T value) : value_(value) {}
 
-    T load() const { return step(), value_; }
-    T fetch_or(T bits) { return step(), std::exchange(value_, value_ | bits); }
-    T fetch_and(T bits) { return step(), std::exchange(value_, value_ & bits); }
+    T load() const { return Step(), value_; }
+    T fetch_or(T bits) { return Step(), std::exchange(value_, value_ | bits); }
+    T fetch_and(T bits) { return Step(), std::exchange(value_, value_ & bits); }
     bool compare_exchange_strong(T& expected, T desired) {
-        step();
+        Step();
         const bool equal = value_ == expected;
         (equal ? value_ : expected) = equal ? desired : value_;
         return equal;
     }
 
 private:
-    static void step() { turns->await(self); }
-
     T value_;
 };
 
@@ -100,7 +90,7 @@ public:
                 return;
             }
             EXPECT_FALSE(closed_) << "a call begins after stop";
-            turns->await(self);
+            Step();
             EXPECT_EQ(deletions_, 0) << "used after delete";
             if (gate_.leave()) {
                 ++deletions_;
@@ -111,7 +101,7 @@ public:
     void shutDown() {
         gate_.close();
         closed_ = true;
-        turns->await(self);  // Stop.
+        Step();  // Stop.
         for (int look = 0; look < 2 && gate_.inCall(); ++look) {
         }
         if (!gate_.handOver()) {
@@ -146,6 +136,7 @@ void RunInOrder(std::vector<size_t>& order) {
     const auto start = [&](size_t number, void (Destruction::*work)()) {
         return std::thread([&conductor, &destruction, number, work] {
             self = number;
+            conductor.await(number);
             (destruction.*work)();
             conductor.end(number);
         });

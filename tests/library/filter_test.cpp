@@ -6,7 +6,6 @@
 
 #include <cmath>
 #include <cstring>
-#include <utility>
 
 #include "ShaderText.h"
 #include "gl/GLES3.h"
@@ -14,6 +13,7 @@
 #include "render/GPUTextureFilter/VEGPUTexture2TextureFilter.h"
 #include "support/LogCapture.h"
 #include "support/RendererHarness.h"
+#include "support/Replaced.h"
 
 namespace {
 
@@ -62,11 +62,9 @@ TEST_F(Filter, DrawsExternalSources) {
     const ShaderTextRecorder recorder;
     filter.Texture2FilterTexture(source, true, true, -1, {});
     EXPECT_EQ(recorder.texts().at(1), StoredShader("external.frag"));
-    scene.source = &picture;
-    expectShown();
-
     filter.UpdateUserPosition(0.2F, 5.0F, 1.0F, 6.0F);
     filter.Texture2FilterTexture(source, false, true, -1, {});
+    scene.source = &picture;
     scene.colorMirror = false;
     scene.viewX = 0.2F;
     scene.zoom = 1.0F;
@@ -77,9 +75,10 @@ TEST_F(Filter, ErrorChecksOfExternalSourcesReportTheirNumbers) {
     auto filter = makeFilter<GPUTexture2TextureFilter>();
     filter.Texture2FilterTexture(1, true, true, -1, {});
     LogCapture::Take();
-    const auto real = std::exchange(GLES3::glGetError, [] { return GLenum{GL_INVALID_VALUE}; });
-    filter.Texture2FilterTexture(1, true, true, 5, {});
-    GLES3::glGetError = real;
+    {
+        const Replaced fails(GLES3::glGetError, [] { return GLenum{GL_INVALID_VALUE}; });
+        filter.Texture2FilterTexture(1, true, true, 5, {});
+    }
     std::vector<int> numbers;
     for (const std::string& text : LogCapture::TakeTexts()) {
         numbers.push_back(std::stoi(text.substr(text.rfind(':') + 1)));
@@ -97,10 +96,10 @@ TEST_F(Filter, DrawsExternalSourcesUnderAMask) {
         filter.Texture2ExtractFilterTexture(source, true, mask.pixels.data(), true, -1, {});
     }
     EXPECT_EQ(recorder.texts().at(1), StoredShader("external_masked.frag"));
-    const auto lines = LogCapture::Take();
-    EXPECT_EQ(lines.at(0).text,
-              "GeneratorMaskTexture, m_maskWidth(3), m_maskHeight(2) ...###renderer");
-    EXPECT_EQ(lines[0].tag, "VEGPUTexture2TextureFilter");
+    EXPECT_EQ(
+        LogCapture::Take().at(0),
+        (LogCapture::Line{4, "VEGPUTexture2TextureFilter",
+                          "GeneratorMaskTexture, m_maskWidth(3), m_maskHeight(2) ...###renderer"}));
     scene.source = &picture;
     scene.mask = &mask;
     expectShown();
@@ -137,14 +136,12 @@ TEST_F(Filter, AFirstDrawWithoutAMaskIsForGood) {
 /// The matrix of the next draw.
 std::vector<float> DrawnMatrix(GPUTexture2TextureFilter& filter, unsigned source) {
     static std::vector<float> matrix;
-    static decltype(GLES3::glUniformMatrix4fv) real = nullptr;
-    real = GLES3::glUniformMatrix4fv;
-    GLES3::glUniformMatrix4fv = [](GLint, GLsizei, GLboolean transpose, const GLfloat* value) {
-        EXPECT_EQ(transpose, GL_FALSE);
-        matrix.assign(value, value + 16);
-    };
+    const Replaced recorder(GLES3::glUniformMatrix4fv,
+                            [](GLint, GLsizei, GLboolean transpose, const GLfloat* value) {
+                                EXPECT_EQ(transpose, GL_FALSE);
+                                matrix.assign(value, value + 16);
+                            });
     filter.Texture2FilterTexture(source, true, false, -1, {});
-    GLES3::glUniformMatrix4fv = real;
     return matrix;
 }
 
@@ -183,21 +180,17 @@ TEST_F(Filter, TheMatrixIsExactlyThatOfTheView) {
     }
 }
 
-TEST_F(Filter, TexturesWithoutPixelBuffersTakeTheirImageAtOnce) {
-    GLTexture* texture =
-        GPUTextureFilterBase::GeneratorTexture(GL_RGBA, kSize.width, kSize.height, false);
-    texture->loadData(picture.pixels.data());
-    EXPECT_EQ(ReadBack(texture->m_textureId, kSize).pixels, picture.pixels);
-    GPUTextureFilterBase::DeleteTexture(texture);
-    GPUTextureFilterBase::DeleteTexture(nullptr);
-    GPUTextureFilterBase::DeleteFBO(nullptr);
-}
-
 TEST_F(Filter, FormatsWithoutASizeUploadNothing) {
     GLTexture* texture = GPUTextureFilterBase::GeneratorTexture(0x1234, 4, 4, true);
     EXPECT_EQ(texture->m_byteSize, 0U);
     texture->loadData(picture.pixels.data());
     texture->loadData(nullptr);
+    GPUTextureFilterBase::DeleteTexture(texture);
+
+    // Without pixel buffers, the image is there at once.
+    texture = GPUTextureFilterBase::GeneratorTexture(GL_RGBA, kSize.width, kSize.height, false);
+    texture->loadData(picture.pixels.data());
+    EXPECT_EQ(ReadBack(texture->m_textureId, kSize).pixels, picture.pixels);
     GPUTextureFilterBase::DeleteTexture(texture);
 }
 

@@ -2,29 +2,20 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <regex>
 #include <string>
 #include <vector>
 
+#include "StoredText.h"
 #include "support/GlRecorder.h"
 #include "support/LogCapture.h"
 #include "support/RendererHarness.h"
+#include "support/Replaced.h"
 
 namespace {
 
 const VERendererMode kPlain = {VE_OUTPUT_PICTURE, VE_MODE_RGB, 4, 2, 0, 0, 0};
 const VERendererMode kMasked = {VE_OUTPUT_MASKED, VE_MODE_RGB, 4, 2, VE_MASK_RGBA, 2, 2};
-
-/// The stored calls, without the names behind them.
-std::string StoredCalls() {
-    std::ifstream file(TEST_DATA_DIR "/gl_calls.txt");
-    std::string calls;
-    for (std::string line; std::getline(file, line);) {
-        calls += line.substr(0, line.find("  ")) + "\n";
-    }
-    return calls;
-}
 
 class GlCalls : public testing::Test {
 protected:
@@ -80,9 +71,7 @@ TEST_F(GlCalls, LivesAreTheStoredSequences) {
         note("four masked updates");
     });
     lives += lifeOf(kPlain, VE_FORMAT_RGBA, [](auto&, auto&) {});
-    const std::string path = testing::TempDir() + "gl_calls.txt";
-    std::ofstream(path) << lives;
-    EXPECT_TRUE(lives == StoredCalls()) << "compare " << path << " with data/gl_calls.txt";
+    ExpectStored(lives, "gl_calls.txt");
 }
 
 TEST_F(GlCalls, TheStickerListMayGrowDuringTheDraw) {
@@ -109,13 +98,12 @@ std::vector<int> CheckedLines(RendererHarness& renderer, void* mask, int sticker
     static uint8_t pixels[4 * 2 * 3] = {};
     static size_t errors = 0;
     errors = 0;
-    const auto real = std::exchange(GLES3::glGetError, [] {
+    const Replaced fails(GLES3::glGetError, [] {
         ++errors;
         return GLenum{GL_INVALID_VALUE};
     });
     LogCapture::Take();
     VEUpdateRendererWithSticker(renderer.handle, pixels, 0, true, mask, stickerTexture, stickers);
-    GLES3::glGetError = real;
     std::vector<int> lines;
     const std::string start =
         "OpenGLES error 0x0501 in src/Render/GPUTextureFilter/VEGPUTextureFilterBaseImpl.cpp:";

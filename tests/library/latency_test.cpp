@@ -5,6 +5,7 @@
 
 #include "gl/GLES3.h"
 #include "support/RendererHarness.h"
+#include "support/Replaced.h"
 
 namespace {
 
@@ -84,12 +85,11 @@ TEST_F(Latency, ABufferThatCannotBeMappedDropsItsFrame) {
     RendererHarness renderer({VE_OUTPUT_PICTURE, VE_MODE_RGBA, 4, 4, 0, 0, 0});
     call(renderer, 1);
     call(renderer, 2);
-    const auto real = GLES3::glMapBufferRange;
-    GLES3::glMapBufferRange = [](GLenum, GLintptr, GLsizeiptr, GLbitfield) -> void* {
-        return nullptr;
-    };
-    call(renderer, 3);
-    GLES3::glMapBufferRange = real;
+    {
+        const Replaced mapsNothing(GLES3::glMapBufferRange,
+                                   [](auto...) -> void* { return nullptr; });
+        call(renderer, 3);
+    }
     call(renderer, 4);
     EXPECT_EQ(shownFrame(renderer), 2);
     call(renderer, 0);

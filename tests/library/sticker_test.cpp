@@ -78,11 +78,8 @@ TEST_F(Sticker, TheViewMovesThemWithThePicture) {
 }
 
 TEST_F(Sticker, OddSizesHalveRoundedDown) {
-    VERendererMode mode = kPlain;
-    mode.textureWidth = 201;
-    mode.textureHeight = 121;
     frame = Noise({201, 121}, 1);
-    RendererHarness renderer(mode);
+    RendererHarness renderer({VE_OUTPUT_PICTURE, VE_MODE_RGBA, 201, 121, 0, 0, 0});
     scene.stickers = {{100, 60}, {200, 120}};
     renderer.expectShows(scene);
 }
@@ -92,11 +89,8 @@ TEST_F(Sticker, PositionsAtTheEndsOfTheirRangeAndTargetsWithoutAHalfAreHarmless)
     scene.stickers = {{INT_MIN, INT_MIN}, {INT_MAX, INT_MAX}, {INT_MIN, 60}};
     renderer.show(scene);
 
-    VERendererMode one = kPlain;
-    one.textureWidth = 1;
-    one.textureHeight = 1;
     const Image pixel = Solid({1, 1}, {1, 2, 3, 4});
-    RendererHarness tiny(one);
+    RendererHarness tiny({VE_OUTPUT_PICTURE, VE_MODE_RGBA, 1, 1, 0, 0, 0});
     scene.source = &pixel;
     scene.stickers = {{0, 0}, {5, 5}};
     tiny.show(scene);

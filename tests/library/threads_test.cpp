@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <thread>
-#include <vector>
 
 #include "support/RendererHarness.h"
 
@@ -31,11 +30,8 @@ void Render(int number) {
 }
 
 TEST(Threads, RenderersOnTheirOwnContextsAreIndependent) {
-    std::vector<std::thread> threads;
-    threads.reserve(3);
-    for (int number = 0; number < 3; ++number) {
-        threads.emplace_back(Render, number);
-    }
+    std::thread threads[] = {std::thread(Render, 0), std::thread(Render, 1),
+                             std::thread(Render, 2)};
     for (std::thread& thread : threads) {
         thread.join();
     }
