@@ -49,15 +49,12 @@ private:
     std::thread thread_;
 };
 
-TestStream BrighteningStream() {
-    TestStream stream;
-    stream.picture = [](int index) { return Gray(static_cast<uint8_t>(30 + 4 * index)); };
-    return stream;
-}
-
 class HostOfDecoder : public testing::Test {
 protected:
-    HostOfDecoder() { HostDecoder_setLockStep(host.get(), 1); }
+    HostOfDecoder() {
+        stream.picture = [](int index) { return Gray(static_cast<uint8_t>(30 + 4 * index)); };
+        HostDecoder_setLockStep(host.get(), 1);
+    }
 
     /// Plays all \p units, picture by picture. \return a pixel and the unit of each.
     std::vector<std::pair<int, int64_t>> Play(const std::vector<TestUnit>& units) {
@@ -89,7 +86,7 @@ protected:
         return result;
     }
 
-    TestStream stream = BrighteningStream();
+    TestStream stream;
     TestWindow window;
     CodecClient client{stream, window.window, 90};
     const Host host{HostDecoder_acquire()};
