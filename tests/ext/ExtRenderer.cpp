@@ -83,9 +83,7 @@ void ExtRenderer::show(const Scene& scene) {
     }
     drawOptions.stickers = pairs.data();
     drawOptions.stickerCount = pairs.size() / 2;
-    glClearColor(static_cast<float>(scene.clear[0]) / 255, static_cast<float>(scene.clear[1]) / 255,
-                 static_cast<float>(scene.clear[2]) / 255,
-                 static_cast<float>(scene.clear[3]) / 255);
+    SetClearColor(scene.clear);
     EXPECT_TRUE(draw(drawOptions).picture);
 }
 

@@ -78,7 +78,8 @@ TEST_F(GlCalls, TheStickerListMayGrowDuringTheDraw) {
     RendererHarness renderer(kPlain);
     update(renderer);
     static VEStickerList stickers;
-    static int draws = 0;
+    static int draws;
+    draws = 0;
     static decltype(GLES3::glDrawElements) real = nullptr;
     stickers = {{1, 1}};
     real = std::exchange(GLES3::glDrawElements, [](auto... arguments) {

@@ -50,18 +50,6 @@ TEST_F(Sticker, TheHiddenPairSkipsItsStickerOnly) {
     renderer.expectShows(scene);
 }
 
-TEST_F(Sticker, NoneWithoutATextureOrAList) {
-    RendererHarness renderer(kPlain);
-    scene.stickers = {};
-    renderer.expectShows(scene);
-    scene.sticker = nullptr;
-    renderer.show(scene);
-    const Image plain = renderer.readBack();
-    scene.stickers = {{100, 60}};
-    renderer.show(scene);
-    EXPECT_EQ(renderer.readBack().pixels, plain.pixels);
-}
-
 TEST_F(Sticker, TheViewMovesThemWithThePicture) {
     const VERendererMode masked = {VE_OUTPUT_MASKED, VE_MODE_RGBA, 200, 120, VE_MASK_RGBA, 2, 2};
     const Image mask = Solid({2, 2}, {255, 255, 255, 255});

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "gl/GLES3.h"
 
 TestContext::TestContext() {
@@ -37,6 +39,12 @@ Image ReadBack(unsigned texture, Size size) {
     return image;
 }
 
+void SetClearColor(const Rgba& color) {
+    float values[4];
+    std::transform(color.begin(), color.end(), values, [](uint8_t byte) { return byte / 255.0F; });
+    glClearColor(values[0], values[1], values[2], values[3]);
+}
+
 RendererHarness::RendererHarness(const VERendererMode& mode, int format) : mode(mode) {
     const int name = static_cast<int>(texture);
     const int result =
@@ -60,9 +68,7 @@ void RendererHarness::update(const Scene& scene) {
         Fill(stickerTexture_, *scene.sticker);
         stickerImage_ = scene.sticker;
     }
-    glClearColor(static_cast<float>(scene.clear[0]) / 255, static_cast<float>(scene.clear[1]) / 255,
-                 static_cast<float>(scene.clear[2]) / 255,
-                 static_cast<float>(scene.clear[3]) / 255);
+    SetClearColor(scene.clear);
     std::vector<uint8_t> pixels = Packed(scene.source, mode.modeType == VE_MODE_RGB);
     std::vector<uint8_t> mask = Packed(scene.mask, mode.maskFormat != VE_MASK_RGBA);
     VEStickerList stickers = scene.stickers;

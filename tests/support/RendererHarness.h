@@ -21,6 +21,8 @@ void Fill(unsigned texture, const Image& image);
 /// The texture's pixels as RGBA, first row first. Leaves framebuffer 0 bound.
 Image ReadBack(unsigned texture, Size size);
 
+void SetClearColor(const Rgba& color);
+
 /// A renderer and its destination texture, in the current context.
 class RendererHarness {
 public:
