@@ -11,6 +11,7 @@ extern "C" {
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
 
 #include "PlayerFixture.h"
@@ -46,20 +47,19 @@ void MakeClip(const std::string& path, const ClipKind& kind) {
     const double seconds = kind.frames / av_q2d(kind.frameRate);
     const std::string frames = path + ".rgba";
     WriteFrames(frames, kind);
-    std::string inputs = " -f rawvideo -pix_fmt rgba -framerate " + rate + " -s " +
-                         std::to_string(kind.size.width) + "x" + std::to_string(kind.size.height) +
-                         " -i " + frames;
-    std::string tracks = " -map 0";
+    std::ostringstream inputs;
+    std::ostringstream tracks;
+    inputs << " -f rawvideo -pix_fmt rgba -framerate " << rate << " -s " << kind.size.width << "x"
+           << kind.size.height << " -i " << frames;
+    tracks << " -map 0";
     for (size_t i = 0; i < kind.audio.size(); ++i) {
-        const std::string track = std::to_string(i);
-        const std::string number = std::to_string(i + 1);
-        inputs += " -f lavfi -t " + std::to_string(seconds + 0.3) + " -i anoisesrc=r=48000:seed=1";
-        tracks += " -map " + number + " -c:a:" + track + " " + kind.audio[i] +
-                  " -metadata:s:a:" + track + " language=" + (i == 0 ? "deu" : "fra") +
-                  " -metadata:s:a:" + track + " title=Track" + number;
+        inputs << " -f lavfi -t " << seconds + 0.3 << " -i anoisesrc=r=48000:seed=1";
+        tracks << " -map " << i + 1 << " -c:a:" << i << " " << kind.audio[i]
+               << " -metadata:s:a:" << i << " language=" << (i == 0 ? "deu" : "fra")
+               << " -metadata:s:a:" << i << " title=Track" << i + 1;
     }
     const std::string command =
-        "ffmpeg -v error -y" + inputs + tracks + Options(kind.tags) +
+        "ffmpeg -v error -y" + inputs.str() + tracks.str() + Options(kind.tags) +
         " -pix_fmt yuv420p -c:v libx264 -crf 1 -x264-params tff=" + (kind.interlaced ? "1" : "0") +
         " -f " + kind.container + " " + path;
     // NOLINTNEXTLINE(cert-env33-c): the test names its own files.
