@@ -7,6 +7,7 @@
 
 #include "DecodeFixture.h"
 #include "PlainModel.h"
+#include "support/ToolError.h"
 #include "support/VideoReader.h"
 
 namespace {

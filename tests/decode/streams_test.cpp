@@ -1,5 +1,7 @@
 // Streams of every kind that is played, in every container.
 
+#include <linux_platform/Host.h>
+
 #include <array>
 
 #include "DecodeFixture.h"
@@ -64,6 +66,15 @@ TEST_F(DecodeTest, BeginsAtTheStartAlsoBetweenKeyFrames) {
     stream.bFrames = 2;
     WriteMedia(Path("clip.mp4"), stream, kCount);
     EXPECT_EQ(ExpectAsDecoded(Path("clip.mp4"), 14 * 0.04), kCount - 14);
+}
+
+TEST_F(DecodeTest, LeavesOutThePaddingOfPictures) {
+    HostPlatform_setStrict(1);
+    TestStream stream = ChangingStream();
+    stream.width = 330;
+    stream.height = 250;
+    WriteMedia(Path("clip.mp4"), stream, kCount);
+    EXPECT_EQ(ExpectAsDecoded(Path("clip.mp4")), kCount);
 }
 
 TEST_F(DecodeTest, FitsPicturesOfAnotherSizeInMidStream) {

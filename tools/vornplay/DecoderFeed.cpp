@@ -63,7 +63,7 @@ bool DecoderFeed::FeedNext(int64_t waitUs) {
         return false;
     }
     if (result != VE_OK && result != VE_ERROR_UNIT_SIZE) {
-        throw renderer_.Error(result);
+        renderer_.Fail(result);
     }
     if (next_ == nullptr) {
         atEnd_ = true;
@@ -80,7 +80,7 @@ HostResult DecoderFeed::WaitForFrame(int64_t timeoutUs) {
     const HostResult result =
         HostDecoder_waitForFrame(decoder_.get(), frames_.delivered, timeoutUs, &frames_);
     if (result == HOST_CLOSED) {
-        throw renderer_.Error(VE_ERROR_DECODER);
+        renderer_.Fail(VE_ERROR_DECODER);
     }
     if (result == HOST_TIMED_OUT) {
         CheckDecoder();
@@ -92,7 +92,7 @@ HostResult DecoderFeed::WaitForFrame(int64_t timeoutUs) {
 void DecoderFeed::CheckDecoder() const {
     const VEResult result = renderer_.DecoderState().result;
     if (result != VE_OK) {
-        throw renderer_.Error(result);
+        renderer_.Fail(result);
     }
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "support/ToolError.h"
+
 Renderer::Renderer(RendererSettings settings)
     : settings_(std::move(settings)), image_(settings_.size) {
     CheckSizes();
@@ -43,7 +45,7 @@ void Renderer::Create() {
     VERenderer* handle = nullptr;
     const VEResult result = VECreateRenderer(&options, &handle);
     if (result != VE_OK) {
-        throw Error(result);
+        Fail(result);
     }
     handle_.reset(handle);
 }
@@ -76,7 +78,7 @@ VEDrawn Renderer::Draw(const Shot& shot, const uint8_t* frame, const uint8_t* ma
     VEDrawn drawn = VEMakeDrawn();
     const VEResult result = VEDraw(handle_.get(), &options, &drawn);
     if (result != VE_OK) {
-        throw Error(result);
+        Fail(result);
     }
     glFinish();
     drawingTime_ += std::chrono::steady_clock::now() - start;
@@ -84,16 +86,16 @@ VEDrawn Renderer::Draw(const Shot& shot, const uint8_t* frame, const uint8_t* ma
     return drawn;
 }
 
-ToolError Renderer::Error(VEResult result) const {
+void Renderer::Fail(VEResult result) const {
     std::string text = settings_.input + ": " + VEResultText(result);
     if (settings_.javaVM == nullptr) {
-        return ToolError(text);
+        throw ToolError(text);
     }
     const int32_t code = DecoderState().platformCode;
     if (code != 0) {
         text += " (code " + std::to_string(code) + ")";
     }
-    return ToolError(text + kDecodeHere);
+    throw ToolError(text + kDecodeHere);
 }
 
 double Renderer::MillisecondsPerDraw() const {

@@ -9,7 +9,6 @@
 #include "Texture.h"
 #include "render/VERendererExt.h"
 #include "support/Image.h"
-#include "support/ToolError.h"
 
 /// What a renderer is created with.
 struct RendererSettings {
@@ -42,8 +41,8 @@ public:
     /// \throws ToolError
     VEDrawn Draw(const Shot& shot, const uint8_t* frame, const uint8_t* mask);
 
-    /// The message for a call that failed: what, in which file, and what to do.
-    ToolError Error(VEResult result) const;
+    /// Says of a call that failed: what, in which file, and what to do. \throws ToolError, always
+    [[noreturn]] void Fail(VEResult result) const;
 
     Size FrameSize() const { return settings_.size; }
 

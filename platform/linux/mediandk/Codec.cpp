@@ -139,7 +139,7 @@ media_status_t Codec::SetWindow(ANativeWindow* window) {
         return AMEDIA_ERROR_INVALID_OPERATION;
     }
     configuration_->renderer = NewRenderer(window);
-    flow_->EndTurn();  // Nobody may latch the old window's picture.
+    flow_->ChangeWindow();
     return AMEDIA_OK;
 }
 

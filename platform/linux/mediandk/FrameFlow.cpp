@@ -7,6 +7,7 @@ void FrameFlow::Open() {
     open_ = true;
     ended_ = false;
     turnTaken_ = false;
+    unlatched_ = false;
 }
 
 void FrameFlow::Close() {
@@ -17,7 +18,11 @@ void FrameFlow::Close() {
 
 bool FrameFlow::TakeTurn(int64_t timeoutUs) {
     std::unique_lock<std::mutex> lock(mutex_);
-    const auto free = [this] { return !open_ || pace_ == Pace::kFree || !turnTaken_; };
+    // A picture of before the lock-step may still be unlatched, although its turn ended.
+    const auto free = [this] {
+        const bool held = turnTaken_ || (pace_ == Pace::kLockStep && unlatched_);
+        return !open_ || pace_ == Pace::kFree || !held;
+    };
     if (!WaitFor(changed_, lock, timeoutUs, free)) {
         return false;
     }
@@ -31,8 +36,16 @@ void FrameFlow::EndTurn() {
     changed_.notify_all();
 }
 
+void FrameFlow::ChangeWindow() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    turnTaken_ = false;
+    unlatched_ = false;
+    changed_.notify_all();
+}
+
 void FrameFlow::Deliver(int64_t unit) {
     const std::lock_guard<std::mutex> lock(mutex_);
+    unlatched_ = true;
     ++frames_.delivered;
     frames_.unit = unit;
     changed_.notify_all();
@@ -48,6 +61,7 @@ void FrameFlow::End() {
 void FrameFlow::Latch() {
     const std::lock_guard<std::mutex> lock(mutex_);
     ++frames_.latched;
+    unlatched_ = false;
     turnTaken_ = turnTaken_ && pace_ == Pace::kStepping;
     changed_.notify_all();
 }

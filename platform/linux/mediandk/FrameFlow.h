@@ -23,6 +23,8 @@ public:
     /// picture is latched, or EndTurn(). \return false on a timeout.
     bool TakeTurn(int64_t timeoutUs);
     void EndTurn();
+    /// Notes that nobody may latch the picture that the old window has.
+    void ChangeWindow();
     /// Counts a picture that the window got.
     void Deliver(int64_t unit);
     /// Notes that the window got the last picture.
@@ -56,4 +58,5 @@ private:
     bool ended_ = false;
     Pace pace_ = Pace::kFree;
     bool turnTaken_ = false;
+    bool unlatched_ = false;  ///< The window has a picture that was not latched.
 };

@@ -106,6 +106,27 @@ TEST_F(HostOfDecoder, SeesEveryPictureOnceInLockStep) {
     }
 }
 
+TEST_F(HostOfDecoder, LockStepHoldsForThePictureThatIsThereAlready) {
+    HostDecoder_setLockStep(host.get(), 0);
+    client.Feed(Encode(stream, 8));
+    const auto next = [&](int64_t timeoutUs) {
+        AMediaCodecBufferInfo info;
+        ssize_t index = AMEDIACODEC_INFO_OUTPUT_FORMAT_CHANGED;
+        while (index == AMEDIACODEC_INFO_OUTPUT_FORMAT_CHANGED) {
+            index = AMediaCodec_dequeueOutputBuffer(client.Get(), &info, timeoutUs);
+        }
+        return index;
+    };
+    for (ssize_t index = next(kLongUs); index >= 0; index = next(kShortUs)) {
+        AMediaCodec_releaseOutputBuffer(client.Get(), static_cast<size_t>(index), true);
+    }
+    HostDecoder_setLockStep(host.get(), 1);
+    HostDecoder_endStream(host.get(), -1);
+    EXPECT_EQ(next(10 * kShortUs), AMEDIACODEC_INFO_TRY_AGAIN_LATER);
+    window.queue->Recycle(window.queue->Acquire());
+    EXPECT_GE(next(kLongUs), 0);
+}
+
 TEST_F(HostOfDecoder, SteppingHoldsAPictureThatWasShown) {
     constexpr int kCount = 8;
     HostDecoder_setStepping(host.get(), 1);
