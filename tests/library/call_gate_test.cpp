@@ -17,9 +17,10 @@ namespace {
 class Turns {
 public:
     Turns() {
-        for (sem_t* semaphore : {&turn_[0], &turn_[1], &parked_}) {
-            sem_init(semaphore, 0, 0);
+        for (sem_t& turn : turn_) {
+            sem_init(&turn, 0, 0);
         }
+        sem_init(&parked_, 0, 0);
     }
 
     /// The thread's next step begins: wait for the turn.

@@ -35,7 +35,7 @@ protected:
             for (const std::string& call : GlRecorder::take()) {
                 // GL gives locations, except -1.
                 life +=
-                    std::regex_replace(call, std::regex("^(glUniform\\w+\\()\\d+"), "$1location");
+                    std::regex_replace(call, std::regex(R"(^(glUniform\w+\()\d+)"), "$1location");
                 life += "\n";
             }
         };
