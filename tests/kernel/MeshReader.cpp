@@ -113,11 +113,3 @@ std::vector<Triangle> TrianglesOf(const MeshOnGpu& mesh) {
     }
     return triangles;
 }
-
-double AreaOf(const std::vector<Triangle>& triangles) {
-    double area = 0;
-    for (const Triangle& triangle : triangles) {
-        area += Length(FaceNormal(triangle)) / 2;
-    }
-    return area;
-}

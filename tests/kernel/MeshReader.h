@@ -63,4 +63,3 @@ OVR::Vector3<float> Centroid(const Triangle& triangle);
 OVR::Vector3<float> FaceNormal(const Triangle& triangle);
 
 std::vector<Triangle> TrianglesOf(const MeshOnGpu& mesh);
-double AreaOf(const std::vector<Triangle>& triangles);
