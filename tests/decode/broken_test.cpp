@@ -57,28 +57,20 @@ protected:
     std::vector<TestUnit> units_ = Encode(Stream(), kCount);
 };
 
-TEST_F(Broken, RecoversFromALostUnit) {
+TEST_F(Broken, RecoversAtTheNextKeyFrame) {
     auto units = units_;
     units[4].bytes = {0, 0, 0, 1, 9, 0xF0};  // A delimiter and nothing else.
     ExpectRecovery(units, kKeyInterval);
-}
-
-TEST_F(Broken, RecoversFromATruncatedKeyFrame) {
-    auto units = units_;
-    units[kKeyInterval].bytes.resize(units[kKeyInterval].bytes.size() / 2);
-    ExpectRecovery(units, 2 * kKeyInterval);
-}
-
-TEST_F(Broken, RecoversFromRandomBytes) {
-    auto units = units_;
+    units = units_;
     uint32_t state = 1;
-    for (const size_t index : {3U, 5U, 6U}) {
-        for (size_t i = 5; i < units[index].bytes.size(); ++i) {
-            state = state * 1664525U + 1013904223U;
-            units[index].bytes[i] = static_cast<uint8_t>(state >> 24U);
-        }
+    for (size_t i = 5; i < units[5].bytes.size(); ++i) {
+        state = state * 1664525U + 1013904223U;
+        units[5].bytes[i] = static_cast<uint8_t>(state >> 24U);
     }
     ExpectRecovery(units, kKeyInterval);
+    units = units_;
+    units[kKeyInterval].bytes.resize(units[kKeyInterval].bytes.size() / 2);
+    ExpectRecovery(units, 2 * kKeyInterval);
 }
 
 /// Plays until the error. \return its message without the file's directory, and the frames before

@@ -122,22 +122,6 @@ TEST_F(DecodeTest, MeetsEachFrameWithItsMask) {
     EXPECT_FALSE(player.Next());
 }
 
-// Larger than the least that a decoder takes, but not than a picture of this size without
-// compression.
-TEST_F(DecodeTest, TakesUnitsOfTwoMegabytes) {
-    TestStream stream = ChangingStream();
-    stream.MakeJpeg(AV_PIX_FMT_YUVJ444P);
-    stream.width = 1280;
-    stream.height = 720;
-    av::CodecContext encoder;
-    auto units = Encode(stream, 3, &encoder);
-    for (TestUnit& unit : units) {
-        unit.bytes.resize(2 << 20);  // A picture may be followed by zeros.
-    }
-    WriteMedia(Path("clip.avi"), *encoder, units);
-    EXPECT_EQ(ExpectAsDecoded(Path("clip.avi")), 3);
-}
-
 TEST_F(DecodeTest, LeavesOutUnitsLargerThanTheInputBuffer) {
     TestStream stream = ChangingStream();
     stream.MakeJpeg(AV_PIX_FMT_YUVJ420P);

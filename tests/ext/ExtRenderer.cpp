@@ -62,10 +62,6 @@ void ExtRenderer::show(const Scene& scene) {
         drawOptions.mask = mask.data();
     } else if (scene.mask != nullptr) {
         Fill(mask_, *scene.mask);
-        glBindTexture(GL_TEXTURE_2D, mask_);
-        const GLint filter = scene.softMask ? GL_LINEAR : GL_NEAREST;
-        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, filter);
-        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, filter);
         drawOptions.maskTexture = mask_;
     }
     drawOptions.hideMask = scene.mask == nullptr;
@@ -87,7 +83,7 @@ void ExtRenderer::show(const Scene& scene) {
     EXPECT_TRUE(draw(drawOptions).picture);
 }
 
-void ExtRenderer::expectShows(const Scene& scene, int tolerance) {
+void ExtRenderer::expectShows(const Scene& scene) {
     show(scene);
-    ExpectShows(readBack(), scene, tolerance);
+    ExpectShows(readBack(), scene);
 }

@@ -25,7 +25,7 @@ public:
     /// otherwise.
     void show(const Scene& scene);
     /// As \ref show, then compares the output with the model.
-    void expectShows(const Scene& scene, int tolerance = 0);
+    void expectShows(const Scene& scene);
 
     Image readBack() const {
         return ReadBack(options.outputTexture, {options.outputWidth, options.outputHeight});

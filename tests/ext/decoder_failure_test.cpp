@@ -202,7 +202,7 @@ TEST_F(DecoderFailure, PicturesLargerThanGlAllowsAreAnError) {
     EXPECT_EQ(VE_OK, close());
 }
 
-TEST_F(DecoderFailure, AUnitThatIsTooLargeIsNotCopied) {
+TEST_F(DecoderFailure, UnitsThatAreTooLargeOrFindNoBufferAreNotCopied) {
     ASSERT_EQ(VE_OK, create());
     platform.takeJournal();
     const size_t capacity = platform.inputBuffer.size();
@@ -213,6 +213,9 @@ TEST_F(DecoderFailure, AUnitThatIsTooLargeIsNotCopied) {
                   "AMediaCodec_dequeueInputBuffer 0", "AMediaCodec_getInputBuffer 3",
                   "AMediaCodec_getInputBuffer 3", "AMediaCodec_queueInputBuffer 3 0 64 0 0"}),
               platform.takeJournal());
+    platform.inputIndex = AMEDIACODEC_INFO_TRY_AGAIN_LATER;
+    EXPECT_EQ(VE_AGAIN, queue(capacity));
+    EXPECT_EQ(VE_OK, state().result);
     EXPECT_EQ(VE_OK, close());
 }
 

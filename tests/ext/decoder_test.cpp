@@ -187,30 +187,6 @@ TEST_F(Decoder, NoPictureOfBeforeAFlushShows) {
     EXPECT_EQ(renderer.state().result, VE_OK);
 }
 
-TEST_F(Decoder, UnitsThatDoNotFitUseNoBuffer) {
-    DecoderRenderer renderer;
-    const size_t capacity = HostDecoder_inputCapacity(renderer.host);
-    EXPECT_EQ(renderer.state().unitCapacity, 0U);
-    const std::vector<uint8_t> bytes(capacity + 1);
-    VEUnit large = VEMakeUnit();
-    large.data = bytes.data();
-    large.size = bytes.size();
-    for (int i = 0; i < 20; ++i) {
-        EXPECT_EQ(VEQueueUnit(renderer.handle, &large), VE_ERROR_UNIT_SIZE);
-    }
-    EXPECT_EQ(renderer.state().unitCapacity, capacity);
-    EXPECT_EQ(renderer.state().unitsDropped, 20U);
-    HostDecoder_setLockStep(renderer.host, 1);
-    VEResult result = VE_OK;
-    for (size_t i = 0; i < units_.size() && result == VE_OK; ++i) {
-        VEUnit unit = UnitOf(units_[i]);
-        unit.waitUs = 100'000;
-        result = VEQueueUnit(renderer.handle, &unit);
-    }
-    EXPECT_EQ(result, VE_AGAIN) << "nobody draws";
-    EXPECT_EQ(renderer.state().result, VE_OK);
-}
-
 TEST_F(Decoder, CropAndRotationApplyToThePictureAlone) {
     constexpr int kWidth = 300;  // Padded to 320 × 208 in strict mode.
     constexpr int kHeight = 200;

@@ -1,4 +1,4 @@
-// What the guarded renderer draws, against the model and against the seven functions.
+// What the guarded renderer draws, against the model.
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,6 @@ class ExtPicture : public testing::Test {
 protected:
     TestContext context;
     Image frame = Noise({40, 24}, 1);
-    Image rgbFrame = Opaque(Noise({41, 23}, 2));
     Image mask = Noise({9, 7}, 3);
     Image sticker = Noise({3, 5}, 4);
     Scene scene;
@@ -59,7 +58,7 @@ TEST_F(ExtPicture, EachRotationAndMirrorWithMaskStickersAndAViewInBothDirections
 }
 
 TEST_F(ExtPicture, TheSourceMatrixCropsAndTurnsThePictureOnly) {
-    // A flip and a crop, as of a padded picture; the same turned; the texture's own orientation.
+    // A flip and a crop, as of a padded picture; the same turned.
     const float crop[16] = {0.75F, 0, 0, 0, 0, -0.8F, 0, 0, 0, 0, 1, 0, 0.1F, 0.9F, 0, 1};
     const float turned[16] = {0, 0.8F, 0, 0, 0.7F, 0, 0, 0, 0, 0, 1, 0, 0.2F, 0.1F, 0, 1};
     ExtRenderer renderer(OptionsOf(VE_SOURCE_TEXTURE_2D, 64, 48));
@@ -72,43 +71,6 @@ TEST_F(ExtPicture, TheSourceMatrixCropsAndTurnsThePictureOnly) {
             renderer.expectShows(scene);
         }
     }
-    // The matrix of an uncropped picture gives the same pixels as none.
-    const float flip[16] = {1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1, 0, 0, 1, 0, 1};
-    scene.rotation = 0;
-    scene.sourceMatrix = flip;
-    renderer.expectShows(scene);
-    const std::vector<uint8_t> withMatrix = renderer.readBack().pixels;
-    scene.sourceMatrix = nullptr;
-    renderer.expectShows(scene);
-    EXPECT_EQ(withMatrix, renderer.readBack().pixels);
-}
-
-TEST_F(ExtPicture, ManyStickersComeInOrder) {
-    ExtRenderer renderer(OptionsOf(VE_SOURCE_TEXTURE_2D, 64, 48));
-    scene.sticker = &sticker;
-    for (int i = 0; i < 100; ++i) {
-        scene.stickers.emplace_back(i % 61, 20 + i % 37);
-    }
-    renderer.expectShows(scene);
-}
-
-TEST_F(ExtPicture, AMaskTextureHasSoftEdges) {
-    // Transparent black in the middle of opaque white, with room between.
-    Image soft = Solid({12, 10}, {255, 255, 255, 255});
-    for (int y = 3; y < 7; ++y) {
-        std::fill_n(soft.At(4, y), 4 * 4, uint8_t{0});
-    }
-    ExtRenderer renderer(OptionsOf(VE_SOURCE_TEXTURE_2D, 64, 48));
-    scene.mask = &soft;
-    scene.softMask = true;
-    scene.zoom = VE_ZOOM_FIT;
-    renderer.expectShows(scene, 2);
-    size_t between = 0;
-    const Image drawn = renderer.readBack();
-    for (int x = 0; x < drawn.size.width; ++x) {
-        between += drawn.Pixel(x, 24)[3] > 0 && drawn.Pixel(x, 24)[3] < 255 ? 1 : 0;
-    }
-    EXPECT_GT(between, 4U);
 }
 
 TEST_F(ExtPicture, TheLastMaskStaysAndBeforeTheFirstThePictureIsWhole) {
@@ -127,32 +89,6 @@ TEST_F(ExtPicture, TheLastMaskStaysAndBeforeTheFirstThePictureIsWhole) {
     renderer.drawFrame(nullptr);
     scene.mask = &mask;
     ExpectShows(renderer.readBack(), scene);
-}
-
-TEST_F(ExtPicture, IsThatOfTheSevenFunctionsBitForBit) {
-    for (const Image* image : {&frame, &rgbFrame}) {
-        const bool rgba = image == &frame;
-        VERendererOptions options = WithMask(
-            OptionsOf(rgba ? VE_SOURCE_RGBA : VE_SOURCE_RGB, image->size.width, image->size.height),
-            mask, VE_MASK_RGBA);
-        options.drawAtOnce = true;
-        ExtRenderer renderer(options);
-        RendererHarness seven({VE_OUTPUT_MASKED, rgba ? VE_MODE_RGBA : VE_MODE_RGB,
-                               image->size.width, image->size.height, VE_MASK_RGBA, mask.size.width,
-                               mask.size.height});
-        addMaskAndStickers();
-        scene.source = image;
-        for (const float zoom : {0.0F, VE_ZOOM_FIT, 2.0F, 3.3F}) {
-            for (const float x : {0.0F, 0.37F}) {
-                scene.zoom = zoom;
-                scene.viewX = x;
-                scene.colorMirror = !scene.colorMirror;
-                seven.show(scene);
-                renderer.show(scene);
-                EXPECT_EQ(seven.readBack().pixels, renderer.readBack().pixels);
-            }
-        }
-    }
 }
 
 TEST_F(ExtPicture, TheSevenFunctionsDrawItToo) {

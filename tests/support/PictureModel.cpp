@@ -10,7 +10,6 @@ namespace {
 
 constexpr double kPi = 3.14159265358979323846;
 constexpr double kTooClose = 1e-3;  ///< Of a texel, and of the square's unit.
-constexpr double kRounding = 1e-6;  ///< Of sums of weights.
 constexpr Rgba kKeyColor = {169, 210, 216, 0};
 
 struct Point {
@@ -58,31 +57,6 @@ Point InSource(const Scene& scene, double u, double v) {
     return p;
 }
 
-/// The four texels around (u, v), weighted by their distances.
-Rgba SampleLinear(const Image& image, double u, double v) {
-    const double x = u * image.size.width - 0.5;
-    const double y = v * image.size.height - 0.5;
-    double sum[4] = {};
-    for (const int row : {0, 1}) {
-        for (const int column : {0, 1}) {
-            const double weight = (1 - std::abs(x - std::floor(x) - column)) *
-                                  (1 - std::abs(y - std::floor(y) - row));
-            const Rgba texel = image.Pixel(
-                std::clamp(static_cast<int>(std::floor(x)) + column, 0, image.size.width - 1),
-                std::clamp(static_cast<int>(std::floor(y)) + row, 0, image.size.height - 1));
-            for (size_t c = 0; c < 4; ++c) {
-                sum[c] += weight * texel[c];
-            }
-        }
-    }
-    Rgba sample;
-    for (size_t c = 0; c < 4; ++c) {
-        sample[c] = static_cast<uint8_t>(
-            std::ceil(sum[c] - kRounding));  // Nothing but black itself is black.
-    }
-    return sample;
-}
-
 std::optional<Rgba> PicturePixel(const Scene& scene, const Point& p) {
     const double u = (p.x + 1) / 2;
     const double v = (p.y + 1) / 2;
@@ -91,8 +65,7 @@ std::optional<Rgba> PicturePixel(const Scene& scene, const Point& p) {
     if (scene.mask == nullptr || !color) {
         return color;
     }
-    const std::optional<Rgba> key =
-        scene.softMask ? SampleLinear(*scene.mask, u, v) : Sample(*scene.mask, u, v);
+    const std::optional<Rgba> key = Sample(*scene.mask, u, v);
     if (!key) {
         return std::nullopt;
     }
@@ -154,7 +127,7 @@ double ViewScale(double zoom) {
     return 1.0 / std::tan(23.5 * kPi / 180.0) / (3.0 - 0.5 * zoom);
 }
 
-void ExpectShows(const Image& drawn, const Scene& scene, int tolerance) {
+void ExpectShows(const Image& drawn, const Scene& scene) {
     const int pixels = drawn.size.width * drawn.size.height;
     int undecided = 0;
     int wrong = 0;
@@ -164,7 +137,7 @@ void ExpectShows(const Image& drawn, const Scene& scene, int tolerance) {
         const std::optional<Rgba> expected = Predict(scene, x, y, drawn.size);
         undecided += expected ? 0 : 1;
         for (size_t c = 0; expected && c < expected->size(); ++c) {
-            wrong += std::abs(drawn.Pixel(x, y).at(c) - expected->at(c)) > tolerance ? 1 : 0;
+            wrong += drawn.Pixel(x, y).at(c) != expected->at(c) ? 1 : 0;
         }
     }
     EXPECT_EQ(wrong, 0) << "channels differ";

@@ -13,8 +13,7 @@ struct Scene {
     float viewX = 0.0F;
     float zoom = 2.0F;
     float viewY = 0.0F;
-    int rotation = 0;       ///< Clockwise, of the picture only, in degrees.
-    bool softMask = false;  ///< The mask is sampled linearly.
+    int rotation = 0;  ///< Clockwise, of the picture only, in degrees.
     /// As surface textures give it: column by column, t = 0 at the last row. Null for none.
     const float* sourceMatrix = nullptr;
     Rgba clear = {0, 0, 0, 0};
@@ -23,7 +22,7 @@ struct Scene {
 /// How large the picture is drawn, as a part of the output, negative from behind.
 double ViewScale(double zoom);
 
-/// Expects that \p drawn shows the scene; \p tolerance is per channel. Pixels do not count where
-/// the sample is so close to an edge of a texel, of the picture or of a sticker that rounding may
-/// decide; their number is bounded.
-void ExpectShows(const Image& drawn, const Scene& scene, int tolerance = 0);
+/// Expects that \p drawn shows the scene. Pixels do not count where the sample is so close to an
+/// edge of a texel, of the picture or of a sticker that rounding may decide; their number is
+/// bounded.
+void ExpectShows(const Image& drawn, const Scene& scene);
