@@ -54,7 +54,7 @@ OVR::Vector3<float> Cross(const OVR::Vector3<float>& a, const OVR::Vector3<float
 
 }  // namespace
 
-MeshOnGpu Read(const OVR::GlGeometry& geometry) {
+MeshOnGpu Take(OVR::GlGeometry geometry) {
     MeshOnGpu mesh{};
     GLES3::glBindVertexArray(geometry.vertexArrayObject);
     GLES3::glBindBuffer(GL_ARRAY_BUFFER, geometry.vertexBuffer);
@@ -72,11 +72,6 @@ MeshOnGpu Read(const OVR::GlGeometry& geometry) {
         GL_ELEMENT_ARRAY_BUFFER, 0,
         static_cast<size_t>(BufferSize(GL_ELEMENT_ARRAY_BUFFER)) / sizeof(uint16_t));
     GLES3::glBindVertexArray(0);
-    return mesh;
-}
-
-MeshOnGpu Take(OVR::GlGeometry geometry) {
-    MeshOnGpu mesh = Read(geometry);
     geometry.Free();
     return mesh;
 }

@@ -32,9 +32,7 @@ struct MeshOnGpu {
 
 using Triangle = std::array<OVR::Vector3<float>, 3>;
 
-/// Reads a mesh's buffers back from GL.
-MeshOnGpu Read(const OVR::GlGeometry& geometry);
-/// As Read, and frees the mesh.
+/// Reads a mesh's buffers back from GL and frees the mesh.
 MeshOnGpu Take(OVR::GlGeometry geometry);
 
 Indices FirstIndices(const MeshOnGpu& mesh, size_t count);

@@ -53,6 +53,7 @@ TEST_F(LineMesh, CalibrationShortensAllButTheCenterToTicks) {
 
 TEST_F(LineMesh, CalibrationIndicesWrapAt16Bits) {
     const MeshOnGpu largest = Take(OVR::BuildCalibrationLines(8191, true));
+    EXPECT_EQ(largest.indices.size(), 65532U);
     EXPECT_EQ(largest.indices.back(), 65531);
     const MeshOnGpu wrapped = Take(OVR::BuildCalibrationLines(8192, true));
     EXPECT_EQ(wrapped.indices.back(), 3);

@@ -63,6 +63,7 @@ TEST_F(PlaneMesh, InnerQuadHangsBelowItsAnchor) {
               (Floats{left, top, 0, right, top, 0, left, bottom, 0, right, bottom, 0}));
     EXPECT_EQ(FloatsOf(mesh.texCoord), (Floats{0, 1, 1, 1, 0, 0, 1, 0}));
     EXPECT_EQ(FloatsOf(mesh.vertexColor), (Floats{1, 1, 1, 0, 1, 1, 1, 0, 1, 1, 1, 0, 1, 1, 1, 0}));
+    EXPECT_EQ(mesh.indices, (Indices{0, 3, 2, 0, 1, 3}));
     EXPECT_EQ(Take(OVR::BuildTesselatedQuadInside(0, 0, true)).indices,
               (Indices{0, 3, 2, 0, 1, 3, 3, 1, 2, 2, 1, 0}));
 }

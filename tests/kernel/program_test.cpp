@@ -133,10 +133,6 @@ TEST_F(Program, TheSourcesOwnVersionLineIsDropped) {
     EXPECT_NE(OVR::BuildProgram(vertex.c_str(), kFragment, 300).Program, 0U);
     EXPECT_EQ(sources[0].find("310"), std::string::npos);
     EXPECT_TRUE(Ends(sources[0], std::string("#endif\n") + kVertex));
-
-    sources.clear();
-    ExpectEmpty(OVR::BuildProgram(kVertex, "#version 300 es", 300));
-    EXPECT_TRUE(Ends(sources[1], "#endif\n"));
 }
 
 TEST_F(Program, AttributesStandAtTheGeometrysLocations) {

@@ -170,9 +170,7 @@ TEST_F(RoundMesh, TorusIsClosedBothWaysAndFacesOutwards) {
     ExpectAt(mesh.position[vertex(24, 16)], {-3, -1, 0}, 1e-5F);
     ExpectAt(mesh.position[vertex(48, 32)], {0, 0, 4}, 1e-5F);
     EXPECT_EQ(Bits(mesh.texCoord[0]), Bits(Vector2<float>{0, 2}));
-    EXPECT_EQ(Bits(mesh.texCoord[vertex(48, 32)]), Bits(Vector2<float>{2.5F, 1}));
     EXPECT_EQ(Bits(mesh.texCoord.back()), Bits(Vector2<float>{5, 0}));
-    EXPECT_EQ(mesh.vertexColor.back().w, 1);
     EXPECT_EQ(FirstIndices(mesh, 7), (Indices{0, 1, 97, 97, 1, 98, 1}));
 }
 

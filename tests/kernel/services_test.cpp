@@ -57,9 +57,11 @@ std::string Format(unsigned size, OVR::LogMessageType type, const char* fmt, ...
 
 TEST_F(Services, LogCutsLinesToTheBuffer) {
     EXPECT_EQ("Assert: 7\n", Format(64, OVR::LogMessage_Assert, "%d", 7));
+    EXPECT_EQ("Debug: 7\n", Format(64, OVR::LogMessage_Debug, "%d", 7));
     EXPECT_EQ("7", Format(64, OVR::LogMessage_DebugText, "%d", 7));
     EXPECT_EQ("Error: ab\n", Format(11, OVR::LogMessage_Error, "ab"));
     EXPECT_EQ("Error: ab", Format(10, OVR::LogMessage_Error, "ab"));
+    EXPECT_EQ("Error: a", Format(9, OVR::LogMessage_Error, "ab"));
     EXPECT_EQ("Err", Format(4, OVR::LogMessage_Error, "ab"));
     EXPECT_EQ("", Format(1, OVR::LogMessage_Error, "ab"));
 
@@ -152,6 +154,8 @@ TEST_F(Services, ArrayGrowsByAQuarterAndGivesHalfBack) {
     array.Resize(8);  // Half is not below half.
     EXPECT_EQ(16U, array.Capacity);
     array.Resize(5);
+    EXPECT_EQ(8U, array.Capacity);
+    array.Resize(6);
     EXPECT_EQ(8U, array.Capacity);
     array.Reserve(0);
     EXPECT_EQ(nullptr, array.Data);

@@ -24,7 +24,9 @@ TEST(EngineServices, LogTagIsTheBaseNameUpToItsFirstDot) {
     EXPECT_EQ(TagOf("name.tar.gz"), "name");
     EXPECT_EQ(TagOf("a.b/c.d"), "c");
     EXPECT_EQ(TagOf("include/dir\\file.h"), "dir\\file");
+    EXPECT_EQ(TagOf(""), "");
     EXPECT_EQ(TagOf("a/.hidden"), "");
+    EXPECT_EQ(TagOf("dir/" + std::string(127, 't')), std::string(127, 't'));
     EXPECT_EQ(TagOf("dir/" + std::string(200, 't')), std::string(127, 't'));
 }
 

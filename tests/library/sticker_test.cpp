@@ -34,8 +34,11 @@ TEST_F(Sticker, StandOffTheirAnchorsAndFollowTheMirror) {
 
 TEST_F(Sticker, LaterOnesLieOverEarlierOnesAndTheirAlphaIsWritten) {
     RendererHarness renderer(kPlain);
+    sticker = Noise({3, 2}, 9);
     *(sticker.At(1, 1) + 3) = 0;
     scene.stickers = {{100, 60}, {104, 65}, {97, 70}};
+    renderer.expectShows(scene);
+    scene.stickers = {{97, 70}, {104, 65}, {100, 60}};
     renderer.expectShows(scene);
 }
 
