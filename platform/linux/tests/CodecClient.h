@@ -7,15 +7,10 @@
 
 #include "TestStream.h"
 
-/// One result of a codec.
-struct TestOutput {
-    enum class Kind { kFormat, kPicture, kEnd };
-
-    Kind kind;
-    int width = 0;   ///< Of a format.
-    int height = 0;  ///< Of a format.
+/// A picture that came out of a codec.
+struct TestPicture {
     int64_t timeUs = 0;
-    int luma = 0;  ///< Of a picture's first pixel, without a window.
+    int luma = 0;  ///< Of its first pixel, without a window.
 };
 
 /// Queues a unit. \return 0, or the error of AMediaCodec_dequeueInputBuffer.
@@ -24,29 +19,27 @@ ssize_t QueueUnit(AMediaCodec* codec, const TestUnit& unit, int64_t timeoutUs, u
 /// A started codec, used by one thread.
 class CodecClient {
 public:
-    /// \param csd parameter sets for the format; \param rotation in degrees, clockwise
+    /// \param rotation in degrees, clockwise
     explicit CodecClient(const TestStream& stream, ANativeWindow* window = nullptr,
-                         int rotation = 0, const std::vector<uint8_t>& csd = {});
+                         int rotation = 0);
     ~CodecClient() { AMediaCodec_delete(codec_); }
     CodecClient(const CodecClient&) = delete;
     CodecClient& operator=(const CodecClient&) = delete;
 
     AMediaCodec* Get() const { return codec_; }
 
-    /// Queues all units, and ends the stream. \return all results.
-    std::vector<TestOutput> Decode(const std::vector<TestUnit>& units);
-    /// Queues all units. \return the results that came meanwhile.
-    std::vector<TestOutput> Feed(const std::vector<TestUnit>& units);
-    /// Ends the stream. \return the remaining results.
-    std::vector<TestOutput> Finish();
+    /// Queues all units, and ends the stream. \return all pictures.
+    std::vector<TestPicture> Decode(const std::vector<TestUnit>& units);
+    /// Queues all units. \return the pictures that came meanwhile.
+    std::vector<TestPicture> Feed(const std::vector<TestUnit>& units);
+    /// Ends the stream. \return the remaining pictures.
+    std::vector<TestPicture> Finish();
 
 private:
-    void QueueOne(const TestUnit& unit, uint32_t flags, std::vector<TestOutput>* outputs);
-    /// \return false on a timeout.
-    bool TakeOne(int64_t timeoutUs, std::vector<TestOutput>* outputs);
+    enum class Result { kNothing, kPicture, kEnd };
+
+    void QueueOne(const TestUnit& unit, uint32_t flags, std::vector<TestPicture>* pictures);
+    Result TakeOne(int64_t timeoutUs, std::vector<TestPicture>* pictures);
 
     AMediaCodec* codec_;
 };
-
-/// The pictures among \p outputs.
-std::vector<TestOutput> Pictures(const std::vector<TestOutput>& outputs);

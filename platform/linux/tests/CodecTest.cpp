@@ -1,12 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <atomic>
+#include <memory>
+#include <thread>
 
 #include "CodecClient.h"
+#include "TestWindow.h"
 
 namespace {
-
-using Kind = TestOutput::Kind;
 
 constexpr int kCount = 30;
 
@@ -21,49 +22,14 @@ TestStream GrayRamp(int bFrames) {
     return stream;
 }
 
-size_t FormatCount(const std::vector<TestOutput>& outputs) {
-    return static_cast<size_t>(
-        std::count_if(outputs.begin(), outputs.end(),
-                      [](const TestOutput& output) { return output.kind == Kind::kFormat; }));
-}
-
-void ExpectRamp(const std::vector<TestOutput>& pictures) {
+void ExpectRamp(const std::vector<TestPicture>& pictures) {
     constexpr int kTolerance = 2;
     ASSERT_EQ(pictures.size(), static_cast<size_t>(kCount));
     for (int index = 0; index < kCount; ++index) {
-        const TestOutput& picture = pictures[static_cast<size_t>(index)];
+        const TestPicture& picture = pictures[static_cast<size_t>(index)];
         EXPECT_EQ(picture.timeUs, index * kFrameTimeUs);
         EXPECT_NEAR(picture.luma, Level(index), kTolerance) << "picture " << index;
     }
-}
-
-TEST(Codec, AnnouncesASizeThatChangesInMidStream) {
-    TestStream small = GrayRamp(2);
-    TestStream large = small;
-    large.width = 646;  // Cropped from a multiple of 16.
-    large.height = 362;
-    auto units = Encode(small, 8);
-    const auto more = Encode(large, 8);
-    units.insert(units.end(), more.begin(), more.end());
-
-    CodecClient client(small);
-    const auto outputs = client.Decode(units);
-    ASSERT_EQ(outputs.size(), 2U + 16U + 1U);
-    EXPECT_EQ(FormatCount(outputs), 2U);
-    EXPECT_EQ(outputs[0].width, small.width);
-    EXPECT_EQ(outputs[9].kind, Kind::kFormat);
-    EXPECT_EQ(outputs[9].width, large.width);
-    EXPECT_EQ(outputs[9].height, large.height);
-}
-
-TEST(Codec, TakesParameterSetsFromTheFormat) {
-    TestStream stream = GrayRamp(0);
-    stream.parameterSetsApart = true;
-    av::CodecContext encoder;
-    const auto units = Encode(stream, kCount, &encoder);
-    const uint8_t* const sets = encoder->extradata;
-    CodecClient client(stream, nullptr, 0, {sets, sets + encoder->extradata_size});
-    ExpectRamp(Pictures(client.Decode(units)));
 }
 
 TEST(Codec, SkipsBrokenJpegs) {
@@ -73,38 +39,80 @@ TEST(Codec, SkipsBrokenJpegs) {
     units[12].bytes.assign(5000, 0xA5);
     units[13].bytes.resize(1);
     CodecClient client(stream);
-    const auto pictures = Pictures(client.Decode(units));
+    const auto pictures = client.Decode(units);
     ASSERT_EQ(pictures.size(), kCount - 2U);
     EXPECT_EQ(pictures[12].timeUs, 14 * kFrameTimeUs);
     EXPECT_NEAR(pictures[12].luma, Level(14), 2);
 }
 
-TEST(Codec, FlushForgetsEverythingButTheFormat) {
+TEST(Codec, FlushForgetsEverything) {
     const TestStream stream = GrayRamp(3);
     const auto units = Encode(stream, kCount);
     CodecClient client(stream);
     client.Feed({units.begin(), units.begin() + 15});
     ASSERT_EQ(AMediaCodec_flush(client.Get()), AMEDIA_OK);
-    const auto outputs = client.Decode(units);
-    EXPECT_EQ(FormatCount(outputs), 0U);
-    ExpectRamp(Pictures(outputs));
+    ExpectRamp(client.Decode(units));
     // After its end, only a flush continues a stream.
     ASSERT_EQ(AMediaCodec_flush(client.Get()), AMEDIA_OK);
-    ExpectRamp(Pictures(client.Decode(units)));
+    ExpectRamp(client.Decode(units));
 }
 
-// Pictures that a client does not take stay compressed, which saves memory.
-TEST(Codec, DecodesFewPicturesAhead) {
-    constexpr size_t kInputBuffers = 8;
-    constexpr size_t kOutputBuffers = 3;
-    const TestStream stream = GrayRamp(0);
-    CodecClient client(stream);
-    size_t taken = 0;
-    for (const TestUnit& unit : Encode(stream, kCount)) {
-        taken += QueueUnit(client.Get(), unit, 200'000) == 0 ? 1 : 0;
+TEST(Codec, RefusesBuffersThatTheCallerDoesNotHold) {
+    CodecClient client(TestStream{});
+    AMediaCodec* codec = client.Get();
+    EXPECT_EQ(AMediaCodec_getInputBuffer(codec, 0, nullptr), nullptr);
+    EXPECT_LT(AMediaCodec_queueInputBuffer(codec, 0, 0, 1, 0, 0), 0);
+    EXPECT_LT(AMediaCodec_releaseOutputBuffer(codec, 0, false), 0);
+    EXPECT_LT(AMediaCodec_releaseOutputBuffer(codec, 1000, false), 0);
+
+    const auto index = static_cast<size_t>(AMediaCodec_dequeueInputBuffer(codec, 0));
+    size_t capacity = 0;
+    ASSERT_NE(AMediaCodec_getInputBuffer(codec, index, &capacity), nullptr);
+    EXPECT_LT(AMediaCodec_queueInputBuffer(codec, index, 1, capacity, 0, 0), 0);
+    EXPECT_LT(AMediaCodec_queueInputBuffer(codec, index, -1, 2, 0, 0), 0);
+    EXPECT_EQ(AMediaCodec_queueInputBuffer(codec, index, 0, capacity, 0, 0), AMEDIA_OK);
+    EXPECT_LT(AMediaCodec_queueInputBuffer(codec, index, 0, 1, 0, 0), 0);
+}
+
+// A renderer that does not wait for its decoder thread does this.
+TEST(Codec, CallsEndWithErrorsWhenAnotherThreadStopsAndDeletes) {
+    const auto units = Encode(GrayRamp(0), 20);
+    for (const bool stopFirst : {true, false}) {
+        const TestWindow target;
+        auto client = std::make_unique<CodecClient>(TestStream(), target.window);
+        AMediaCodec* codec = client->Get();
+        std::atomic<int> taken{0};
+        std::thread consumer([&] {
+            AMediaCodecBufferInfo info;
+            ssize_t index = 0;
+            while (index > AMEDIA_ERROR_BASE) {
+                index = AMediaCodec_dequeueOutputBuffer(codec, &info, -1);
+                if (index >= 0) {
+                    AMediaCodec_releaseOutputBuffer(codec, static_cast<size_t>(index), true);
+                    ++taken;
+                }
+            }
+        });
+        for (size_t i = 0; taken < 3; i = (i + 1) % units.size()) {
+            EXPECT_EQ(QueueUnit(codec, units[i], -1), 0);
+        }
+        if (stopFirst) {
+            EXPECT_EQ(AMediaCodec_stop(codec), AMEDIA_OK);
+        }
+        client = nullptr;
+        consumer.join();
+
+        AMediaCodecBufferInfo info;
+        size_t size = 0;
+        EXPECT_LT(AMediaCodec_dequeueInputBuffer(codec, -1), AMEDIA_ERROR_BASE);
+        EXPECT_LT(AMediaCodec_dequeueOutputBuffer(codec, &info, -1), AMEDIA_ERROR_BASE);
+        EXPECT_EQ(AMediaCodec_getInputBuffer(codec, 0, &size), nullptr);
+        EXPECT_LT(AMediaCodec_queueInputBuffer(codec, 0, 0, 1, 0, 0), 0);
+        EXPECT_LT(AMediaCodec_releaseOutputBuffer(codec, 0, true), 0);
+        EXPECT_LT(AMediaCodec_stop(codec), 0);
+        EXPECT_LT(AMediaCodec_delete(codec), 0);
+        EXPECT_LT(AMediaCodec_delete(nullptr), 0);
     }
-    // The decoder keeps the input buffer until its picture has an output buffer.
-    EXPECT_EQ(taken, kInputBuffers + kOutputBuffers);
 }
 
 }  // namespace

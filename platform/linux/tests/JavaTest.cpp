@@ -8,13 +8,12 @@
 
 namespace {
 
-JavaVM* vm = nullptr;
 JNIEnv* mainEnv = nullptr;
 
 bool StartVm() {
     const HostJavaOptions options = {nullptr, TEST_CLASS_PATH, nullptr, 1};
     std::array<char, 256> error{};
-    vm = HostJava_start(&options, error.data(), error.size());
+    JavaVM* vm = HostJava_start(&options, error.data(), error.size());
     if (vm == nullptr) {
         std::fprintf(stderr, "%s\n", error.data());
         return false;
@@ -26,10 +25,6 @@ bool StartVm() {
 }
 
 }  // namespace
-
-JavaVM* java::Vm() {
-    return vm;
-}
 
 JNIEnv* java::Env() {
     return mainEnv;
@@ -58,7 +53,8 @@ jmethodID JavaObject::Method(JNIEnv* env, const char* name, const char* signatur
     return env->GetMethodID(env->GetObjectClass(object_), name, signature);
 }
 
-std::string JavaObject::Call(const char* name, JNIEnv* env) const {
+std::string JavaObject::Call(const char* name) const {
+    JNIEnv* env = java::Env();
     env->CallVoidMethod(object_, Method(env, name, "()V"));
     return java::TakeException(env);
 }
@@ -75,11 +71,6 @@ jlong JavaObject::CallLong(const char* name) const {
     const jlong result = env->CallLongMethod(object_, Method(env, name, "()J"));
     EXPECT_EQ(java::TakeException(env), "");
     return result;
-}
-
-jint JavaObject::IntField(const char* name) const {
-    JNIEnv* env = java::Env();
-    return env->GetIntField(object_, env->GetFieldID(env->GetObjectClass(object_), name, "I"));
 }
 
 int main(int argc, char** argv) {

@@ -7,7 +7,6 @@
 /// The process's JVM, which checks every JNI call and aborts at a wrong one.
 namespace java {
 
-JavaVM* Vm();
 /// Of the main thread.
 JNIEnv* Env();
 
@@ -38,10 +37,9 @@ public:
     jmethodID Method(JNIEnv* env, const char* name, const char* signature) const;
 
     /// Calls a method without parameters and result. \return the class of its exception, or "".
-    std::string Call(const char* name, JNIEnv* env = java::Env()) const;
+    std::string Call(const char* name) const;
     bool CallBoolean(const char* name) const;
     jlong CallLong(const char* name) const;
-    jint IntField(const char* name) const;
 
 private:
     jobject object_ = nullptr;

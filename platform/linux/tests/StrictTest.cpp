@@ -43,7 +43,7 @@ TEST_F(Strict, GivesInputBuffersTheCapacityThatIsAskedFor) {
     ASSERT_NE(AMediaCodec_getInputBuffer(client.Get(), 0, &capacity), nullptr);
     EXPECT_EQ(capacity, units[0].bytes.size());
     EXPECT_LT(AMediaCodec_queueInputBuffer(client.Get(), 0, 1, capacity, 0, 0), 0);
-    EXPECT_EQ(Pictures(client.Decode(units)).size(), 1U);
+    EXPECT_EQ(client.Decode(units).size(), 1U);
 }
 
 TEST_F(Strict, PadsPicturesInGreenOutsideOfTheCrop) {
@@ -218,7 +218,7 @@ TEST(Behavior, ChangesInMidStream) {
 
     HostDecoder_setBehavior(host, nullptr);
     HostDecoder_release(host);
-    EXPECT_EQ(Pictures(client.Finish()).size(), 1U);
+    EXPECT_EQ(client.Finish().size(), 1U);
 }
 
 }  // namespace
