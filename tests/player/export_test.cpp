@@ -164,17 +164,13 @@ TEST_F(ExportTest, VideoOfUntaggedInputHasTheTagsOfItsSize) {
     }
 }
 
-TEST_F(ExportTest, GifShowsUpToAHundredFramesASecond) {
+TEST_F(ExportTest, GifRefusesMoreThanAHundredFramesASecond) {
     ClipKind clip;
-    clip.frameRate = {100, 1};
-    MakeClip(Path("100.mkv"), clip);
-    PlayWell("100.mkv --out out.gif");
-    EXPECT_EQ(ReadFrames(Path("out.gif")).size(), 20U);
     clip.frameRate = {101, 1};
-    MakeClip(Path("101.mkv"), clip);
-    const RunResult result = Play("101.mkv --out fast.gif");
+    MakeClip(Path("in.mkv"), clip);
+    const RunResult result = Play("in.mkv --out out.gif");
     EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.errors, "vornplay: fast.gif: a gif shows at most 100 frames a second\n");
+    EXPECT_EQ(result.errors, "vornplay: out.gif: a gif shows at most 100 frames a second\n");
 }
 
 TEST_F(ExportTest, AudioIsCopiedWhereTheKindTakesItAndElseNamed) {

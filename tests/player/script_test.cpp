@@ -86,24 +86,17 @@ TEST_F(ScriptTest, ErrorsNameTheLine) {
     for (const Case& script : {
              Case{"", 1, "unexpected end of input"},
              Case{"{\n \"keyframes\": [\n  { \"time\": 0, }\n ]\n}", 3, "unexpected '}'"},
-             Case{"{\n\n \"keyframes\": [\n", 3, "unexpected end of input"},
              Case{"{\n \"keyframes\": [\n  { \"time\": 1e999\n }\n ]\n}", 3, "number overflow"},
-             Case{"[]", 1, "a script must be an object"},
              Case{"\n{\n \"frames\": []\n}", 3, "\"frames\" is not known here"},
              Case{"{ }", 1, "a script needs \"keyframes\""},
-             Case{"{ \"keyframes\":\n 7\n}", 2, "\"keyframes\" must be a list"},
-             Case{"{ \"keyframes\":\n []\n}", 2, "\"keyframes\" has none"},
              Case{"{ \"keyframes\": [\n {\n  \"mirror\": true\n } ] }", 2, "needs a \"time\""},
              Case{"{ \"keyframes\": [\n{\"time\": 1},\n{\"time\":\n1\n} ] }", 4, "must be later"},
              Case{"{ \"keyframes\": [\n{\"time\": 1,\n\"time\": 2} ] }", 3, "is there twice"},
-             Case{"{ \"keyframes\": [\n{\"time\": 0,\n\"mirror\":\n1\n} ] }", 4, "true or false"},
              Case{"{ \"keyframes\": [ {\"time\": 0,\n\"view\": {\n\"zoom\": \"in\"\n} } ] }", 3,
                   "\"zoom\" must be a number"},
-             Case{"{ \"keyframes\": [ {\"time\": 0,\n\"view\": \"all\" } ] }", 2, "\"fit\""},
              Case{"{ \"sticker\": \"p\", \"keyframes\": [ {\"time\": 0,\n\"stickers\": [\n[1, "
                   "2],\n[3] ] } ] }",
                   4, "must be [x, y]"},
-             Case{"{ \"keyframes\": [ {\"time\": 0,\n\"stickers\": [] } ] }", 2, "need a picture"},
          }) {
         WriteScript(script.text);
         const RunResult result = Play("in/%04d.png --script move.json --out out.mp4");

@@ -82,17 +82,3 @@ TEST(CameraTest, PutsThePictureInTheMiddleAsLargeAsFits) {
     EXPECT_EQ(high.top, 90);
     EXPECT_EQ(high.height, 120);
 }
-
-TEST(CameraTest, KnowsWhatIsPointedAtOnDenseScreens) {
-    const Layout dense = {{500, 240}, {1000, 480}, {320, 240}};
-    EXPECT_EQ(dense.PictureArea().left, 180);
-    const auto place = dense.PictureAt(90, 0);
-    ASSERT_TRUE(place.has_value());
-    EXPECT_DOUBLE_EQ(place->x, 0.5);
-    EXPECT_DOUBLE_EQ(place->y, 0.5);
-    EXPECT_FALSE(dense.PictureAt(89, 100).has_value());
-    EXPECT_TRUE(dense.PictureAt(409, 239).has_value());
-    EXPECT_FALSE(dense.PictureAt(410, 239).has_value());
-    EXPECT_DOUBLE_EQ(dense.PictureDistance(10), 10);
-    EXPECT_DOUBLE_EQ(dense.Density(), 2);
-}

@@ -96,7 +96,7 @@ TEST_F(HostOfDecoder, SteppingHoldsAPictureThatWasShown) {
         const bool shown = i % 3 != 1;
         if (shown) {
             auto frame = window.queue->Acquire();
-            EXPECT_NEAR(frame->pixels[0], (30 + 4 * i - 16) * 255 / 219, 2) << i;
+            EXPECT_NEAR(frame->pixels[0], (30 + 4 * i - 16) * 255.0 / 219, 2) << i;
             window.queue->Recycle(std::move(frame));
         }
         EXPECT_EQ(HostDecoder_waitForFrame(host.get(), i + 1, kShortUs, &frames), HOST_TIMED_OUT);

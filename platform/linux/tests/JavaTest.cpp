@@ -15,7 +15,7 @@ bool StartVm() {
     std::array<char, 256> error{};
     JavaVM* vm = HostJava_start(&options, error.data(), error.size());
     if (vm == nullptr) {
-        std::fprintf(stderr, "%s\n", error.data());
+        (void)std::fprintf(stderr, "%s\n", error.data());
         return false;
     }
     void* env = nullptr;

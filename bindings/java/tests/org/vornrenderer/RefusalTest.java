@@ -23,7 +23,6 @@ public class RefusalTest extends GlTest {
     @Test
     public void descriptions() {
         badArgument("no picture is 0 x 1", () -> builder(VideoSource.RGB, 0, 1));
-        badArgument("no picture is 1 x -1", () -> builder(VideoSource.H264, 1, -1));
         badArgument(
                 "32768 x 16384 RGBA does not fit a buffer",
                 () -> builder(VideoSource.RGBA, 32768, 16384));
