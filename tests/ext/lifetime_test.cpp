@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
+#include <cstddef>
 
 #include "ext/ExtRenderer.h"
 #include "ext/GlNameCount.h"
