@@ -7,7 +7,8 @@ option(VORN_TEST_BY_PROGRAM "Run each test program once, for where programs are 
 # the program with all of its tests as one.
 function(vorn_discover_tests program)
   if(NOT VORN_TEST_BY_PROGRAM)
-    gtest_discover_tests(${program} ${ARGN})
+    # Printed values of parameters have addresses in them.
+    gtest_discover_tests(${program} NO_PRETTY_VALUES ${ARGN})
     return()
   endif()
   cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "PROPERTIES")
