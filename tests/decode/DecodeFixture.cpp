@@ -23,7 +23,7 @@ class JvmEnvironment : public testing::Environment {
     }
 };
 
-const auto* const environment = testing::AddGlobalTestEnvironment(new JvmEnvironment);
+const auto* const kEnvironment = testing::AddGlobalTestEnvironment(new JvmEnvironment);
 
 /// Decibels. On ARM, libyuv cuts the blue of BT.709.
 #if defined(__arm__) || defined(__aarch64__)

@@ -28,12 +28,13 @@ double PlainModel::Psnr(const AVFrame& frame, const Image& drawn) const {
     size_t count = 0;
     for (int y = 0; y < size_.height; y += 2) {
         const Place& row = rows[static_cast<size_t>(y)];
-        const uint8_t* upper = source + row.texel * stride;
+        const uint8_t* upper = source + static_cast<ptrdiff_t>(row.texel) * stride;
         const uint8_t* got = drawn.At(0, y);
         for (const Place& column : columns) {
             for (int c = 0; c < 3; ++c) {
                 const auto at = [&](const uint8_t* line) {
-                    const uint8_t* texel = line + column.texel * Image::kChannels + c;
+                    const uint8_t* texel =
+                        line + static_cast<ptrdiff_t>(column.texel) * Image::kChannels + c;
                     return static_cast<float>(texel[0]) * (1 - column.weight) +
                            static_cast<float>(texel[Image::kChannels]) * column.weight;
                 };

@@ -112,7 +112,8 @@ TEST_F(DecodeTest, MeetsEachFrameWithItsMask) {
         player.Draw({});
         const uint8_t* pixel = player.GetRenderer().ReadBack().At(250, 200);
         if (i % 3 == 0) {
-            EXPECT_NEAR(pixel[0], (30 + 37 * (static_cast<int>(i) + 3) % 190 - 16) * 255 / 219, 2);
+            EXPECT_NEAR(pixel[0], (30 + 37 * (static_cast<int>(i) + 3) % 190 - 16) * 255.0 / 219,
+                        2);
             EXPECT_EQ(pixel[3], 100 + i);
         } else {
             EXPECT_EQ(pixel[0], 169);

@@ -47,7 +47,7 @@ VEDrawn ExtRenderer::drawFrame(const Image* frame, const Image* mask) const {
     return draw(drawOptions);
 }
 
-void ExtRenderer::show(const Scene& scene) {
+void ExtRenderer::show(const Scene& scene) const {
     VEDrawOptions drawOptions = VEMakeDrawOptions();
     const std::vector<uint8_t> frame = Packed(scene.source, options.source == VE_SOURCE_RGB);
     const std::vector<uint8_t> mask = Packed(scene.mask, options.maskFormat == VE_MASK_RGB);

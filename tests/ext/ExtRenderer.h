@@ -23,7 +23,7 @@ public:
     VEDrawn drawFrame(const Image* frame, const Image* mask = nullptr) const;
     /// Draws the scene. A mask is given as pixels where the renderer takes them, as a texture
     /// otherwise.
-    void show(const Scene& scene);
+    void show(const Scene& scene) const;
     /// As \ref show, then compares the output with the model.
     void expectShows(const Scene& scene);
 
