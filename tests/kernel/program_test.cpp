@@ -105,17 +105,17 @@ TEST_F(Program, VersionFollowsTheFragmentStage) {
         const char* directives;
         const char* vertex;
         const char* fragment;
-        int requested;
         const char* line;
+        int requested;
         bool multiview = false;
     } cases[] = {
-        {nullptr, kVertex, kFragment, 100, "#version 300 es\n"},
-        {nullptr, kVertex, kFragment, 310, "#version 310 es\n"},
-        {"#extension GL_OES_EGL_image_external : enable\n", kVertex, kFragment, 310,
-         "#version 100 \n"},
-        {nullptr, kVertex, fragment.c_str(), 300, "#version 100 \n"},
-        {nullptr, vertex.c_str(), kFragment, 300, "#version 300 es\n"},
-        {nullptr, kVertex, fragment.c_str(), 300, "#version 300 es\n#define DISABLE_MULTIVIEW 0\n",
+        {nullptr, kVertex, kFragment, "#version 300 es\n", 100},
+        {nullptr, kVertex, kFragment, "#version 310 es\n", 310},
+        {"#extension GL_OES_EGL_image_external : enable\n", kVertex, kFragment, "#version 100 \n",
+         310},
+        {nullptr, kVertex, fragment.c_str(), "#version 100 \n", 300},
+        {nullptr, vertex.c_str(), kFragment, "#version 300 es\n", 300},
+        {nullptr, kVertex, fragment.c_str(), "#version 300 es\n#define DISABLE_MULTIVIEW 0\n", 300,
          true},
     };
     for (const auto& c : cases) {
