@@ -83,7 +83,7 @@ void ExtRenderer::show(const Scene& scene) const {
     EXPECT_TRUE(draw(drawOptions).picture);
 }
 
-void ExtRenderer::expectShows(const Scene& scene) {
+void ExtRenderer::expectShows(const Scene& scene) const {
     show(scene);
     ExpectShows(readBack(), scene);
 }

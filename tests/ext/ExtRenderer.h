@@ -25,7 +25,7 @@ public:
     /// otherwise.
     void show(const Scene& scene) const;
     /// As \ref show, then compares the output with the model.
-    void expectShows(const Scene& scene);
+    void expectShows(const Scene& scene) const;
 
     Image readBack() const {
         return ReadBack(options.outputTexture, {options.outputWidth, options.outputHeight});

@@ -78,6 +78,7 @@ TEST_F(ExportTest, EveryKindHoldsEveryFrameInOrderByBothPaths) {
     for (const OutputKind& kind : OutputKinds()) {
         const std::string out = kind.example;
         for (const std::string path : {"cpu", "decode"}) {
+            // NOLINTNEXTLINE(performance-inefficient-string-concatenation)
             PlayWell("in.mkv --path " + path + " --out " + out);
             const std::vector<Image> frames = ReadFrames(Path(out));
             ASSERT_EQ(frames.size(), Expected(kind, 23)) << out << ", " << path;
@@ -217,8 +218,9 @@ TEST_F(ExportTest, AudioIsCutAndMovedWithTheVideo) {
     PlayWell("in.mkv --start 1.51 --frames 25 --out out.mkv");
     const std::vector<AudioPacket> given = ReadAudio(Path("in.mkv")).at(0).packets;
     const std::vector<AudioPacket> copied = ReadAudio(Path("out.mkv")).at(0).packets;
-    const double offset = 1.52 + VideoFile(Path("in.mkv")).Stream().start_time / 1000.0 -
-                          VideoFile(Path("out.mkv")).Stream().start_time / 1000.0;
+    const double offset =
+        1.52 + static_cast<double>(VideoFile(Path("in.mkv")).Stream().start_time) / 1000.0 -
+        static_cast<double>(VideoFile(Path("out.mkv")).Stream().start_time) / 1000.0;
     size_t index = 0;
     while (given.at(index).bytes != copied.at(0).bytes) {
         ++index;

@@ -27,6 +27,7 @@ extern "C" int __android_log_write(int prio, const char* tag, const char* text) 
 extern "C" int __android_log_vprint(int prio, const char* tag, const char* fmt, va_list ap) {
     va_list copy;
     va_copy(copy, ap);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
     std::string text(static_cast<size_t>(std::vsnprintf(nullptr, 0, fmt, copy)), '\0');
     va_end(copy);
     // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): the caller initializes it.

@@ -41,7 +41,8 @@ Image ReadBack(unsigned texture, Size size) {
 
 void SetClearColor(const Rgba& color) {
     float values[4];
-    std::transform(color.begin(), color.end(), values, [](uint8_t byte) { return byte / 255.0F; });
+    std::transform(color.begin(), color.end(), values,
+                   [](uint8_t byte) { return static_cast<float>(byte) / 255.0F; });
     glClearColor(values[0], values[1], values[2], values[3]);
 }
 
