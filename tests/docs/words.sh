@@ -4,12 +4,14 @@ set -euo pipefail
 cd "$1"
 british='colour|\bgrey|centre[ds]?\b|behaviour|neighbour|(optimi|initiali|normali|synchroni|seriali|organi|recogni)s[ei]|favour|artefact|cancelled|labelled|modelled|analys(e|ed|ing)\b'
 unnamed='on purpose|by design|deliberate'
+everything=(./*.md CMakePresets.json android bench bindings cmake docs gl include kernel packaging platform scripts
+    src tests tools)
 failed=0
-if grep -rnIiE "$british|java (virtual )?machine" ./*.md CMakePresets.json bench cmake docs gl include kernel packaging platform scripts src; then
+if grep -rnIiE --exclude=words.sh "$british|java (virtual )?machine" "${everything[@]}"; then
     echo "FAILED: use American spelling, and \"JVM\"" >&2
     failed=1
 fi
-if grep -rnIiE "$unnamed" --exclude=words.sh ./*.md android bench bindings cmake docs gl include kernel platform scripts src tests tools; then
+if grep -rnIiE --exclude=words.sh "$unnamed" "${everything[@]}"; then
     echo "FAILED: name a row of docs/compatibility.md" >&2
     failed=1
 fi
