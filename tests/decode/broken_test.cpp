@@ -113,7 +113,7 @@ TEST_F(DecodeTest, SaysWhichFileHasNoDecoderOrLosesIt) {
         EXPECT_EQ(message,
                   "clip.mp4: the decoder failed (code -10000); --path cpu decodes without it");
         EXPECT_GE(frames, 6);
-        EXPECT_LT(frames, kCount);  // Pictures under way still come.
+        EXPECT_LE(frames, 8);  // One more may be under way.
     }
     behavior.error = AMEDIACODEC_ERROR_RECLAIMED;
     EXPECT_EQ(PlayToError(openFailing).first,

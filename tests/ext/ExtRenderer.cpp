@@ -51,10 +51,12 @@ void ExtRenderer::show(const Scene& scene) const {
     VEDrawOptions drawOptions = VEMakeDrawOptions();
     const std::vector<uint8_t> frame = Packed(scene.source, options.source == VE_SOURCE_RGB);
     const std::vector<uint8_t> mask = Packed(scene.mask, options.maskFormat == VE_MASK_RGB);
+    drawOptions.sourceMatrix = scene.sourceMatrix;
     if (options.source == VE_SOURCE_TEXTURE_2D) {
         Fill(source_, *scene.source);
         drawOptions.sourceTexture = source_;
-        drawOptions.sourceMatrix = scene.sourceMatrix;
+    } else if (options.source == VE_SOURCE_TEXTURE_EXTERNAL) {
+        drawOptions.sourceTexture = NewExternalTexture(*scene.source);
     } else {
         drawOptions.frame = frame.data();
     }

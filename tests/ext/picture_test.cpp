@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "ext/ExtRenderer.h"
 #include "gl/GLES3.h"
 
@@ -61,15 +63,58 @@ TEST_F(ExtPicture, TheSourceMatrixCropsAndTurnsThePictureOnly) {
     // A flip and a crop, as of a padded picture; the same turned.
     const float crop[16] = {0.75F, 0, 0, 0, 0, -0.8F, 0, 0, 0, 0, 1, 0, 0.1F, 0.9F, 0, 1};
     const float turned[16] = {0, 0.8F, 0, 0, 0.7F, 0, 0, 0, 0, 0, 1, 0, 0.2F, 0.1F, 0, 1};
-    ExtRenderer renderer(OptionsOf(VE_SOURCE_TEXTURE_2D, 64, 48));
     addMaskAndStickers();
-    for (const float* matrix : {crop, turned}) {
-        for (const int rotation : {0, 270}) {
-            scene.sourceMatrix = matrix;
-            scene.rotation = rotation;
-            scene.colorMirror = rotation != 0;
-            renderer.expectShows(scene);
+    for (const int32_t source : {VE_SOURCE_TEXTURE_2D, VE_SOURCE_TEXTURE_EXTERNAL}) {
+        ExtRenderer renderer(OptionsOf(source, 64, 48));
+        for (const float* matrix : {crop, turned}) {
+            for (const int rotation : {0, 270}) {
+                scene.sourceMatrix = matrix;
+                scene.rotation = rotation;
+                scene.colorMirror = rotation != 0;
+                renderer.expectShows(scene);
+            }
         }
+    }
+}
+
+TEST_F(ExtPicture, HasTheVeryBytesOfTheSevenFunctions) {
+    addMaskAndStickers();
+    for (const int32_t source : {VE_SOURCE_RGB, VE_SOURCE_RGBA}) {
+        RendererHarness plain({VE_OUTPUT_MASKED, source, 40, 24, VE_MASK_RGBA, 9, 7});
+        VERendererOptions options = WithMask(OptionsOf(source, 40, 24), mask, VE_MASK_RGBA);
+        options.drawAtOnce = true;
+        const ExtRenderer guarded(options);
+        for (const float zoom : {-1.0F, 0.9F, 2.0F, 3.3F}) {
+            scene.zoom = zoom;
+            scene.viewX = zoom / 10;
+            scene.colorMirror = !scene.colorMirror;
+            plain.show(scene);
+            guarded.show(scene);
+            EXPECT_EQ(plain.readBack().pixels, guarded.readBack().pixels) << "zoom " << zoom;
+        }
+    }
+}
+
+TEST_F(ExtPicture, AMaskWithLinearFiltersHasSoftEdges) {
+    VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 40, 24);
+    options.drawAtOnce = true;
+    const ExtRenderer renderer(options);
+    Image halves = Solid({2, 1}, {255, 255, 255, 0});
+    halves.At(1, 0)[3] = 200;
+    VEDrawOptions draw = VEMakeDrawOptions();
+    draw.frame = frame.pixels.data();
+    draw.maskTexture = NewTexture();
+    Fill(draw.maskTexture, halves);
+    glBindTexture(GL_TEXTURE_2D, draw.maskTexture);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    renderer.draw(draw);
+    const Image drawn = renderer.readBack();
+    for (int x = 0; x < 40; ++x) {
+        const double weight = std::clamp((x + 0.5) / 20 - 0.5, 0.0, 1.0);
+        EXPECT_NEAR(drawn.At(x, 11)[3], 200 * weight, 2) << "column " << x;
+        EXPECT_TRUE(std::equal(drawn.At(x, 11), drawn.At(x, 11) + 3, frame.At(x, 11)));
     }
 }
 

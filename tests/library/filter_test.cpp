@@ -1,7 +1,5 @@
 // The filters from within: external sources, the choice of shaders, the matrix that reaches GL.
 
-#include <EGL/egl.h>
-#include <EGL/eglext.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -18,27 +16,6 @@
 namespace {
 
 constexpr Size kSize = {40, 30};
-
-/// An external texture that shows \p image.
-unsigned NewExternalTexture(const Image& image) {
-    const unsigned backing = NewTexture();
-    Fill(backing, image);
-    auto* createImage =
-        reinterpret_cast<PFNEGLCREATEIMAGEKHRPROC>(eglGetProcAddress("eglCreateImageKHR"));
-    auto* attachImage = reinterpret_cast<PFNGLEGLIMAGETARGETTEXTURE2DOESPROC>(
-        eglGetProcAddress("glEGLImageTargetTexture2DOES"));
-    // A texture's name in the guise of a pointer.
-    auto* buffer = reinterpret_cast<EGLClientBuffer>(uintptr_t{backing});
-    void* shared = createImage(eglGetCurrentDisplay(), eglGetCurrentContext(),
-                               EGL_GL_TEXTURE_2D_KHR, buffer, nullptr);
-    const unsigned external = NewTexture();
-    glBindTexture(GL_TEXTURE_EXTERNAL_OES, external);
-    attachImage(GL_TEXTURE_EXTERNAL_OES, shared);
-    glTexParameteri(GL_TEXTURE_EXTERNAL_OES, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
-    glTexParameteri(GL_TEXTURE_EXTERNAL_OES, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
-    glBindTexture(GL_TEXTURE_EXTERNAL_OES, 0);
-    return external;
-}
 
 class Filter : public testing::Test {
 protected:

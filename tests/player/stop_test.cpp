@@ -67,8 +67,8 @@ TEST_F(StopTest, CtrlCFinishesTheFileAndSaysWhere) {
     PlayWell("in/%d.png --out in.mp4");
     for (const std::string input : {"in/%d.png", "in.mp4 --path decode"}) {
         for (const std::string out : {"out.mp4", "out.webp"}) {
-            // NOLINTNEXTLINE(performance-inefficient-string-concatenation)
-            const RunResult result = PlayOnTerminal(input + " --json --out " + out, " left");
+            const RunResult result =
+                PlayOnTerminal(std::string(input).append(" --json --out ").append(out), " left");
             const std::string& text = result.errors;
             EXPECT_EQ(result.status, 130) << text;
             std::smatch bar;

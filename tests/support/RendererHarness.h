@@ -18,6 +18,9 @@ unsigned NewTexture();
 /// Puts an image into a texture, first row first, with nearest filters.
 void Fill(unsigned texture, const Image& image);
 
+/// GL name of a new external texture that shows \p image, with nearest filters.
+unsigned NewExternalTexture(const Image& image);
+
 /// The texture's pixels as RGBA, first row first. Leaves framebuffer 0 bound.
 Image ReadBack(unsigned texture, Size size);
 

@@ -28,8 +28,7 @@ protected:
         return saved.seconds;
     }
 
-    // NOLINTNEXTLINE(readability-convert-member-functions-to-static)
-    std::string Clip() const { return "clip.mp4 --path " + GetParam(); }
+    static std::string Clip() { return "clip.mp4 --path " + GetParam(); }
 };
 
 }  // namespace

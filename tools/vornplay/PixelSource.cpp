@@ -18,8 +18,7 @@ AVPixelFormat FormatOf(const RendererSettings& settings) {
 
 }  // namespace
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
-PixelSource::PixelSource(VideoFile file, RendererSettings settings, MaskSource nextMask)
+PixelSource::PixelSource(VideoFile file, const RendererSettings& settings, MaskSource nextMask)
     : FrameSource(std::move(nextMask)),
       reader_(std::move(file)),
       first_(&reader_.First()),

@@ -8,7 +8,7 @@
 class PixelSource : public FrameSource {
 public:
     /// \param settings zero size: the first frame's. \throws ToolError
-    PixelSource(VideoFile file, RendererSettings settings, MaskSource nextMask);
+    PixelSource(VideoFile file, const RendererSettings& settings, MaskSource nextMask);
 
     bool Next() override;
     void Draw(const Shot& shot) override;

@@ -32,6 +32,7 @@ struct Peer {
     uint32_t stickerTexture = 0;
     std::vector<jint> stickers;  ///< Pairs x, y.
     int64_t pictureTimeUs = VE_NO_TIME;
+    bool newPicture = false;  ///< In the last draw.
 };
 
 Peer& AsPeer(jlong peer) {
@@ -104,9 +105,10 @@ jint Draw(JNIEnv* env, jclass /*type*/, jlong renderer, jobject frame, jint fram
     options.stickerCount = peer.stickers.size() / 2;
     VEDrawn drawn = VEMakeDrawn();
     const VEResult result = VEDraw(peer.renderer, &options, &drawn);
-    if (result == VE_OK && drawn.picture) {
+    if (drawn.picture) {
         peer.pictureTimeUs = drawn.ptsUs;
     }
+    peer.newPicture = drawn.newPicture;
     return result;
 }
 
@@ -131,6 +133,10 @@ jintArray Stickers(JNIEnv* env, jclass /*type*/, jlong renderer) {
         env->SetIntArrayRegion(positions, 0, count, stickers.data());
     }
     return positions;
+}
+
+jboolean IsNewPicture(JNIEnv* /*env*/, jclass /*type*/, jlong renderer) {
+    return AsPeer(renderer).newPicture ? JNI_TRUE : JNI_FALSE;
 }
 
 jlong PictureTimeUs(JNIEnv* /*env*/, jclass /*type*/, jlong renderer) {
@@ -195,6 +201,7 @@ bool RegisterMethods(JNIEnv* env) {
         Method("draw", "(JLjava/nio/ByteBuffer;ILjava/nio/ByteBuffer;IZFFF)I", Draw),
         Method("setStickers", "(JI[I)I", SetStickers),
         Method("stickers", "(J)[I", Stickers),
+        Method("isNewPicture", "(J)Z", IsNewPicture),
         Method("pictureTimeUs", "(J)J", PictureTimeUs),
         Method("queueUnit", "(JLjava/nio/ByteBuffer;IIJJI)I", QueueUnit),
         Method("flush", "(J)I", Flush),

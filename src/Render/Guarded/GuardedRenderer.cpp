@@ -100,7 +100,7 @@ int GuardedRenderer::Update(void* data, unsigned int /*size*/, bool colorMirror,
     try {
         draw(options);
         return kDone;
-    } catch (const Failure&) {
+    } catch (...) {  // The callers are C: memory that runs out ends here, too.
         return kFailed;
     }
 }

@@ -59,7 +59,6 @@ void DecodedSource::stage(const VEDrawOptions& options) {
     latched_.isNew = false;
     const VEResult result = decoder_->latch(latched_);
     Require(result == VE_OK, result);
-    hasPicture_ = hasPicture_ && !latched_.isOutdated;
     hasPicture_ = (hasPicture_ || latched_.isNew) && !latched_.isOutdated;
     hasNewPicture_ = (hasNewPicture_ || latched_.isNew) && hasPicture_;
 }

@@ -44,6 +44,9 @@ final class NativeRenderer {
     /** A copy of the positions. */
     static native int[] stickers(long renderer);
 
+    /** Whether the last draw showed a new picture. */
+    static native boolean isNewPicture(long renderer);
+
     static native long pictureTimeUs(long renderer);
 
     static native int queueUnit(

@@ -84,24 +84,27 @@ public final class VideoRenderer implements AutoCloseable {
     /**
      * Draws the last frame that was taken, or the newest picture of compressed video.
      *
+     * @return whether the picture is another one than in the call before; false also before there
+     *     is one
      * @throws IllegalStateException if the renderer is closed or belongs to another thread
      * @throws RendererException if memory runs out or the platform fails
      */
-    public void draw() {
-        draw(null, null);
+    public boolean draw() {
+        return draw(null, null);
     }
 
     /**
      * Draws, and takes a raw frame. The class says under Latency when it appears.
      *
      * @param frame the frame, or null for none
+     * @return whether the picture is another one than in the call before
      * @throws IllegalArgumentException if the frame is not direct or has another size, or if the
      *     renderer draws compressed video
      * @throws IllegalStateException if the renderer is closed or belongs to another thread
      * @throws RendererException if memory runs out
      */
-    public void draw(ByteBuffer frame) {
-        draw(frame, null);
+    public boolean draw(ByteBuffer frame) {
+        return draw(frame, null);
     }
 
     /**
@@ -110,18 +113,20 @@ public final class VideoRenderer implements AutoCloseable {
      * @param frame the frame, or null for none
      * @param mask the mask, or null to keep the last one. Black pixels give a fixed color with
      *     alpha 0, all others give the picture with the mask's alpha
+     * @return whether the picture is another one than in the call before
      * @throws IllegalArgumentException if a buffer is not direct or has another size, or if the
      *     renderer takes none
      * @throws IllegalStateException if the renderer is closed or belongs to another thread
      * @throws RendererException if memory runs out or the platform fails
      */
-    public void draw(ByteBuffer frame, ByteBuffer mask) {
+    public boolean draw(ByteBuffer frame, ByteBuffer mask) {
         checkUsable();
         int framePosition = Check.position(frame, frameBytes, "frame");
         int maskPosition = Check.position(mask, maskBytes, "mask");
         RendererException.check(
                 NativeRenderer.draw(
                         renderer, frame, framePosition, mask, maskPosition, mirrored, x, y, zoom));
+        return NativeRenderer.isNewPicture(renderer);
     }
 
     /**
