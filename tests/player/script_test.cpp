@@ -59,13 +59,13 @@ TEST_F(ScriptTest, ChangesWhatItNamesAtItsTimes) {
     }
 }
 
-TEST_F(ScriptTest, StickersMoveEvenlyAndStayWhereTheViewIsTheLibrarysOwn) {
+TEST_F(ScriptTest, StickersMoveEvenlyWithTheViewThatTheScriptNames) {
     WriteClip("in", 5, {200, 100});
     WriteImage("pin.png", Solid({2, 2}, {255, 255, 255, 255}));
-    WriteScript(R"({ "keyframes": [ { "time": 0.04, "stickers": [[40, 80]] },
+    WriteScript(R"({ "keyframes": [ { "time": 0.04, "stickers": [[40, 80]], "view": { "zoom": 2 } },
                                     { "time": 0.12, "stickers": [[120, 80]] } ] })");
     PlayWell("in/%04d.png --mask pin.png --sticker pin.png --script move.json --out out/%d.png");
-    // A fresh view shows the picture 1.15 times as large.
+    // Zoom 2 shows the picture 1.15 times as large.
     const std::array<int, 5> middles = {-1, 31, 77, 123, 123};
     for (int i = 0; i < 5; ++i) {
         const Image frame = Read("out/" + std::to_string(i + 1) + ".png");

@@ -24,7 +24,8 @@ Point SeenSticker(const VEView& view, const std::pair<int, int>& at, Size output
             output.height / 2.0 * (1.0 + scale * (py - static_cast<double>(view.y)))};
 }
 
-const VEView kViews[] = {kStartView, kFitView, {0.3F, 0.1F, 4.0F}, {-0.7F, -0.4F, 0.0F}};
+constexpr VEView kCropping = {0.0F, 0.0F, 2.0F};
+const VEView kViews[] = {kCropping, kFitView, {0.3F, 0.1F, 4.0F}, {-0.7F, -0.4F, 0.0F}};
 
 }  // namespace
 
@@ -68,8 +69,8 @@ TEST(CameraTest, WhatIsDraggedOrZoomedStaysUnderThePointer) {
 
 TEST(CameraTest, ZoomStopsBeforeThePicture) {
     const Size output = {320, 200};
-    EXPECT_LT(Zoomed(kStartView, 1000.0, {160.0, 100.0}, output).zoom, 6.0F);
-    EXPECT_GT(Zoomed(kStartView, -1000.0, {160.0, 100.0}, output).zoom, -100.0F);
+    EXPECT_LT(Zoomed(kCropping, 1000.0, {160.0, 100.0}, output).zoom, 6.0F);
+    EXPECT_GT(Zoomed(kCropping, -1000.0, {160.0, 100.0}, output).zoom, -100.0F);
 }
 
 TEST(CameraTest, PutsThePictureInTheMiddleAsLargeAsFits) {

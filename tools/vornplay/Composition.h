@@ -10,10 +10,7 @@
 
 using Rgba = std::array<uint8_t, 4>;
 
-/// The view when none is asked for.
-inline constexpr VEView kStartView = {0.0F, 0.0F, 2.0F};
-
-/// The view in which the picture fills the frame exactly.
+/// The view when none is asked for: the picture fills the frame exactly.
 inline constexpr VEView kFitView = {0.0F, 0.0F, VE_ZOOM_FIT};
 
 /// The largest zoom that options and scripts may ask for: nearer than 6 there is no picture.
@@ -24,7 +21,7 @@ VEView Between(const VEView& from, const VEView& to, double progress);
 
 /// How one frame is drawn.
 struct Shot {
-    VEView view = kStartView;
+    VEView view = kFitView;
     bool mirror = false;
     bool hidesMask = false;
     VEStickerList stickers;

@@ -32,7 +32,7 @@ constexpr char kNotes[] =
     "picture to the left, a positive Y up. W has no effect.\n"
     "\n"
     "Examples:\n"
-    "  vornplay clip.mp4 --out clip-drawn.mp4 --fit\n"
+    "  vornplay clip.mp4 --mirror --out clip-mirrored.mp4\n"
     "  vornplay clip.mp4 --out 'frames/%04d.png' --start 2.5 --frames 50\n"
     "  vornplay clip.mp4 --mask 'mask/%04d.png' --out keyed.mp4 --backdrop '#204060'\n"
     "  vornplay photo.png --sticker hat.png --at 320,200 --at 90,240 --out photo-hat.png\n"
@@ -113,12 +113,12 @@ void AddViewOptions(CommandLine& line, Options& options, std::string& script) {
     line.Group("View");
     line.Flag("--mirror", options.mirror, "Swap left and right (the mask stays as it is)");
     line.Option("--view", options.view, ParseView, "X,Y,ZOOM,W",
-                "Look from here (default: 0,0,2,0)");
+                "Look from here; 0,0,2,0 is the library's own start");
     line.Option("--view-to", options.viewTo, ParseView, "X,Y,ZOOM,W",
                 "Move evenly to this view until the last frame");
     line.Flag(
         "--fit", [&options] { options.view = kFitView; },
-        "Look so that the picture fills the frame exactly");
+        "Look so that the picture fills the frame exactly (default)");
     line.Exclude("--fit", "--view");
     line.Option("--clear", options.clear, ParseColor, "R,G,B,A",
                 "Color around the picture (default: 0,0,0,255)");

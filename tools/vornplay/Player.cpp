@@ -85,7 +85,7 @@ void Player::SetShot() {
     } else if (options_.viewTo.has_value() && expected_ > 1) {
         const double progress = static_cast<double>(out_) / static_cast<double>(expected_ - 1);
         stage_.NextShot().view =
-            Between(options_.view.value_or(kStartView), *options_.viewTo, std::min(progress, 1.0));
+            Between(options_.view.value_or(kFitView), *options_.viewTo, std::min(progress, 1.0));
     }
 }
 

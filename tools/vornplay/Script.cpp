@@ -94,7 +94,7 @@ VEView ReadView(const Value& value) {
         value.Fail("\"view\" must be \"fit\" or an object { \"x\": …, \"y\": …, \"zoom\": … }");
     }
     value.CheckKeys({"x", "y", "zoom"});
-    VEView view = kStartView;
+    VEView view = kFitView;
     if (value.Has("x")) {
         view.x = static_cast<float>(value.Of("x").Number(-kFarthest, kFarthest));
     }

@@ -38,7 +38,7 @@ Stage::Stage(const Options& options, VideoFile file)
     : options_(options),
       sticker_(LoadSticker(options)),
       java_(JavaFor(file, options)),
-      shot_{options.view.value_or(kStartView), options.mirror, false, options.positions},
+      shot_{options.view.value_or(kFitView), options.mirror, false, options.positions},
       lastSeconds_(LastSeconds(file)) {
     Open(std::move(file));
 }
