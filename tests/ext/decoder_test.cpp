@@ -228,6 +228,33 @@ TEST_F(Decoder, CropAndRotationApplyToThePictureAlone) {
     }
 }
 
+TEST_F(Decoder, APictureWithoutCropIsTheSameWithoutItsMatrix) {
+    HostPlatform_setStrict(0);  // Strict matrices shrink the picture by half a texel.
+    const TestUnit unit = Encode(ChangingStream(), 1).front();
+    DecoderRenderer guarded;
+    guarded.queue(UnitOf(unit));
+    guarded.queue(EndUnit());
+    while (guarded.times.empty()) {
+        guarded.collect();
+    }
+    const VEView view = {0, 0, 2};
+    VEDrawOptions draw = VEMakeDrawOptions();
+    draw.view = &view;
+    EXPECT_EQ(VEDraw(guarded.handle, &draw, nullptr), VE_OK);
+    const unsigned texture = NewTexture();
+    VERendererMode mode = {VE_OUTPUT_PICTURE, VE_MODE_H264, 320, 240, 0, 0, 0};
+    void* plain = nullptr;
+    VECreateRendererHandle(&plain, static_cast<int>(texture), &mode, Jvm());
+    HostDecoder* host = HostDecoder_acquire();
+    std::vector<uint8_t> bytes = unit.bytes;
+    VEUpdateCompressedData(plain, bytes.data(), static_cast<int>(bytes.size()));
+    HostDecoder_waitForFrame(host, 0, kWaitUs, nullptr);
+    VEUpdateRenderer(plain, nullptr, 0, true, nullptr);
+    EXPECT_EQ(ReadBack(guarded.texture, {320, 240}).pixels, ReadBack(texture, {320, 240}).pixels);
+    HostDecoder_release(host);
+    VEDestroyRenderer(plain);
+}
+
 TEST_F(Decoder, LivesOfTwoThreadsInBothWays) {
     LiveOnTwoThreads(Jvm(), 500);
 }
