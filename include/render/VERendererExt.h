@@ -147,8 +147,8 @@ typedef struct VERendererOptions {
     int32_t sourceHeight;
     int32_t outputWidth;   ///< Size of the output texture; 0: the source's.
     int32_t outputHeight;  ///< Likewise.
-    /// A GL_TEXTURE_2D. Without immutable storage it is given storage of the output's size, linear
-    /// filters and clamped edges; its contents are lost.
+    /// A GL_TEXTURE_2D. Without immutable storage it is given storage of the output's size that is
+    /// transparent black, with linear filters and clamped edges.
     uint32_t outputTexture;
     int32_t outputFormat;  ///< VE_FORMAT_RGB or VE_FORMAT_RGBA; 0: RGBA.
     int32_t maskFormat;    ///< Of mask pixels: VE_MASK_RGB or VE_MASK_RGBA; 0: none are given.

@@ -71,6 +71,15 @@ TEST_F(ExtLifetime, AFrameFitsPixelByPixelAlsoStorageThatCannotChange) {
     EXPECT_EQ(frame.pixels, renderer.readBack().pixels);
 }
 
+TEST_F(ExtLifetime, StorageThatIsGivenIsTransparentBlack) {
+    const VERendererOptions options = decoratedOptions();
+    Fill(options.outputTexture, Noise({8, 8}, 4));
+    glEnable(GL_SCISSOR_TEST);
+    glClearColor(1, 1, 1, 1);
+    const ExtRenderer renderer(options);
+    EXPECT_EQ(Solid({8, 8}, {0, 0, 0, 0}).pixels, renderer.readBack().pixels);
+}
+
 TEST_F(ExtLifetime, HandlesWithoutADecoderAndOfTheOtherWayInAreRefused) {
     RendererHarness seven({VE_OUTPUT_PICTURE, VE_MODE_RGBA, 8, 8, 0, 0, 0});
     ExtRenderer raw(OptionsOf(VE_SOURCE_RGBA, 8, 8));

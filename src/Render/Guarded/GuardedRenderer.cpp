@@ -33,6 +33,7 @@ std::unique_ptr<GuardedDraw> MakeDraw(const VERendererOptions& options) {
         Require(size <= most, VE_ERROR_PICTURE_SIZE);
     }
     const GLStateGuard guard(features);
+    SetDrawState(features);
     ClearGLErrors();
     return std::make_unique<GuardedDraw>(features, options);
 }
