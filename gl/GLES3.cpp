@@ -6,7 +6,7 @@
 
 namespace GLES3 {
 
-#define GLES3_ENTRY(name) decltype(&::name) name = nullptr;
+#define GLES3_ENTRY(type, name) type name = nullptr;
 #include "gl/GLES3Entries.inc"
 
 namespace {
@@ -36,7 +36,7 @@ bool Resolve(Function& slot, const char* name) {
 }
 
 void LoadTable() {
-#define GLES3_ENTRY(name)        \
+#define GLES3_ENTRY(type, name)  \
     if (!Resolve(name, #name)) { \
         return;                  \
     }

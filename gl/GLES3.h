@@ -7,19 +7,16 @@
 /// tool can record calls by assigning other functions to the pointers. Each pointer has the name
 /// and the prototype of its GL function: GLES3::glDrawElements(...).
 
-#ifndef GL_GLEXT_PROTOTYPES
-#define GL_GLEXT_PROTOTYPES 1
-#endif
-// gl3.h first: gl2ext.h, which declares the extension entry, needs its types.
 #include <GLES3/gl3.h>
 
+// Behind gl3.h, whose types it needs.
 #include <GLES2/gl2ext.h>
 
 #define GLES3_EXPORT __attribute__((visibility("default")))
 
 namespace GLES3 {
 
-#define GLES3_ENTRY(name) GLES3_EXPORT extern decltype(&::name) name;
+#define GLES3_ENTRY(type, name) GLES3_EXPORT extern type name;
 #include "gl/GLES3Entries.inc"
 
 /// Fills the table at the first call in the process. Later calls only return the result again.

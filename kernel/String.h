@@ -26,11 +26,13 @@ public:
     class Iterator {
     public:
         using iterator_category = std::input_iterator_tag;
+        using iterator_concept = std::forward_iterator_tag;
         using value_type = uint32_t;
         using difference_type = std::ptrdiff_t;
-        using pointer = const uint32_t*;
+        using pointer = void;
         using reference = uint32_t;
 
+        Iterator() = default;
         Iterator(const char* cursor, const char* end) : cursor_(cursor), end_(end) {}
 
         uint32_t operator*() const {
@@ -41,13 +43,19 @@ public:
             UTF8Util::DecodeNextChar(cursor_, end_);
             return *this;
         }
+        Iterator operator++(int) {
+            const Iterator before = *this;
+            ++*this;
+            return before;
+        }
         bool operator==(const Iterator& other) const { return cursor_ == other.cursor_; }
         bool operator!=(const Iterator& other) const { return cursor_ != other.cursor_; }
 
     private:
-        const char* cursor_;
-        const char* end_;
+        const char* cursor_ = nullptr;
+        const char* end_ = nullptr;
     };
+    using const_iterator = Iterator;
 
     static constexpr size_t kNotFound = SIZE_MAX;
 
@@ -91,11 +99,19 @@ public:
     int Compare(std::string_view other) const { return View().compare(other); }
     /// As Compare, but A to Z equal a to z.
     int CompareNoCase(std::string_view other) const;
-    bool operator==(std::string_view other) const { return View() == other; }
-    bool operator!=(std::string_view other) const { return View() != other; }
-    bool operator<(std::string_view other) const { return View() < other; }
+    /// \name Comparison with any text, from both sides, in the order of Compare
+    /// They are found where one side is a String; what they call is the standard library's.
+    /// @{
+    friend bool operator==(std::string_view a, std::string_view b) { return a == b; }
+    friend bool operator!=(std::string_view a, std::string_view b) { return a != b; }
+    friend bool operator<(std::string_view a, std::string_view b) { return a < b; }
+    friend bool operator<=(std::string_view a, std::string_view b) { return a <= b; }
+    friend bool operator>(std::string_view a, std::string_view b) { return a > b; }
+    friend bool operator>=(std::string_view a, std::string_view b) { return a >= b; }
+    /// @}
 
-    /// Position of the first \p utf8 at \p from or behind; kNotFound if there is none.
+    /// Position of the first \p utf8 at \p from or behind; kNotFound if there is none. An empty
+    /// text is at every position up to the length, as in the standard library.
     size_t Find(std::string_view utf8, size_t from = 0) const;
 
     /// Equal for equal bytes, in every process and on every processor.

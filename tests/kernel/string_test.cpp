@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <thread>
@@ -60,7 +61,11 @@ TEST(String, PositionsCountCharacters) {
     EXPECT_EQ(text.Find("\xE2\x82\xAC"), 2U);
     EXPECT_EQ(text.Find("\xA9"), String::kNotFound);
     EXPECT_EQ(text.Find("z", 5), String::kNotFound);
+    EXPECT_EQ(text.Find(""), 0U);
+    EXPECT_EQ(text.Find("", 5), 5U);
     EXPECT_EQ(text.Find("", 6), String::kNotFound);
+    EXPECT_EQ(std::u32string(text.begin(), text.end()), U"a\u00E9\u20AC\U0001F600z");
+    EXPECT_EQ(*++std::find(text.begin(), text.end(), 0x20ACU), 0x1F600U);
 
     text.Insert(2, "-");
     EXPECT_EQ(text, "a\xC3\xA9-\xE2\x82\xAC\xF0\x9F\x98\x80z");
@@ -80,6 +85,25 @@ TEST(String, ComparesByCodePoint) {
     EXPECT_LT(String("abc").CompareNoCase("ABCD"), 0);
     EXPECT_LT(String("\xEF\xBF\xBD"), String("\xF0\x90\x80\x80"));
     EXPECT_NE(String("a", 1), std::string_view("a\0", 2));
+}
+
+/// All comparisons of \p less with a greater text, in both orders.
+template <typename A, typename B>
+void ExpectOrder(const A& less, const B& greater) {
+    EXPECT_TRUE(less < greater && less <= greater && less != greater);
+    EXPECT_TRUE(greater > less && greater >= less && greater != less);
+    EXPECT_FALSE(less == greater || less > greater || less >= greater);
+    EXPECT_FALSE(greater == less || greater < less || greater <= less);
+}
+
+TEST(String, ComparesWithTextsFromBothSides) {
+    const String b("b");
+    EXPECT_TRUE(b == String("b") && b <= "b" && "b" >= b);
+    ExpectOrder(String("a"), b);
+    ExpectOrder("a", b);
+    ExpectOrder(b, "c");
+    ExpectOrder(b, std::string("c"));
+    ExpectOrder(std::string_view("a"), b);
     EXPECT_EQ(String("same").GetHash(), String(L"same").GetHash());
 }
 

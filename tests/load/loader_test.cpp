@@ -20,7 +20,7 @@ void Found() {}
 
 int CountResolved() {
     int resolved = 0;
-#define GLES3_ENTRY(name) resolved += GLES3::name != nullptr ? 1 : 0;
+#define GLES3_ENTRY(type, name) resolved += GLES3::name != nullptr ? 1 : 0;
 #include "gl/GLES3Entries.inc"
     return resolved;
 }

@@ -52,12 +52,12 @@ std::string JoinCall(const char* name, std::initializer_list<CallArgument> argum
 
 GlRecorder::GlRecorder() {
     calls.clear();
-#define GLES3_ENTRY(name) Hook<GLES3::name>::Install(#name);
+#define GLES3_ENTRY(type, name) Hook<GLES3::name>::Install(#name);
 #include "gl/GLES3Entries.inc"
 }
 
 GlRecorder::~GlRecorder() {
-#define GLES3_ENTRY(name) Hook<GLES3::name>::Remove();
+#define GLES3_ENTRY(type, name) Hook<GLES3::name>::Remove();
 #include "gl/GLES3Entries.inc"
 }
 
