@@ -27,6 +27,23 @@ void BareRenderer::draw(const void* pixels, const void* mask, const VEStickerLis
         glActiveTexture(GL_TEXTURE1);
         upload(mask_, mask);
     }
+    drawPicture();
+    if (!stickers.empty()) {
+        drawStickers(stickers);
+    }
+    glBindVertexArray(0);  // The library unbinds the index buffer of the array that is bound.
+}
+
+void BareRenderer::drawAtOnce(const void* pixels) const {
+    glActiveTexture(GL_TEXTURE0);
+    glBindTexture(GL_TEXTURE_2D, source_.texture);
+    glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, frame_.width, frame_.height, frame_.format(),
+                    GL_UNSIGNED_BYTE, pixels);
+    drawPicture();
+    glBindVertexArray(0);
+}
+
+void BareRenderer::drawPicture() const {
     glBindFramebuffer(GL_FRAMEBUFFER, framebuffer_);
     glViewport(0, 0, frame_.width, frame_.height);
     glClear(GL_COLOR_BUFFER_BIT);
@@ -34,10 +51,6 @@ void BareRenderer::draw(const void* pixels, const void* mask, const VEStickerLis
     glUniform1i(isSticker_, 0);
     glBindVertexArray(picture_);
     DrawBoundQuad();
-    if (!stickers.empty()) {
-        drawStickers(stickers);
-    }
-    glBindVertexArray(0);  // The library unbinds the index buffer of the array that is bound.
 }
 
 BareRenderer::Stream BareRenderer::makeStream() const {

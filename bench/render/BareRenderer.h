@@ -17,6 +17,9 @@ public:
     /// \param mask read if the case has a mask.
     void draw(const void* pixels, const void* mask, const VEStickerList& stickers);
 
+    /// Draws \p pixels without buffers, mask and stickers.
+    void drawAtOnce(const void* pixels) const;
+
     GLuint target() const { return target_; }
 
 private:
@@ -29,6 +32,7 @@ private:
 
     Stream makeStream() const;
     void upload(Stream& stream, const void* pixels) const;
+    void drawPicture() const;
     void drawStickers(const VEStickerList& stickers) const;
 
     FrameCase frame_;

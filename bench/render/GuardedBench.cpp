@@ -1,11 +1,12 @@
-// The guarded renderer's frame beside that of the seven functions, and what it costs to give back
-// all GL state.
+// The guarded renderer's frame beside that of the seven functions and of bare GL, and what it costs
+// to give back all GL state.
 
 #include <GLES3/gl3.h>
 #include <benchmark/benchmark.h>
 
 #include <vector>
 
+#include "BareRenderer.h"
 #include "Contest.h"
 #include "offscreen/OffscreenContext.h"
 #include "render/VERendererExt.h"
@@ -13,7 +14,7 @@
 namespace {
 
 constexpr int kWarmUpRounds = 10;
-constexpr int kRounds = 240;
+constexpr int kRounds = 120;
 constexpr int kDrawsPerRound = 4;
 
 GLuint MakeTarget() {
@@ -22,72 +23,96 @@ GLuint MakeTarget() {
     return name;
 }
 
-/// Raw RGBA frames, drawn one call later, from both ways in.
+/// Raw frames, drawn one call later or at once.
 class GuardedContest {
 public:
-    GuardedContest(int width, int height)
-        : pixels_(size_t{4} * static_cast<size_t>(width) * static_cast<size_t>(height), 90) {
-        VERendererMode mode = {VE_OUTPUT_PICTURE, VE_MODE_RGBA, width, height, 0, 0, 0};
+    explicit GuardedContest(const FrameCase& frame)
+        : pixels_(frame.bytes(), 90), bare_(frame, ShaderKind::kLean, 0) {
+        VERendererMode mode = {};
+        mode.outputMode = VE_OUTPUT_PICTURE;
+        mode.modeType = frame.alpha ? VE_MODE_RGBA : VE_MODE_RGB;
+        mode.textureWidth = frame.width;
+        mode.textureHeight = frame.height;
         VECreateRendererHandle(&seven_, static_cast<int>(MakeTarget()), &mode, nullptr);
         VERendererOptions options = VEMakeRendererOptions();
-        options.source = VE_SOURCE_RGBA;
-        options.sourceWidth = width;
-        options.sourceHeight = height;
-        for (VERenderer*& guarded : guarded_) {
-            options.outputTexture = MakeTarget();
-            VECreateRenderer(&options, &guarded);
-            options.keepState = true;
-        }
+        options.source = mode.modeType;
+        options.sourceWidth = frame.width;
+        options.sourceHeight = frame.height;
+        delayed_ = make(options);
+        options.drawAtOnce = true;
+        atOnce_ = make(options);
+        options.keepState = true;
+        keepState_ = make(options);
     }
     ~GuardedContest() {
         VEDestroyRenderer(seven_);
-        VECloseRenderer(guarded_[0], VE_CONTEXT_CURRENT);
-        VECloseRenderer(guarded_[1], VE_CONTEXT_CURRENT);
+        for (VERenderer* renderer : {delayed_, atOnce_, keepState_}) {
+            VECloseRenderer(renderer, VE_CONTEXT_CURRENT);
+        }
     }
     GuardedContest(const GuardedContest&) = delete;
     GuardedContest& operator=(const GuardedContest&) = delete;
 
     std::vector<Interleaved::Work> works() {
-        return {Repeat(kDrawsPerRound,
-                       [this] {
-                           VEUpdateRenderer(seven_, pixels_.data(), 0, true, nullptr);
-                           glFinish();
-                       }),
-                drawGuarded(guarded_[0]), drawGuarded(guarded_[1])};
+        return {drawn([this] { bare_.drawAtOnce(pixels_.data()); }),
+                drawn([this] { VEUpdateRenderer(seven_, pixels_.data(), 0, true, nullptr); }),
+                drawn([this] { draw(delayed_); }), drawn([this] { draw(atOnce_); }),
+                drawn([this] { draw(keepState_); })};
     }
 
 private:
-    Interleaved::Work drawGuarded(VERenderer* renderer) {
-        return Repeat(kDrawsPerRound, [this, renderer] {
-            VEDrawOptions options = VEMakeDrawOptions();
-            options.frame = pixels_.data();
-            VEDraw(renderer, &options, nullptr);
+    static VERenderer* make(VERendererOptions options) {
+        options.outputTexture = MakeTarget();
+        VERenderer* renderer = nullptr;
+        VECreateRenderer(&options, &renderer);
+        return renderer;
+    }
+    void draw(VERenderer* renderer) const {
+        VEDrawOptions options = VEMakeDrawOptions();
+        options.frame = pixels_.data();
+        VEDraw(renderer, &options, nullptr);
+    }
+    template <class Draw>
+    static Interleaved::Work drawn(Draw draw) {
+        return Repeat(kDrawsPerRound, [draw] {
+            draw();
             glFinish();
         });
     }
 
     OffscreenContext context_;
     std::vector<unsigned char> pixels_;
+    BareRenderer bare_;
     void* seven_ = nullptr;
-    VERenderer* guarded_[2] = {};  ///< Without keepState, and with it.
+    VERenderer* delayed_;
+    VERenderer* atOnce_;
+    VERenderer* keepState_;  ///< Draws at once, too.
 };
 
 void GuardedFrames(benchmark::State& state) {
-    enum : size_t { kSeven, kGuarded, kKeepState };
-    GuardedContest contest(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    enum : size_t { kBare, kSeven, kDelayed, kAtOnce, kKeepState };
+    GuardedContest contest({static_cast<int>(state.range(0)), static_cast<int>(state.range(1)),
+                            state.range(2) == 4, false, 0});
     const Interleaved times = RunContest(state, contest.works(), kWarmUpRounds);
+    state.counters["bare at once ms"] = times.medianMilliseconds(kBare) / kDrawsPerRound;
     state.counters["seven ms"] = times.medianMilliseconds(kSeven) / kDrawsPerRound;
-    state.counters["guarded ms"] = times.medianMilliseconds(kGuarded) / kDrawsPerRound;
-    state.counters["keepState ms"] = times.medianMilliseconds(kKeepState) / kDrawsPerRound;
-    state.counters["guarded/seven"] = times.medianRatio(kGuarded, kSeven);
-    state.counters["keepState/guarded"] = times.medianRatio(kKeepState, kGuarded);
+    state.counters["delayed ms"] = times.medianMilliseconds(kDelayed) / kDrawsPerRound;
+    state.counters["at once ms"] = times.medianMilliseconds(kAtOnce) / kDrawsPerRound;
+    state.counters["at once/bare"] = times.medianRatio(kAtOnce, kBare);
+    state.counters["at once/seven"] = times.medianRatio(kAtOnce, kSeven);
+    state.counters["delayed/seven"] = times.medianRatio(kDelayed, kSeven);
+    state.counters["keepState/at once"] = times.medianRatio(kKeepState, kAtOnce);
 }
 
 // The smallest shows the calls alone.
 BENCHMARK(GuardedFrames)
-    ->ArgNames({"width", "height"})
-    ->Args({16, 16})
-    ->Args({640, 480})
+    ->ArgNames({"width", "height", "bytes"})
+    ->Args({16, 16, 4})
+    ->Args({640, 480, 3})
+    ->Args({640, 480, 4})
+    ->Args({1280, 720, 4})
+    ->Args({1920, 1080, 3})
+    ->Args({1920, 1080, 4})
     ->Iterations(kRounds)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);

@@ -41,17 +41,17 @@ std::unique_ptr<PictureSource> MakeSource(GLNames& names, const GLFeatures& feat
         case VE_SOURCE_TEXTURE_EXTERNAL: return std::make_unique<TextureSource>(true);
         default: break;
     }
-    const uint32_t format = options.source == VE_SOURCE_RGBA ? GL_RGBA : GL_RGB;
+    const bool isRgb = options.source == VE_SOURCE_RGB;
     return std::make_unique<FrameSource>(
-        names, PixelLayout{format, options.sourceWidth, options.sourceHeight}, IsDelayed(options));
+        names, PixelLayout{isRgb, options.sourceWidth, options.sourceHeight}, IsDelayed(options));
 }
 
 Mask MakeMask(GLNames& names, const VERendererOptions& options) {
     if (options.maskFormat == 0) {
         return {names, nullptr, false};
     }
-    const uint32_t format = options.maskFormat == VE_MASK_RGBA ? GL_RGBA : GL_RGB;
-    const PixelLayout layout = {format, options.maskWidth, options.maskHeight};
+    const bool isRgb = options.maskFormat == VE_MASK_RGB;
+    const PixelLayout layout = {isRgb, options.maskWidth, options.maskHeight};
     return {names, &layout, IsDelayed(options)};
 }
 

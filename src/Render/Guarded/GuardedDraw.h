@@ -22,6 +22,7 @@ public:
     /// Draws \p options, which are of full size. Throws Failure and std::bad_alloc.
     VEDrawn draw(const VEDrawOptions& options);
 
+    const GLFeatures& features() const { return features_; }
     PictureSource& source() { return *source_; }
     /// Ends the source; only the destructor may follow. It makes no GL call if the context is lost.
     VEResult close(VEContext context);

@@ -1,5 +1,7 @@
 #include "GuardedRenderer.h"
 
+#include <optional>
+
 #include "DecoderSource.h"
 #include "Failure.h"
 #include "GLCheck.h"
@@ -73,13 +75,11 @@ VEResult GuardedRenderer::close(VEContext context) {
     if (draw_ == nullptr) {
         return VE_OK;
     }
-    if (context == VE_CONTEXT_LOST) {
-        const VEResult result = draw_->close(context);
-        draw_.reset();
-        return result;
+    const GLFeatures features = draw_->features();
+    std::optional<GLStateGuard> guard;
+    if (context == VE_CONTEXT_CURRENT) {
+        guard.emplace(features);
     }
-    const GLFeatures features;
-    const GLStateGuard guard(features);
     const VEResult result = draw_->close(context);
     draw_.reset();
     return result;
