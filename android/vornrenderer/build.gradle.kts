@@ -48,3 +48,7 @@ android {
         targetCompatibility = JavaVersion.VERSION_11
     }
 }
+
+dependencies {
+    compileOnly("org.jetbrains:annotations:23.0.0")
+}

@@ -1,11 +1,13 @@
 package org.vornrenderer;
 
+import org.jetbrains.annotations.Nullable;
+
 /** The state of a decoder at one moment. */
 public final class DecoderState {
     static final int VALUES = 14;
 
     /** Why the decoder is no longer of use; null while it runs. */
-    public final RendererException.Reason failure;
+    @Nullable public final RendererException.Reason failure;
 
     /** The platform's own code (media_status_t) of a failure, or 0. */
     public final int platformCode;

@@ -1,5 +1,7 @@
 package org.vornrenderer;
 
+import org.jetbrains.annotations.NotNull;
+
 /** GL, the decoder or the memory does not allow what was asked for. Nothing changes then. */
 public final class RendererException extends IllegalStateException {
     private static final long serialVersionUID = 1;
@@ -59,6 +61,7 @@ public final class RendererException extends IllegalStateException {
      *
      * @return what is missing or failed
      */
+    @NotNull
     public Reason reason() {
         return reason;
     }

@@ -2,6 +2,8 @@ package org.vornrenderer;
 
 import java.nio.ByteBuffer;
 import java.util.Objects;
+import org.jetbrains.annotations.NotNull;
+import org.jetbrains.annotations.Nullable;
 
 /**
  * Draws one video stream of a fixed size into a GL texture.
@@ -17,7 +19,8 @@ import java.util.Objects;
  *
  * <p><b>Threads.</b> A renderer belongs to the thread that built it and to the OpenGL ES 3 context
  * that was current there. That context must be current in every call. Calls from other threads
- * throw. Close the renderer; the garbage collector does not free it.
+ * throw. Close the renderer: the garbage collector does not free it, and logs a warning with the place
+ * where a forgotten one was built.
  *
  * <p><b>Buffers</b> are direct. A call reads them from their position to their limit, moves neither
  * of the two, and does not keep the buffer. A frame or a mask has exactly {@link PixelLayout#bytes}
@@ -36,7 +39,7 @@ import java.util.Objects;
  * state that it changes, and works from any state, unless {@link Builder#keepState} says otherwise.
  * Closing leaves nothing behind: neither GL names nor a thread nor Java objects.
  */
-public final class VideoRenderer implements AutoCloseable {
+public final class VideoRenderer extends DecodingRenderer {
     /** The x and the y of a sticker that is not drawn. */
     public static final int HIDDEN = -1;
 
@@ -49,36 +52,26 @@ public final class VideoRenderer implements AutoCloseable {
     /** Flag of a unit that has parameter sets only and gives no picture. */
     public static final int UNIT_CONFIG = 2;
 
-    /** Flag of the last unit of a stream, which may be empty. {@link #flush} comes next. */
+    /** Flag of the last unit of a stream, which may be empty. {@link #flush()} comes next. */
     public static final int UNIT_END = 4;
 
-    private static final int UNIT_FLAGS = UNIT_CONFIG | UNIT_END;
-    private static final long UNIT_WAIT_US = 2000;
     private static final float MASKED_ZOOM = 2;
     private static final int NO_TEXTURE = 0;
     private static final int[] NO_POSITIONS = {};
 
-    private final Thread thread = Thread.currentThread();
-    private final VideoSource source;
-    private final int width;
-    private final int height;
     private final int frameBytes;
     private final int maskBytes;
-    private long renderer;
     private boolean mirrored;
     private float x;
     private float y;
     private float zoom;
     private int stickerTexture;
 
-    private VideoRenderer(Builder builder) {
-        source = builder.source;
-        width = builder.width;
-        height = builder.height;
-        frameBytes = builder.frameBytes;
-        maskBytes = builder.maskBytes;
+    private VideoRenderer(Settings settings) {
+        super(settings);
+        frameBytes = settings.frameBytes();
+        maskBytes = settings.maskBytes();
         zoom = maskBytes == 0 ? ZOOM_FIT : MASKED_ZOOM;
-        renderer = builder.create();
     }
 
     /**
@@ -103,7 +96,7 @@ public final class VideoRenderer implements AutoCloseable {
      * @throws IllegalStateException if the renderer is closed or belongs to another thread
      * @throws RendererException if memory runs out
      */
-    public boolean draw(ByteBuffer frame) {
+    public boolean draw(@Nullable ByteBuffer frame) {
         return draw(frame, null);
     }
 
@@ -119,88 +112,14 @@ public final class VideoRenderer implements AutoCloseable {
      * @throws IllegalStateException if the renderer is closed or belongs to another thread
      * @throws RendererException if memory runs out or the platform fails
      */
-    public boolean draw(ByteBuffer frame, ByteBuffer mask) {
-        checkUsable();
+    public boolean draw(@Nullable ByteBuffer frame, @Nullable ByteBuffer mask) {
+        long renderer = handle();
         int framePosition = Check.position(frame, frameBytes, "frame");
         int maskPosition = Check.position(mask, maskBytes, "mask");
         RendererException.check(
                 NativeRenderer.draw(
                         renderer, frame, framePosition, mask, maskPosition, mirrored, x, y, zoom));
         return NativeRenderer.isNewPicture(renderer);
-    }
-
-    /**
-     * Passes a unit of compressed video to the decoder: an H.264 access unit with start codes, or
-     * one JPEG picture. The parameter sets of H.264 come in front of the first key frame. Units come
-     * in decoding order, at the frame rate of the video. A unit waits up to 2 ms for a free input
-     * buffer of the decoder. If there is none, or if the unit does not fit, it is dropped. All units
-     * of this call have the time 0.
-     *
-     * @param unit the unit; an empty one does nothing
-     * @throws IllegalArgumentException if the unit is not direct
-     * @throws IllegalStateException if the renderer takes raw frames, is closed, or belongs to
-     *     another thread
-     */
-    public void queueUnit(ByteBuffer unit) {
-        checkCompressed();
-        Check.direct(unit, "unit");
-        int position = unit.position();
-        int size = unit.limit() - position;
-        if (size > 0) {
-            NativeRenderer.queueUnit(renderer, unit, position, size, 0, UNIT_WAIT_US, 0);
-        }
-    }
-
-    /**
-     * Passes a unit with its time to the decoder, without waiting.
-     *
-     * @param unit the unit, as in {@link #queueUnit(ByteBuffer)}
-     * @param timeUs presentation time in microseconds, within 292 years of 0
-     * @param flags {@link #UNIT_CONFIG}, {@link #UNIT_END}, both or 0
-     * @return what became of the unit
-     * @throws IllegalArgumentException if the unit is not direct, or is empty without UNIT_END, if
-     *     the time or a flag does not exist, or if the stream has ended and was not flushed
-     * @throws IllegalStateException if the renderer takes raw frames, is closed, or belongs to
-     *     another thread
-     */
-    public QueueResult queueUnit(ByteBuffer unit, long timeUs, int flags) {
-        checkCompressed();
-        Check.direct(unit, "unit");
-        Check.time(timeUs);
-        if ((flags & ~UNIT_FLAGS) != 0) {
-            throw new IllegalArgumentException(flags + " are no flags of a unit");
-        }
-        int position = unit.position();
-        int size = unit.limit() - position;
-        return QueueResult.of(
-                NativeRenderer.queueUnit(renderer, unit, position, size, timeUs, 0, flags));
-    }
-
-    /**
-     * Drops all units and pictures in the decoder, for seeking. The next unit starts with a key
-     * frame. Draws show no further picture of before the flush.
-     *
-     * @throws IllegalStateException if the renderer takes raw frames, is closed, or belongs to
-     *     another thread
-     * @throws RendererException if the decoder is no longer of use
-     */
-    public void flush() {
-        checkCompressed();
-        RendererException.check(NativeRenderer.flush(renderer));
-    }
-
-    /**
-     * The state of the decoder. Allocates an object.
-     *
-     * @return the state now
-     * @throws IllegalStateException if the renderer takes raw frames, is closed, or belongs to
-     *     another thread
-     */
-    public DecoderState decoderState() {
-        checkCompressed();
-        long[] values = new long[DecoderState.VALUES];
-        RendererException.check(NativeRenderer.getDecoderState(renderer, values));
-        return new DecoderState(values);
     }
 
     /**
@@ -211,8 +130,7 @@ public final class VideoRenderer implements AutoCloseable {
      * @throws IllegalStateException if the renderer is closed or belongs to another thread
      */
     public long pictureTimeUs() {
-        checkUsable();
-        return NativeRenderer.pictureTimeUs(renderer);
+        return NativeRenderer.pictureTimeUs(handle());
     }
 
     /**
@@ -223,7 +141,7 @@ public final class VideoRenderer implements AutoCloseable {
      * @throws IllegalStateException if the renderer is closed or belongs to another thread
      */
     public void setMirrored(boolean mirrored) {
-        checkUsable();
+        handle();
         this.mirrored = mirrored;
     }
 
@@ -242,10 +160,10 @@ public final class VideoRenderer implements AutoCloseable {
      * @throws RendererException if memory runs out
      */
     public void setStickers(int texture, int... positions) {
-        checkUsable();
+        long renderer = handle();
         Check.texture(texture);
         Check.pairs(positions);
-        putStickers(texture, positions);
+        putStickers(renderer, texture, positions);
     }
 
     /**
@@ -254,11 +172,10 @@ public final class VideoRenderer implements AutoCloseable {
      * @throws IllegalStateException if the renderer is closed or belongs to another thread
      */
     public void clearStickers() {
-        checkUsable();
-        putStickers(NO_TEXTURE, NO_POSITIONS);
+        putStickers(handle(), NO_TEXTURE, NO_POSITIONS);
     }
 
-    private void putStickers(int texture, int[] positions) {
+    private void putStickers(long renderer, int texture, int[] positions) {
         RendererException.check(NativeRenderer.setStickers(renderer, texture, positions));
         stickerTexture = texture;
     }
@@ -287,38 +204,11 @@ public final class VideoRenderer implements AutoCloseable {
      * @throws IllegalStateException if the renderer is closed or belongs to another thread
      */
     public void setView(float x, float y, float zoom) {
-        checkUsable();
+        handle();
         Check.view(x, y, zoom);
         this.x = x;
         this.y = y;
         this.zoom = zoom;
-    }
-
-    /**
-     * What the renderer is given.
-     *
-     * @return the source of the builder
-     */
-    public VideoSource source() {
-        return source;
-    }
-
-    /**
-     * The width of frames and destination.
-     *
-     * @return pixels
-     */
-    public int width() {
-        return width;
-    }
-
-    /**
-     * The height of frames and destination.
-     *
-     * @return pixels
-     */
-    public int height() {
-        return height;
     }
 
     /**
@@ -372,75 +262,14 @@ public final class VideoRenderer implements AutoCloseable {
      * @return a copy of x and y of each sticker in turn
      * @throws IllegalStateException if the renderer is closed or belongs to another thread
      */
+    @NotNull
     public int[] stickers() {
-        checkUsable();
-        return NativeRenderer.stickers(renderer);
-    }
-
-    /**
-     * Frees the renderer, with its context current. A second call does nothing.
-     *
-     * @throws IllegalStateException on another thread than the one that built the renderer
-     */
-    @Override
-    public void close() {
-        close(false);
-    }
-
-    /**
-     * Frees the renderer without a GL call, after its context was lost. A second call does nothing.
-     *
-     * @throws IllegalStateException on another thread than the one that built the renderer
-     */
-    public void closeAfterContextLoss() {
-        close(true);
-    }
-
-    private void close(boolean contextLost) {
-        checkThread();
-        long closing = renderer;
-        renderer = 0;
-        if (closing != 0) {
-            NativeRenderer.destroy(closing, contextLost);
-        }
-    }
-
-    private void checkCompressed() {
-        checkUsable();
-        if (!source.isCompressed()) {
-            throw new IllegalStateException("a renderer of " + source + " frames takes no units");
-        }
-    }
-
-    private void checkUsable() {
-        checkThread();
-        if (renderer == 0) {
-            throw new IllegalStateException("the renderer is closed");
-        }
-    }
-
-    private void checkThread() {
-        Thread caller = Thread.currentThread();
-        if (caller != thread) {
-            throw new IllegalStateException(
-                    "the renderer belongs to " + thread.getName() + ", not to " + caller.getName());
-        }
+        return NativeRenderer.stickers(handle());
     }
 
     /** What kind of renderer to build. Can be used again, on any thread. */
     public static final class Builder {
-        private final VideoSource source;
-        private final int width;
-        private final int height;
-        private final int frameBytes;
-        private int texture;
-        private PixelLayout destination = PixelLayout.RGBA;
-        private PixelLayout mask = PixelLayout.RGB;
-        private int maskWidth;
-        private int maskHeight;
-        private int maskBytes;
-        private boolean drawAtOnce;
-        private boolean keepState = true;
+        private final Settings settings;
 
         /**
          * The stream.
@@ -451,13 +280,8 @@ public final class VideoRenderer implements AutoCloseable {
          * @param height of the same, in pixels
          * @throws IllegalArgumentException if a side is not positive, or no buffer can hold a frame
          */
-        public Builder(VideoSource source, int width, int height) {
-            PixelLayout layout = source.isCompressed() ? PixelLayout.RGBA : source.layout;
-            int bytes = layout.bytes(width, height);
-            this.source = source;
-            this.width = width;
-            this.height = height;
-            frameBytes = source.isCompressed() ? 0 : bytes;
+        public Builder(@NotNull VideoSource source, int width, int height) {
+            settings = new Settings(source, width, height);
         }
 
         /**
@@ -468,6 +292,7 @@ public final class VideoRenderer implements AutoCloseable {
          * @return this
          * @throws IllegalArgumentException if the name is not positive
          */
+        @NotNull
         public Builder destination(int texture) {
             return destination(texture, PixelLayout.RGBA);
         }
@@ -481,10 +306,11 @@ public final class VideoRenderer implements AutoCloseable {
          * @return this
          * @throws IllegalArgumentException if the name is not positive
          */
-        public Builder destination(int texture, PixelLayout layout) {
+        @NotNull
+        public Builder destination(int texture, @NotNull PixelLayout layout) {
             Check.texture(texture);
-            this.texture = texture;
-            destination = Objects.requireNonNull(layout);
+            settings.destination = Objects.requireNonNull(layout);
+            settings.texture = texture;
             return this;
         }
 
@@ -498,11 +324,12 @@ public final class VideoRenderer implements AutoCloseable {
          * @return this
          * @throws IllegalArgumentException if a side is not positive, or no buffer can hold a mask
          */
-        public Builder mask(PixelLayout layout, int width, int height) {
-            maskBytes = layout.bytes(width, height);
-            mask = layout;
-            maskWidth = width;
-            maskHeight = height;
+        @NotNull
+        public Builder mask(@NotNull PixelLayout layout, int width, int height) {
+            layout.bytes(width, height); // Throws if no buffer can hold a mask.
+            settings.mask = layout;
+            settings.maskWidth = width;
+            settings.maskHeight = height;
             return this;
         }
 
@@ -512,8 +339,9 @@ public final class VideoRenderer implements AutoCloseable {
          *
          * @return this
          */
+        @NotNull
         public Builder drawAtOnce() {
-            drawAtOnce = true;
+            settings.drawAtOnce = true;
             return this;
         }
 
@@ -524,8 +352,9 @@ public final class VideoRenderer implements AutoCloseable {
          *     that draws leave
          * @return this
          */
+        @NotNull
         public Builder keepState(boolean keep) {
-            keepState = keep;
+            settings.keepState = keep;
             return this;
         }
 
@@ -537,43 +366,9 @@ public final class VideoRenderer implements AutoCloseable {
          * @throws RendererException if GL, the platform or the memory does not allow it; its reason
          *     says which
          */
+        @NotNull
         public VideoRenderer build() {
-            if (texture == 0) {
-                throw new IllegalStateException("the renderer has no destination");
-            }
-            if (source.isCompressed()) {
-                checkPlatform();
-            }
-            return new VideoRenderer(this);
-        }
-
-        private long create() {
-            long[] created = new long[1];
-            RendererException.check(
-                    NativeRenderer.create(
-                            texture,
-                            destination.destinationCode,
-                            source.code,
-                            width,
-                            height,
-                            mask.maskCode,
-                            maskWidth,
-                            maskHeight,
-                            drawAtOnce,
-                            keepState,
-                            created));
-            return created[0];
-        }
-
-        /** The classes are looked up here because the exception names the one that is missing. */
-        private static void checkPlatform() {
-            try {
-                Class.forName("android.graphics.SurfaceTexture");
-                Class.forName("android.view.Surface");
-            } catch (ClassNotFoundException | LinkageError e) {
-                throw new RendererException(
-                        RendererException.Reason.NO_DECODER, "no decoder on this Java platform", e);
-            }
+            return new VideoRenderer(new Settings(settings));
         }
     }
 }

@@ -36,6 +36,10 @@ public class DecodeTest extends GlTest {
         return direct(bytes.toByteArray());
     }
 
+    private static byte[] h264Unit() throws IOException {
+        return Files.readAllBytes(Path.of(System.getProperty("vorn.unit")));
+    }
+
     /** Draws until there is a picture. */
     private BufferedImage drawFirst(VideoRenderer renderer) {
         long end = System.nanoTime() + PATIENCE_NS;
@@ -74,7 +78,7 @@ public class DecodeTest extends GlTest {
 
     @Test
     public void h264() throws IOException {
-        byte[] unit = Files.readAllBytes(Path.of(System.getProperty("vorn.unit")));
+        byte[] unit = h264Unit();
         try (VideoRenderer renderer = builder(VideoSource.H264, WIDTH, HEIGHT).build()) {
             assertEquals(VideoRenderer.NO_TIME, renderer.pictureTimeUs());
             assertEquals(QueueResult.QUEUED, renderer.queueUnit(direct(unit), 40_000, 0));
@@ -110,6 +114,39 @@ public class DecodeTest extends GlTest {
                     IllegalArgumentException.class,
                     () -> renderer.queueUnit(ByteBuffer.allocate(4)));
             assertThrows(NullPointerException.class, () -> renderer.queueUnit(null));
+        }
+    }
+
+    @Test
+    public void decodersThatAreMissingOrFailInMidStream() throws IOException {
+        NextDecoder.fails(NextDecoder.CREATE, 0, 0);
+        VideoRenderer.Builder builder = builder(VideoSource.H264, WIDTH, HEIGHT);
+        assertEquals(
+                RendererException.Reason.NO_DECODER,
+                assertThrows(RendererException.class, builder::build).reason());
+        assertEquals(RendererException.Reason.DECODER_FAILED, failureAfterOnePicture(0));
+        assertEquals(
+                RendererException.Reason.DECODER_RECLAIMED,
+                failureAfterOnePicture(NextDecoder.ERROR_RECLAIMED));
+    }
+
+    /** The picture before the failure goes on being drawn. */
+    private RendererException.Reason failureAfterOnePicture(int error) throws IOException {
+        ByteBuffer unit = direct(h264Unit());
+        NextDecoder.fails(NextDecoder.ALL, error, 2);
+        try (VideoRenderer renderer = builder(VideoSource.H264, WIDTH, HEIGHT).build()) {
+            assertEquals(QueueResult.QUEUED, renderer.queueUnit(unit, 40_000, 0));
+            drawFirst(renderer);
+            long end = System.nanoTime() + PATIENCE_NS;
+            while (renderer.queueUnit(unit, 80_000, 0) != QueueResult.FAILED) {
+                assertTrue(System.nanoTime() < end);
+            }
+            renderer.draw();
+            assertEquals(40_000, renderer.pictureTimeUs());
+            RendererException.Reason reason = renderer.decoderState().failure;
+            assertEquals(
+                    reason, assertThrows(RendererException.class, renderer::flush).reason());
+            return reason;
         }
     }
 

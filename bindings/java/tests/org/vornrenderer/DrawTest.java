@@ -1,6 +1,8 @@
 package org.vornrenderer;
 
 import static org.junit.Assert.assertEquals;
+import static org.junit.Assert.assertFalse;
+import static org.junit.Assert.assertTrue;
 
 import java.awt.Color;
 import java.awt.image.BufferedImage;
@@ -47,6 +49,22 @@ public class DrawTest extends GlTest {
             assertEquals(8, gl.getUnpackAlignment());
             assertEquals(position, pixels.position());
             assertEquals(pixels.capacity(), pixels.limit());
+        }
+    }
+
+    @Test
+    public void aRendererKeepsWhatItWasBuiltWith() {
+        VideoRenderer.Builder builder =
+                builder(VideoSource.RGB, 8, 4).mask(PixelLayout.RGBA, 3, 2).keepState(false);
+        try (VideoRenderer first = builder.build();
+                VideoRenderer second = builder.drawAtOnce().mask(PixelLayout.RGB, 7, 6).build()) {
+            assertEquals(texture, first.destination());
+            assertEquals(PixelLayout.RGBA, first.destinationLayout());
+            assertEquals(PixelLayout.RGBA, first.maskLayout());
+            assertEquals(3 * 100 + 2, first.maskWidth() * 100 + first.maskHeight());
+            assertFalse(first.drawsAtOnce() || first.keepsState());
+            assertTrue(second.drawsAtOnce());
+            assertEquals(6, second.maskHeight());
         }
     }
 

@@ -2,8 +2,14 @@ package org.vornrenderer;
 
 import static org.junit.Assert.assertEquals;
 import static org.junit.Assert.assertThrows;
+import static org.junit.Assert.assertTrue;
 
 import java.nio.ByteBuffer;
+import java.util.concurrent.BlockingQueue;
+import java.util.concurrent.LinkedBlockingQueue;
+import java.util.concurrent.TimeUnit;
+import java.util.logging.LogRecord;
+import java.util.logging.Logger;
 import org.junit.Test;
 
 /** Bad calls throw exceptions and leave the renderer as it was. */
@@ -114,6 +120,30 @@ public class RefusalTest extends GlTest {
         assertEquals(null, failure[0]);
         renderer.draw();
         renderer.close();
+    }
+
+    @Test
+    public void aRendererThatWasForgottenIsReportedAndAClosedOneIsNot() throws Exception {
+        BlockingQueue<LogRecord> records = new LinkedBlockingQueue<>();
+        Logger logger = Logger.getLogger("org.vornrenderer");
+        logger.setFilter(record -> !records.add(record));
+        builder(VideoSource.RGB, 4, 4).build().close();
+        forget();
+        LogRecord record = null;
+        for (int i = 0; i < 200 && record == null; ++i) {
+            System.gc();
+            record = records.poll(100, TimeUnit.MILLISECONDS);
+        }
+        boolean named = false;
+        for (StackTraceElement call : record.getThrown().getStackTrace()) {
+            named |= call.getMethodName().equals("forget");
+        }
+        assertTrue(named);
+        assertEquals(null, records.poll());
+    }
+
+    private void forget() {
+        NativeRenderer.destroy(builder(VideoSource.RGB, 4, 4).build().handle(), false);
     }
 
     @Test

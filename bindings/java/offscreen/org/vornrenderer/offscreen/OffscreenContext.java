@@ -2,6 +2,7 @@ package org.vornrenderer.offscreen;
 
 import java.awt.image.BufferedImage;
 import java.nio.ByteBuffer;
+import org.jetbrains.annotations.NotNull;
 
 /**
  * An OpenGL ES 3 context without a window, for tests and tools on the desktop. It is current on the
@@ -49,8 +50,9 @@ public final class OffscreenContext implements AutoCloseable {
      * @param width in pixels
      * @param height in pixels
      * @param pixels of the whole texture, from the start of the buffer
+     * @throws IllegalArgumentException if the buffer is not direct or too small
      */
-    public void fill(int texture, int width, int height, ByteBuffer pixels) {
+    public void fill(int texture, int width, int height, @NotNull ByteBuffer pixels) {
         if (!pixels.isDirect() || pixels.capacity() < width * height * BYTES_PER_PIXEL) {
             throw new IllegalArgumentException("no pixels for " + width + " x " + height);
         }
@@ -65,6 +67,7 @@ public final class OffscreenContext implements AutoCloseable {
      * @param height in pixels
      * @return its pixels, in a new buffer
      */
+    @NotNull
     public ByteBuffer read(int texture, int width, int height) {
         ByteBuffer pixels = ByteBuffer.allocateDirect(width * height * BYTES_PER_PIXEL);
         nativeRead(texture, width, height, pixels);
@@ -79,6 +82,7 @@ public final class OffscreenContext implements AutoCloseable {
      * @param height in pixels
      * @return its pixels with alpha, the first row at the top
      */
+    @NotNull
     public BufferedImage readImage(int texture, int width, int height) {
         ByteBuffer rgba = read(texture, width, height);
         BufferedImage image = new BufferedImage(width, height, BufferedImage.TYPE_INT_ARGB);

@@ -1,0 +1,12 @@
+#include <linux_platform/Host.h>
+
+#include "org_vornrenderer_NextDecoder.h"
+
+void Java_org_vornrenderer_NextDecoder_fails(JNIEnv* /*env*/, jclass /*type*/, jint calls,
+                                             jint error, jlong afterPictures) {
+    HostBehavior behavior = {};
+    behavior.failing = static_cast<uint32_t>(calls);
+    behavior.error = error;
+    behavior.failAfterPictures = afterPictures;
+    HostDecoder_setBehavior(nullptr, &behavior);
+}
