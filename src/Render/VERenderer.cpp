@@ -2,9 +2,8 @@
 
 #include <new>
 
+#include "DecodeRenderer.h"
 #include "GLES3Renderer/VEGLES3Renderer.h"
-#include "OESRenderer/VEOESRenderer.h"
-#include "VERendererBase.h"
 
 namespace {
 
@@ -32,7 +31,7 @@ int VECreateRendererHandleWithFormat(void** handle, int textureId, int format, V
     switch (mode->modeType) {
         case VE_MODE_H264:
         case VE_MODE_MJPEG:
-            *handle = AsHandle(new VEOESRenderer(textureId, format, mode, javaVM));
+            *handle = AsHandle(CreateDecodeRenderer(textureId, format, mode, javaVM));
             break;
         case VE_MODE_RGB:
         case VE_MODE_RGBA: *handle = AsHandle(new VEGLES3Renderer(textureId, format, mode)); break;

@@ -63,6 +63,9 @@ public:
     virtual VEResult close(bool contextLost) = 0;
 };
 
+/// Whether the platform can have decoders at all.
+bool HasDecoders();
+
 /// Whether the platform has a decoder for \p source. Leaves nothing behind.
 VEResult CheckDecoder(int32_t source);
 

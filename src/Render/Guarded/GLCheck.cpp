@@ -1,5 +1,6 @@
 #include "GLCheck.h"
 
+#include "DecoderSource.h"
 #include "Failure.h"
 #include "GLFeatures.h"
 
@@ -8,7 +9,7 @@ namespace {
 bool NeedsExternalTextures(int32_t source) {
     switch (source) {
         case VE_SOURCE_H264:
-        case VE_SOURCE_MJPEG:
+        case VE_SOURCE_MJPEG: Require(HasDecoders(), VE_ERROR_NO_DECODER); return true;
         case VE_SOURCE_TEXTURE_EXTERNAL: return true;
         case VE_SOURCE_RGB:
         case VE_SOURCE_RGBA:

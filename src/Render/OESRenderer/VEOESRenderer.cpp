@@ -2,6 +2,7 @@
 
 #include <android/log.h>
 
+#include "../DecodeRenderer.h"
 #include "../JavaEnvSlot.h"
 #include "DecodeLoop.h"
 #include "VEOESSurfaceTexture.h"
@@ -144,4 +145,9 @@ int VEOESRenderer::UpdateUserPosition(float a, float b, float c, float d) {
         filter->UpdateUserPosition(a, b, c, d);
     }
     return 0;
+}
+
+VERendererBase* CreateDecodeRenderer(int textureId, int format, VERendererMode* mode,
+                                     void* javaVM) {
+    return new VEOESRenderer(textureId, format, mode, javaVM);
 }

@@ -199,6 +199,10 @@ VEResult PlatformDecoder::close(bool /*contextLost*/) {
 
 }  // namespace
 
+bool HasDecoders() {
+    return true;
+}
+
 VEResult CheckDecoder(int32_t source) {
     return Codec(AMediaCodec_createDecoderByType(MimeType(source))) != nullptr
                ? VE_OK
