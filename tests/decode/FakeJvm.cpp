@@ -16,8 +16,13 @@ struct Object {
     ANativeWindow* window = nullptr;
     std::atomic<int> references{0};
     int64_t timestampNs = 0;
+    static inline std::atomic<int> live{0};
 
+    Object() { ++live; }
+    Object(const Object&) = delete;
+    Object& operator=(const Object&) = delete;
     ~Object() {
+        --live;
         if (window != nullptr) {
             ANativeWindow_release(window);
         }
@@ -152,6 +157,10 @@ const JNIInvokeInterface_ kVmFunctions = [] {
 JavaVM vm = {&kVmFunctions};
 
 }  // namespace
+
+int LiveJavaObjects() {
+    return Object::live;
+}
 
 JavaVM* FakeJvm() {
     return &vm;

@@ -6,12 +6,10 @@
 #include <unicode/utf8.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <iostream>
 #include <string>
 #include <vector>
 
-#include "kernel/Allocator.h"
+#include "Check.h"
 #include "kernel/String.h"
 #include "kernel/UTF8Util.h"
 
@@ -22,18 +20,6 @@ namespace Utf8 = OVR::UTF8Util;
 
 constexpr size_t kMaxTextSize = 512;
 constexpr size_t kMaxPieceSize = 24;
-
-[[noreturn]] void Fail(int line, const char* condition) {
-    std::cerr << line << ": not " << condition << '\n';
-    std::abort();
-}
-
-#define CHECK(condition)                \
-    do {                                \
-        if (!(condition)) {             \
-            Fail(__LINE__, #condition); \
-        }                               \
-    } while (false)
 
 /// A broken or whole character of a text: what it reads as, and its bytes.
 struct ReferenceChar {
@@ -112,11 +98,6 @@ void EditOnce(String& text, FuzzedDataProvider& input) {
 }
 
 }  // namespace
-
-extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
-    OVR::Allocator::pInstance = OVR::DefaultAllocator::InitSystemSingleton();
-    return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzedDataProvider input(data, size);

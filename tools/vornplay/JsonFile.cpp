@@ -25,7 +25,10 @@ std::string ReadText(const std::string& path) {
     return text;
 }
 
-[[noreturn]] void FailAt(const std::string& path, int line, const std::string& what) {
+/// In one line, whatever the file's texts have in them.
+[[noreturn]] void FailAt(const std::string& path, int line, std::string what) {
+    std::replace_if(
+        what.begin(), what.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; }, '?');
     throw ToolError(path + ":" + std::to_string(line) + ": " + what);
 }
 

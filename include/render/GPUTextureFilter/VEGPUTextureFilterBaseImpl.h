@@ -67,8 +67,8 @@ protected:
     int32_t m_stickerLoc = -1;
 
 private:
-    void setUp(bool sourceIsExternal, bool masked);
     void buildProgram(bool sourceIsExternal, bool masked);
+    void makeTarget();
     void beginTarget() const;
     void useProgram(bool mirror) const;
     void bindTextures(uint32_t sourceTexture, uint32_t maskTexture, bool sourceIsExternal,

@@ -39,10 +39,8 @@ void GPUTextureFilterBase::DeleteGLProgram(uint32_t program) {
 }
 
 GLFbo* GPUTextureFilterBase::GeneratorFBO(uint32_t width, uint32_t height, uint32_t format) {
-    GLuint name = 0;
-    GLES3::glGenFramebuffers(1, &name);
     auto* fbo = new GLFbo;
-    fbo->m_fbo = name;
+    GLES3::glGenFramebuffers(1, &fbo->m_fbo);
     fbo->m_width = width;
     fbo->m_height = height;
     fbo->m_format = format;
@@ -62,7 +60,12 @@ GLTexture* GPUTextureFilterBase::GeneratorTexture(uint32_t format, uint32_t widt
                                                   bool usePbo) {
     GLuint name = 0;
     GLES3::glGenTextures(1, &name);
-    return GeneratorTextureWithId(format, name, width, height, usePbo);
+    try {
+        return GeneratorTextureWithId(format, name, width, height, usePbo);
+    } catch (...) {  // No memory.
+        GLES3::glDeleteTextures(1, &name);
+        throw;
+    }
 }
 
 GLTexture* GPUTextureFilterBase::GeneratorTextureWithId(uint32_t format, uint32_t texture,

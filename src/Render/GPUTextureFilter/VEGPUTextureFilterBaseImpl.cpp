@@ -105,7 +105,12 @@ GPUTextureFilterBaseImpl::GPUTextureFilterBaseImpl(uint32_t targetTexture, uint3
       m_projection(CameraProjection()) {
     updateMatrixState(0.0F, 0.0F, kInitialZoom, 0.0F);
     m_quad = OVR::BuildTesselatedQuad(1, 1, false);
-    m_stickerQuad = OVR::BuildTesselatedQuadInside(0.0F, 0.0F, false);
+    try {
+        m_stickerQuad = OVR::BuildTesselatedQuadInside(0.0F, 0.0F, false);
+    } catch (...) {  // No memory.
+        m_quad.Free();
+        throw;
+    }
 }
 
 GPUTextureFilterBaseImpl::~GPUTextureFilterBaseImpl() {
@@ -136,28 +141,30 @@ void GPUTextureFilterBaseImpl::draw(uint32_t sourceTexture, uint32_t maskTexture
                                     bool sourceIsExternal, int32_t stickerTexture,
                                     const VEStickerList& stickers) {
     if (m_program == kNone) {  // Frozen: first draw decides
-        setUp(sourceIsExternal, maskTexture != kNone);
+        buildProgram(sourceIsExternal, maskTexture != kNone);
+    }
+    if (m_fbo == nullptr) {
+        makeTarget();
     }
     const GLStateSave callersState;
-    if (m_fbo == nullptr) {
-        return;
-    }
     beginTarget();
     useProgram(mirror);
     bindTextures(sourceTexture, maskTexture, sourceIsExternal, stickerTexture);
     m_quad.Draw();
-    if (stickerTexture >= 0) {
-        drawStickers(stickers);
+    try {
+        if (stickerTexture >= 0) {
+            drawStickers(stickers);
+        }
+    } catch (...) {  // No memory.
+        Unbind();
+        throw;
     }
     Unbind();
 }
 
-void GPUTextureFilterBaseImpl::setUp(bool sourceIsExternal, bool masked) {
-    buildProgram(sourceIsExternal, masked);
-    if (m_fbo == nullptr) {
-        m_fbo = GeneratorFBO(m_targetWidth, m_targetHeight, m_targetFormat);
-        m_fbo->bindTexture(m_targetTexture);
-    }
+void GPUTextureFilterBaseImpl::makeTarget() {
+    m_fbo = GeneratorFBO(m_targetWidth, m_targetHeight, m_targetFormat);
+    m_fbo->bindTexture(m_targetTexture);
 }
 
 void GPUTextureFilterBaseImpl::buildProgram(bool sourceIsExternal, bool masked) {

@@ -50,13 +50,14 @@ VEOESRenderer::VEOESRenderer(int textureId, int format, VERendererMode* mode, vo
         return;
     }
     this->javaVM->AttachCurrentThread(JavaEnvSlot{&env}, nullptr);  // Frozen: attached thread
-    LocalInit();
-    startDecoding(*mode);
-    filter = new GPUTexture2TextureFilter(static_cast<uint32_t>(textureId), TargetFormat(format),
-                                          GL_RGB, static_cast<uint32_t>(mode->textureWidth),
-                                          static_cast<uint32_t>(mode->textureHeight),
-                                          MaskFormat(*mode), static_cast<uint32_t>(mode->maskWidth),
-                                          static_cast<uint32_t>(mode->maskHeight));
+    try {
+        LocalInit();
+        startDecoding(*mode);
+        createFilter(textureId, format, *mode);
+    } catch (...) {  // No memory.
+        Destroy();
+        throw;
+    }
     // Frozen: log texts
     LogWithFileTag(ANDROID_LOG_INFO, kSourceFile,
                    "\n VEOESRenderer textureId(%d), textureWidth (%d), textureHieght(%d), "
@@ -97,6 +98,14 @@ void VEOESRenderer::startDecoding(const VERendererMode& mode) {
     if (pthread_create(&decodeThread, nullptr, Codec_Thread_Fun, threadsShare.get()) == 0) {
         (void)threadsShare.release();  // The thread owns it.
     }
+}
+
+void VEOESRenderer::createFilter(int textureId, int format, const VERendererMode& mode) {
+    filter = new GPUTexture2TextureFilter(static_cast<uint32_t>(textureId), TargetFormat(format),
+                                          GL_RGB, static_cast<uint32_t>(mode.textureWidth),
+                                          static_cast<uint32_t>(mode.textureHeight),
+                                          MaskFormat(mode), static_cast<uint32_t>(mode.maskWidth),
+                                          static_cast<uint32_t>(mode.maskHeight));
 }
 
 int VEOESRenderer::Update(void* /*data*/, unsigned int /*size*/, bool colorMirror, void* maskData,

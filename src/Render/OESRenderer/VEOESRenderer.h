@@ -32,6 +32,7 @@ private:
     void LocalInit();
     void createSurface();
     void startDecoding(const VERendererMode& mode);
+    void createFilter(int textureId, int format, const VERendererMode& mode);
 
     JavaVM* javaVM;  ///< Belongs to the application.
     JNIEnv* env = nullptr;
