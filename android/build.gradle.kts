@@ -1,4 +1,4 @@
 plugins {
-    id("com.android.library") version "8.5.2" apply false
-    id("com.android.application") version "8.5.2" apply false
+    alias(libs.plugins.android.application) apply false
+    alias(libs.plugins.android.library) apply false
 }

@@ -6,6 +6,7 @@ function(vorn_separate_symbols library)
   if(NOT VORN_SEPARATE_SYMBOLS)
     return()
   endif()
+  target_compile_options(${library} PRIVATE -g)
   set(file $<TARGET_FILE:${library}>)
   add_custom_command(TARGET ${library} POST_BUILD
     COMMAND ${CMAKE_OBJCOPY} --only-keep-debug ${file} ${file}.debug

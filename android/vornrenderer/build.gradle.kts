@@ -1,18 +1,22 @@
 plugins {
-    id("com.android.library")
+    alias(libs.plugins.android.library)
+    `maven-publish`
 }
 
 val repository = rootDir.parentFile
+val libraryVersion = Regex("""project\(vornrenderer VERSION (\S+)""")
+    .find(repository.resolve("CMakeLists.txt").readText())!!.groupValues[1]
 
 android {
     namespace = "org.vornrenderer"
-    compileSdk = 34
+    compileSdk = libs.versions.compileSdk.get().toInt()
+    ndkVersion = libs.versions.ndk.get()
 
     defaultConfig {
-        minSdk = 24
+        minSdk = libs.versions.minSdk.get().toInt()
         consumerProguardFiles("consumer-rules.pro")
         ndk {
-            abiFilters += listOf("armeabi-v7a", "arm64-v8a")
+            abiFilters += listOf("armeabi-v7a", "arm64-v8a", "x86_64")
         }
         externalNativeBuild {
             cmake {
@@ -33,7 +37,17 @@ android {
     externalNativeBuild {
         cmake {
             path = repository.resolve("CMakeLists.txt")
-            version = "3.31.6" // Or any other from 3.25 on.
+            version = libs.versions.cmake.get()
+        }
+    }
+
+    // For C++ in applications: find_package(vornrenderer CONFIG), vornrenderer::vornrenderer.
+    buildFeatures {
+        prefabPublishing = true
+    }
+    prefab {
+        create("vornrenderer") {
+            headers = repository.resolve("include").path
         }
     }
 
@@ -44,11 +58,47 @@ android {
     }
 
     compileOptions {
-        sourceCompatibility = JavaVersion.VERSION_11
-        targetCompatibility = JavaVersion.VERSION_11
+        sourceCompatibility = JavaVersion.toVersion(libs.versions.java.get())
+        targetCompatibility = JavaVersion.toVersion(libs.versions.java.get())
+    }
+
+    publishing {
+        singleVariant("release") {
+            withSourcesJar()
+            withJavadocJar()
+        }
     }
 }
 
 dependencies {
-    compileOnly("org.jetbrains:annotations:23.0.0")
+    compileOnly(libs.annotations)
+}
+
+publishing {
+    publications {
+        register<MavenPublication>("release") {
+            groupId = "org.vornrenderer"
+            artifactId = "vornrenderer"
+            version = libraryVersion
+            pom {
+                name = "vornrenderer"
+                description = "Video rendering into GL textures"
+                licenses {
+                    license {
+                        name = "Apache-2.0"
+                        url = "https://www.apache.org/licenses/LICENSE-2.0"
+                    }
+                }
+            }
+            afterEvaluate {
+                from(components["release"])
+            }
+        }
+    }
+    repositories {
+        maven {
+            name = "build"
+            url = uri(layout.buildDirectory.dir("repository"))
+        }
+    }
 }

@@ -34,10 +34,13 @@ for name in GLESv3 GLESv2 EGL mediandk android log; do
     grep -q "^lib$name\.so" <<<"$needed" || fail "lib$name.so is not needed"
 done
 readelf -d "$library" | grep -q 'SONAME.*\[libvornrenderer\.so\]' || fail "no soname"
-readelf -lW "$library" | awk '$1 == "LOAD" && $NF != "0x4000" {exit 1}' ||
-    fail "pages of 16 KB are not heeded"
-[ -z "$(readelf -SW "$library" | grep -E '\.(symtab|debug_info)' || true)" ] || fail "not stripped"
-readelf -SW "$library.debug" | grep -q '\.debug_info' || fail "no symbols kept"
+for each in "$library" "$work/build/bindings/java/libvornrenderer_jni.so"; do
+    readelf -lW "$each" | awk '$1 == "LOAD" && $NF != "0x4000" {exit 1}' ||
+        fail "pages of 16 KB are not heeded: $each"
+    [ -z "$(readelf -SW "$each" | grep -E '\.(symtab|debug_info)' || true)" ] || fail "not stripped: $each"
+    readelf -SW "$each.debug" | grep -q '\.debug_info' || fail "no symbols kept: $each"
+done
+grep -q 'ANDROID_STL:.*=c++_shared' "$work/build/CMakeCache.txt" || fail "not the C++ runtime of Gradle"
 foreign=$(nm -D --undefined-only "$library" | awk '{print $NF}' | sed 's/@.*//' |
     grep -vE '^(_Z|__cxa_|__gxx_|__dynamic_cast$|_Unwind_)' | grep -vxF -f "$here/imports.txt" || true)
 [ -z "$foreign" ] || fail "not known to be in Android 7.0: $foreign"

@@ -1,11 +1,14 @@
 #!/bin/bash
 # Compiles the sample and the Java code of docs/android.md as for Android: resources and manifests
-# against the system's own, classes against declarations of what they use, all of it of API level 24.
-# sample.sh SOURCE WORK API-JAR
+# against the system's own, classes against declarations of what they use. The declarations, and the
+# classes of the Android platform for Linux, are compared with a list of what Android has.
+# sample.sh SOURCE WORK API-JAR PLATFORM-JAR
 set -euo pipefail
 source=$1
 work=$2
 api=$3
+platform=$4
+level=24
 declarations=$(cd "$(dirname "$0")/declarations" && pwd)
 framework=/usr/share/android-framework-res/framework-res.apk
 rm -rf "$work"
@@ -16,7 +19,7 @@ package() {
     mkdir -p "$work/$1"
     sed "s/<manifest /&package=\"$2\" /" "$source/android/$1/src/main/AndroidManifest.xml" \
         >"$work/$1/AndroidManifest.xml"
-    aapt package -f -M "$work/$1/AndroidManifest.xml" -I "$framework" --min-sdk-version 24 \
+    aapt package -f -M "$work/$1/AndroidManifest.xml" -I "$framework" --min-sdk-version $level \
         -F "$work/$1.apk" "${@:3}"
 }
 # compile FOLDER...
@@ -41,6 +44,11 @@ activity=$(aapt dump badging "$work/sample.apk" | sed -n "s/^launchable-activity
 
 find "$declarations" -name '*.java' >"$work/sources"
 javac --release 11 -d "$work/declared" "@$work/sources"
+check() { node "$source/tests/android/check_api.mjs" "$list" "$level" "$@"; }
+list=$("$source/scripts/android-types")
+check "$work/declared"
+unzip -q "$platform" '*.class' -d "$work/platform"
+check "$work/platform" isReleased
 compile "$main/java" "$work/java"
 [ -f "$work/classes/${activity//.//}.class" ] || {
     echo "FAILED: the manifest starts $activity, which is no class of the sample" >&2
