@@ -1,248 +1,57 @@
 #pragma once
 
 /// \file
-/// The renderer draws video into a GL texture of the application. The video comes as raw frames or
-/// as compressed access units.
-///
-/// C can call all functions except VEUpdateRendererWithSticker, which takes a C++ vector.
-///
-/// Here a *frame* is what the application hands over, and a *picture* is what is drawn. The
-/// *destination* is the texture that the renderer draws into.
+/// The renderer draws video into a GL texture of the application: the *destination*. A *frame* is
+/// what the application hands over, a *picture* is what is drawn. C can call all functions except
+/// VEUpdateRendererWithSticker.
 ///
 /// Lifecycle
 /// ---------
 ///
-///   1. Make an EGL context of OpenGL ES 3.0 or later current, and create a GL texture: the
-///      destination.
-///   2. VECreateRendererHandle: one renderer for each stream of a fixed size. The renderer copies
-///      what it needs from the creation record and keeps the name of the texture.
-///   3. For each displayed frame: VEUpdateRenderer or VEUpdateRendererWithSticker.
-///      At any time between frames: VEUpdateUserPosition.
-///      With compressed video, for each access unit: VEUpdateCompressedData.
+///   1. Make an EGL context of OpenGL ES 3.0 or later current. Create the destination.
+///   2. VECreateRendererHandle: one renderer for each stream of a fixed size.
+///      **Destroying a renderer can break other renderers on the same context.** For several
+///      renderers, or with framebuffers of your own, use VECreateRenderer and VECloseRenderer of
+///      render/VERendererExt.h instead. The functions below work with those renderers, too.
+///   3. For each displayed frame: VEUpdateRenderer or VEUpdateRendererWithSticker. Between frames,
+///      at any time: VEUpdateUserPosition. For each compressed access unit: VEUpdateCompressedData.
 ///   4. VEDestroyRenderer, once, with the same context current. The handle is then invalid.
-///
-/// The library never presents a picture: the result stays in the destination.
 ///
 /// Threads
 /// -------
 ///
 /// All calls for one handle come from one thread, with the GL context of that handle current.
 /// Handles on different contexts are independent and may be used on different threads. With raw
-/// frames, no call takes a lock or waits for another thread.
-///
-/// Creating a renderer of compressed video attaches the calling thread to the JVM. The thread stays
-/// attached. The renderer starts a decoder thread, which passes decoded pictures on.
-/// VEDestroyRenderer asks that thread to stop and does not wait until it has stopped. It waits at
-/// most 50 ms for a call of the decoder that is in progress. If that call takes longer, a line is
-/// logged, and the decoder thread deletes the decoder afterwards. Keep the library loaded for some
-/// milliseconds after VEDestroyRenderer, and until such a call has returned.
+/// frames, no update waits for another thread. Compressed video uses a thread for each renderer
+/// (see VECreateRendererHandleWithFormat and VEDestroyRenderer).
 ///
 /// Ownership
 /// ---------
 ///
-/// The application owns the textures, the creation record, the pixels and the sticker list. The
-/// library never deletes them and never writes to them, except that it draws into the destination.
-/// It reads pixels and stickers only during the call.
+/// The application owns textures, records, pixels and lists. The library reads records, pixels and
+/// lists only during the call, and writes only into the destination.
 ///
-/// VEDestroyRenderer deletes what the renderer created. Three things stay:
+/// VEDestroyRenderer deletes what the renderer created, except:
 ///
-///   - The pixel-unpack buffers stay until the context is destroyed: two for raw frames and,
-///     in output mode 1, two for masks. The library deletes *framebuffers* of the same names
-///     instead. Framebuffers of the application that have one of these names are deleted, too:
-///     create yours again afterwards.
-///   - The two shaders of the renderer's program stay until the context is destroyed.
-///   - With compressed video, a small format object of the decoder stays in memory.
+///     2 buffers            raw frames, from the update that creates their texture
+///     2 buffers            output mode VE_OUTPUT_MASKED, likewise
+///     1 buffer             if stickers were drawn while GL_ARRAY_BUFFER was still the buffer that
+///                          creation bound. To avoid this, bind 0 after creation
+///     2 shaders            from the first draw
+///     texture 0xFFFFFFFF   from the first draw, output mode VE_OUTPUT_PICTURE
+///     a decoder format     compressed video; stays in memory
 ///
-/// Results and failures
-/// --------------------
+/// The GL objects stay until the context is destroyed. VEDestroyRenderer deletes the *framebuffers*
+/// that have the names of the first four buffers, whoever created them. A renderer that loses its
+/// framebuffer draws nothing more: destroy it and create it again.
 ///
-/// A function returns 0 when it is done, even if there was nothing to do. It returns -1 for a bad
-/// argument: then it did nothing and logged nothing. GL errors are logged (Android log, priority
-/// INFO) and never returned. When memory runs out, std::bad_alloc leaves the function.
-///
-/// With compressed video, results of Java and of the decoder are not checked. Failures are logged
-/// at most. If there is no decoder for the type, the platform's functions get a null decoder, and
-/// crash if they do not check it. render/VERendererExt.h is the guarded way: it checks every result
-/// and returns the reason. A decoder that fails is asked for pictures once a millisecond.
-///
-/// Java exceptions stay pending: check for them after creation and after updates, before the next
-/// JNI call. Without a JVM, a renderer of compressed video is created and draws nothing.
-///
-/// Pixels
-/// ------
-///
-/// Frames and masks are rows of width pixels without padding, first row first, with 3 bytes a pixel
-/// (R, G, B) or 4 (R, G, B, A). There must be exactly width × height pixels: the library reads
-/// that many, whatever the size argument says.
-///
-/// The first row of a frame becomes the first row of the destination, which glReadPixels returns
-/// first and which GL samples at t = 0. A program that draws the destination with y upwards, as is
-/// usual in GL, shows that row at the bottom.
-///
-/// The unpack alignment is the application's. The default of 4 suits rows whose length is a
-/// multiple of 4 bytes: all RGBA frames, and RGB frames whose width is a multiple of 4. For other
-/// RGB frames or masks, call glPixelStorei(GL_UNPACK_ALIGNMENT, 1) before the update. Otherwise GL
-/// reads past the end of the block or refuses the upload.
-///
-/// Latency
+/// Results
 /// -------
 ///
-/// An uploaded frame reaches the source texture at the next call. With frames 1, 2, 3 …:
-///
-///     call                    1              2                    3         4
-///     output mode 0   given   1 (not used)   2                    3         4
-///                     drawn   nothing        undefined contents   2         3
-///     output mode 1   given   1 (not used)   2 (not used)         3         4
-///                     drawn   nothing        nothing              undefined 3
-///
-/// A call that draws nothing does not change the destination and does not allocate it. A call with
-/// null data completes the pending upload and draws it: to see a frame at once, call once with its
-/// pixels and once with null. The mask has the same latency as the frame.
-///
-/// With compressed video, each call draws the picture that the decoder delivered last. Before the
-/// first one, the contents are undefined. How many pictures the decoder holds back depends on the
-/// decoder and on the stream. If pictures come faster than they are drawn, only the newest is
-/// drawn. In output mode 1 the first call only creates the mask's texture and draws nothing, and
-/// the second draws with an undefined mask: a mask is drawn at the call after the one that got it.
-///
-/// Compressed video
-/// ----------------
-///
-/// Each call takes one access unit. For H.264 that is an access unit with start codes; the
-/// parameter sets come before the first key frame. For Motion-JPEG it is one JPEG image. Units come
-/// in decoding order and without time stamps. Pictures are shown in the order in which the decoder
-/// gives them out.
-///
-/// A unit must fit into an input buffer of the decoder: the library does not check that. The
-/// platform chooses the size. Android's decoders derive it from the width and height of the
-/// creation record. The decoder of platform/linux takes 1 MiB, or a raw frame of 3 bytes a pixel if
-/// that is more. A unit waits up to 2 ms for a free buffer and is dropped if there is none, so feed
-/// units at the pace of the video.
-///
-/// A picture whose size is not textureWidth × textureHeight is stretched to it. Its crop and
-/// rotation are ignored, so padding of the decoder shows at the right and the lower edge. Decoded
-/// pictures are sampled with linear filtering, raw frames with nearest filtering.
-///
-/// View
-/// ----
-///
-/// The picture lies on the square [-1, 1] × [-1, 1] in the plane z = 0. x points to the right, and
-/// y from the first row to the last. The camera stands on the z axis. Its vertical field of view is
-/// 47 degrees. Whatever the proportions of the output, the square fills its width and its height
-/// alike:
-///
-///                     zoom   0     1.4003    2       4       6       8
-///                 distance   3     2.2998    2       1       0      -1    = 3 - zoom / 2
-///     picture : output, s   0.767   1      1.150   2.300   (nothing) 2.300, from behind
-///
-/// s = 2.2998426 / |distance| is the size of the picture divided by the size of the output. A new
-/// renderer has zoom 2, which crops the picture by a factor of 1.15. At zoom 1.4003148 the picture
-/// just fills the output; at less, the clear color shows around it. At exactly 6 only the clear
-/// color is drawn. Above 6 the camera stands behind the picture, and left and right are swapped.
-///
-/// With the camera at x = view x, a point (px, py) of the square appears at the output pixel
-///
-///     X = width  / 2 × (1 + s × (px - x))
-///     Y = height / 2 × (1 + s × py)             counted from the first row
-///
-/// Mirroring
-/// ---------
-///
-/// colorMirror true draws the frame as it is. false swaps left and right of the picture, and of the
-/// image of each sticker. The positions of stickers and the mask stay as they are.
-///
-/// Mask
-/// ----
-///
-/// In output mode 1, each pixel of the mask decides about the pixel of the picture at the same
-/// place. Where red, green and blue of the mask are all 0, the result is the fixed color
-/// (169, 210, 216) with alpha 0. Elsewhere it is the color of the picture with the alpha of the
-/// mask, which is 255 for an RGB mask. The mask can have any size. It is stretched over the
-/// picture with nearest filtering. The result is not premultiplied.
-///
-/// Stickers
-/// --------
-///
-/// The sticker texture is drawn once for each (x, y) of the list, in the order of the list. A
-/// sticker replaces the pixels below it, alpha included: nothing is blended. (x, y) is the anchor
-/// of the sticker: a pixel of the output, counted from the first row and column. The sticker is
-/// drawn at a distance from its anchor:
-///
-///          first row of the output
-///        ┌───────────────────────────────┐      At s = 1, in parts of the output's size:
-///        │         ┌──────┐ ─┬─          │      The sticker is 5 % of the width wide and 10 %
-///        │         │last  │  │ 10 %      │      of the height high. It is centered on the
-///        │         │row   │  │           │      anchor's column and ends 10 % of the height
-///        │         │first │ ─┴─          │      before the anchor's row.
-///        │         └──────┘  │ 10 %      │      The first row of the sticker texture is drawn
-///        │            +     ─┴─          │      nearest to the anchor. To see an image upright
-///        │         (x, y)                │      above the anchor, upload its last row first.
-///        └───────────────────────────────┘
-///
-/// The view moves and scales stickers together with the picture. In the units of the square, with
-/// halfW = width / 2 and halfH = height / 2 rounded down, a sticker covers
-///
-///     px = (x - halfW) / halfW - 0.05 … + 0.05        py = (y - halfH) / halfH - 0.4 … - 0.2
-///
-/// The pair (-1, -1) skips its sticker. Every other pair is a position, even outside the picture.
-///
-/// GL state
-/// --------
-///
-/// The library needs a current context, and this state when it is called:
-///
-///     unpack alignment                      fits the rows (see Pixels); other GL_UNPACK_* are 0
-///     GL_PIXEL_UNPACK_BUFFER                0 at the first call that draws
-///     sampler objects                       none on texture units 0, 1 and 2
-///     color mask, rasterizer discard        all channels are written, nothing is discarded
-///     transform feedback                    not active
-///     clear color                           the background around the picture
-///     destination                           a name from glGenTextures, not immutable storage; the
-///                                           first draw allocates it and discards its contents
-///     sticker texture                       a complete GL_TEXTURE_2D; its filters are used
-///
-/// When VEUpdateRenderer and VEUpdateRendererWithSticker draw, they change this state:
-///
-///     saved and restored   GL_BLEND, blend function and equation; GL_SCISSOR_TEST, scissor box;
-///                          GL_DEPTH_TEST, depth function and mask; GL_CULL_FACE;
-///                          GL_ARRAY_BUFFER binding
-///     set to 0             vertex array, program, draw and read framebuffer;
-///                          GL_TEXTURE_2D on the unit that is active afterwards.
-///                          Except with compressed video in output mode 0:
-///                          GL_PIXEL_UNPACK_BUFFER (see below), and GL_TEXTURE_2D on the unit that
-///                          was active at the call
-///     changed              active unit: GL_TEXTURE1, or GL_TEXTURE2 with a sticker texture.
-///                          Unit 0: the renderer's source texture; with compressed video on
-///                          GL_TEXTURE_EXTERNAL_OES.
-///                          GL_TEXTURE_EXTERNAL_OES on the unit that was active at the call, with
-///                          compressed video: the renderer's source texture.
-///                          Unit 1, with a sticker texture: the mask texture, or the name
-///                          0xFFFFFFFF without a mask.
-///                          Viewport: (0, 0, width, height).
-///                          GL_STENCIL_TEST: disabled.
-///                          Error flags: read and cleared, earlier errors of the application, too.
-///                          Index buffer of the vertex array that was bound at the call: 0.
-///                          Attributes 0 to 8 of vertex array 0, if stickers are drawn: disabled
-///     first draw           sets the filters of the destination to GL_LINEAR_MIPMAP_LINEAR and
-///                          GL_LINEAR and its wrap modes to GL_CLAMP_TO_EDGE. The destination has
-///                          no mipmaps: to sample it, set another minification filter after this
-///                          draw
-///
-/// With raw frames, a call with null data that completes an upload leaves GL_PIXEL_UNPACK_BUFFER on
-/// a buffer of the renderer, unless the call also has mask data. Bind 0 before your own uploads.
-///
-/// The other calls:
-///
-///     creation             binds vertex array 0 with attributes 0 to 8 disabled, and a buffer of
-///                          the renderer to GL_ARRAY_BUFFER. With compressed video: sets
-///                          GL_TEXTURE_EXTERNAL_OES on the active unit to 0
-///     updates that only    set GL_TEXTURE_2D on the active unit and GL_PIXEL_UNPACK_BUFFER to 0.
-///     create textures      With compressed video: bind the renderer's source texture to
-///                          GL_TEXTURE_EXTERNAL_OES on the active unit
-///     user position and    make no GL call
-///     compressed data
-///     VEDestroyRenderer    deletes objects, which sets bindings to them to 0; see Ownership. If
-///                          the renderer never drew, GL_INVALID_VALUE is in the error flags
+/// A function returns 0 when it is done, even if there was nothing to do. It returns -1 for a bad
+/// argument and logs nothing then. GL errors are logged (Android log, priority INFO) and never
+/// returned. When memory runs out, std::bad_alloc leaves the function: destroy the renderer. The
+/// exception ends the process if it meets C code that is compiled without -fexceptions.
 
 #include <stdint.h>
 
@@ -261,8 +70,8 @@ extern "C" {
 
 /// Values of VERendererMode::outputMode. With any other value nothing is drawn.
 enum {
-    VE_OUTPUT_PICTURE = 0,  ///< The picture, in the view of a new renderer.
-    VE_OUTPUT_MASKED = 1,   ///< The picture, keyed by a mask that comes with every update.
+    VE_OUTPUT_PICTURE = 0,  ///< The picture, always in the view of a new renderer.
+    VE_OUTPUT_MASKED = 1,   ///< The picture in the view that is set, cut out by a mask.
 };
 
 /// Values of VERendererMode::modeType.
@@ -287,7 +96,10 @@ enum {
 };
 
 /// The kind of renderer to create. The library reads it during creation and does not keep it.
-/// Sizes are in pixels, greater than 0 and at most GL_MAX_TEXTURE_SIZE. They are not checked.
+///
+/// Sizes are in pixels, greater than 0 and at most GL_MAX_TEXTURE_SIZE. They are not checked. From
+/// 2^32 bytes on, for example with 32768 × 32768 RGBA pixels, the byte count wraps, and GL reads
+/// past the end of a block.
 typedef struct VERendererMode {
     int32_t outputMode;     ///< VE_OUTPUT_PICTURE or VE_OUTPUT_MASKED.
     int32_t modeType;       ///< VE_MODE_…
@@ -305,6 +117,15 @@ VE_EXPORT int VECreateRendererHandle(void** handle, int textureId, VERendererMod
 
 /// Creates a renderer.
 ///
+/// If GL lacks a function of OpenGL ES 3.0 or glBindVertexArrayOES, creation logs that and goes on.
+/// This call or a later one then crashes. VECheckSource of render/VERendererExt.h finds out before.
+///
+/// A renderer of compressed video attaches the calling thread to the JVM, where it stays attached,
+/// and starts a decoder thread. Results of Java and of the decoder are not checked: failures are
+/// logged at most. A Java exception stays pending: check for one after this call and after updates,
+/// before the next JNI call. If the platform has no decoder for the type, its functions get a null
+/// decoder, and crash if they do not check it. Without a JVM the renderer draws nothing.
+///
 /// \param handle    receives the renderer; not null. It does not change if no renderer is created:
 ///                  set it to null before the call and test it afterwards.
 /// \param textureId GL name of the destination, 0 or more.
@@ -315,22 +136,82 @@ VE_EXPORT int VECreateRendererHandle(void** handle, int textureId, VERendererMod
 VE_EXPORT int VECreateRendererHandleWithFormat(void** handle, int textureId, int format,
                                                VERendererMode* mode, void* javaVM);
 
-/// Draws one frame, without stickers.
+/// Draws one frame, without stickers. The result stays in the destination: the library never
+/// presents it.
 ///
-/// \param data        the pixels of the frame, or null to draw the frame that was given last
-///                    (see Latency). Ignored with compressed video.
+/// **Latency.** A raw frame is drawn by the call after the one that brings it. The first calls only
+/// create textures. Their frames and masks are never drawn:
+///
+///     call                         1         2                    3                    4
+///     VE_OUTPUT_PICTURE   given    not used  2                    3                    4
+///                         drawn    nothing   undefined contents   2                    3
+///     VE_OUTPUT_MASKED    given    not used  not used             3                    4
+///                         drawn    nothing   nothing              undefined contents   3
+///
+/// A call that draws nothing does not change the destination and does not allocate it. A call with
+/// null data draws the frame that was given last. So, from the first call whose frame is used, two
+/// calls show a frame at once: one with its pixels, one with null. Masks behave like frames.
+///
+/// With compressed video, each call draws the newest picture from the decoder. Before the decoder's
+/// first picture, undefined contents are drawn. With VE_OUTPUT_MASKED, the first call draws nothing
+/// and its mask is not used; every later mask is drawn one call late, the first draw has an
+/// undefined one.
+///
+/// **Pixels.** Frames and masks are rows of width pixels without padding, first row first, with 3
+/// bytes a pixel (R, G, B) or 4 (R, G, B, A). The library reads width × height pixels. The rows
+/// must fit the unpack alignment of GL, which is 4 unless the application changes it: for RGB rows
+/// whose width is not a multiple of 4, call glPixelStorei(GL_UNPACK_ALIGNMENT, 1) before. Otherwise
+/// GL reads past the end of the block or refuses the upload.
+///
+/// The first row of a frame becomes the first row of the destination, which glReadPixels returns
+/// first and which GL samples at t = 0. A program that draws the destination with y upwards, as is
+/// usual in GL, shows that row at the bottom. Raw frames are sampled with nearest filtering and
+/// decoded pictures with linear filtering.
+///
+/// **Mask.** With VE_OUTPUT_MASKED, the mask is stretched over the picture with nearest filtering.
+/// Where its red, green and blue are all 0, the result is the color (169, 210, 216) with alpha 0.
+/// Elsewhere it is the color of the picture with the alpha of the mask, which is 255 for an RGB
+/// mask. The result is not premultiplied.
+///
+/// \param data        the pixels of the frame, or null. Ignored with compressed video.
 /// \param size        ignored: the sizes of the creation record apply.
-/// \param colorMirror true draws the frame as it is, false swaps left and right.
-/// \param maskData    the pixels of the mask, or null. Ignored in output mode VE_OUTPUT_PICTURE.
+/// \param colorMirror true draws the frame as it is. false swaps left and right of the picture, and
+///                    of the image of each sticker; the mask and the positions of stickers stay.
+/// \param maskData    the pixels of the mask, or null. Ignored with VE_OUTPUT_PICTURE.
 /// \return -1 if \p handle is null, otherwise 0.
 VE_EXPORT int VEUpdateRenderer(void* handle, void* data, unsigned int size, bool colorMirror,
                                void* maskData);
 
 #ifdef __cplusplus
-/// Draws one frame and a sticker at each position of a list.
+/// Draws one frame and a sticker at each position of a list, in the order of the list.
+///
+/// A sticker replaces the pixels below it, alpha included: nothing is blended. A position (x, y) is
+/// the anchor of the sticker, a pixel of the output counted from the first row and column. The
+/// sticker is drawn above its anchor. In the view in which the picture just fills the output:
+///
+///          first row of the output
+///        ┌───────────────────────────────┐      width: 5 % of the output's width, centered on the
+///        │         ┌──────┐ ─┬─          │      anchor's column.
+///        │         │last  │  │ 10 %      │      height: 10 % of the output's height. The sticker
+///        │         │row   │  │           │      ends another 10 % before the anchor's row.
+///        │         │first │ ─┴─          │
+///        │         └──────┘  │ 10 %      │      The first row of the sticker texture is drawn
+///        │            +     ─┴─          │      nearest to the anchor. To see an image upright,
+///        │         (x, y)                │      upload its last row first.
+///        └───────────────────────────────┘
+///
+/// Every other view moves and scales stickers together with the picture. In the units of
+/// VEUpdateUserPosition, with halfW = width / 2 and halfH = height / 2 rounded down, a sticker
+/// covers
+///
+///     px = (x - halfW) / halfW - 0.05 … + 0.05        py = (y - halfH) / halfH - 0.4 … - 0.2
+///
+/// If the width or the height is 1, its half is 0 and the place is infinite or NaN: give no
+/// stickers.
 ///
 /// \param stickerTexture GL name of a GL_TEXTURE_2D, or a negative number for no stickers.
-/// \param stickers       positions (see Stickers). The library does not modify the list.
+/// \param stickers       positions, in or outside the picture. (-1, -1) skips its sticker. The
+///                       library does not modify the list.
 ///
 /// The other arguments and the result are those of VEUpdateRenderer.
 VE_EXPORT int VEUpdateRendererWithSticker(void* handle, void* data, unsigned int size,
@@ -338,28 +219,129 @@ VE_EXPORT int VEUpdateRendererWithSticker(void* handle, void* data, unsigned int
                                           std::vector<std::pair<int, int>>& stickers);
 #endif
 
-/// Hands a compressed access unit to the decoder (see Compressed video). Renderers of raw frames
-/// ignore it.
+/// Hands one access unit to the decoder. Renderers of raw frames ignore it.
+///
+/// For H.264 a unit has start codes, and the parameter sets come before the first key frame. For
+/// Motion-JPEG it is one JPEG image. Units come in decoding order and without time stamps; pictures
+/// are drawn in the order in which the decoder gives them out. Some decoders take several units
+/// before they give out the first picture. Of several new pictures an update draws the newest.
+///
+/// The call waits up to 2 ms for a free input buffer of the decoder. If there is none, the unit is
+/// dropped without a message: hand over units at the pace of the video. A unit that is larger than
+/// the buffer is written past its end. The platform chooses the size of the buffer: Android from
+/// the width and height of the creation record; platform/linux takes 1 MiB, or width × height × 3
+/// if that is more.
+///
+/// A picture of another size than textureWidth × textureHeight is stretched. Its crop and rotation
+/// are ignored: padding of the decoder shows at the right and the lower edge.
 ///
 /// \param data the unit. The decoder gets a copy. Null does nothing.
-/// \param size in bytes, at most that of an input buffer of the decoder. 0 or less does nothing.
+/// \param size in bytes. 0 or less does nothing.
 /// \return -1 if \p handle is null, otherwise 0, even if the unit was dropped.
 VE_EXPORT int VEUpdateCompressedData(void* handle, void* data, int size);
 
-/// Sets the view (see View) for the draws that follow. Has an effect only in output mode
-/// VE_OUTPUT_MASKED.
+/// Moves the camera for the draws that follow. Has an effect only with VE_OUTPUT_MASKED.
 ///
-/// \param a x of the camera, in halves of the picture's width. At more than 0 the picture moves to
-///          the left.
-/// \param b ignored: the view does not move up or down.
-/// \param c zoom. A new renderer has zoom 2.
+/// The picture is the square [-1, 1] × [-1, 1] in the plane z = 0. x points to the right and y from
+/// the first row to the last. The camera stands at (a, 0, 3 - c / 2) and looks straight at this
+/// plane. s is the size of the picture divided by the size of the output, in both directions:
+///
+///     zoom c            0       1.4003   2       4       5.8 … 6.2   8
+///     distance d        3       2.2998   2       1                   -1   = 3 - c / 2
+///     s                 0.767   1        1.150   2.300   nothing     2.300, from behind
+///                                                                    = 2.2998426 / |d|
+///
+/// At zoom 1.4003148 the picture just fills the output. At less, the clear color shows around it.
+/// The picture is visible at distances from 0.1 to 100. Only the clear color is drawn at zooms from
+/// 5.8 to 6.2, below -194 and above 206. A point (px, py) of the square appears at the output pixel
+///
+///     X = width  / 2 × (1 + s × (px - a))       with zooms below 5.8
+///     X = width  / 2 × (1 - s × (px - a))       with zooms above 6.2: left and right are swapped
+///     Y = height / 2 × (1 + s × py)             counted from the first row
+///
+/// \param a x of the camera, in halves of the picture's width. A positive value moves the picture
+///          to the left with zooms below 5.8, and to the right with zooms above 6.2.
+/// \param b ignored: the camera does not move up or down.
+/// \param c zoom. A new renderer has a = 0 and zoom 2.
 /// \param d ignored.
 /// \return -1 if \p handle is null, otherwise 0.
 VE_EXPORT int VEUpdateUserPosition(void* handle, float a, float b, float c, float d);
 
-/// Destroys a renderer. Null does nothing. The GL context of the renderer must be current.
+/// Destroys a renderer (see Ownership for what stays). Null does nothing. The GL context of the
+/// renderer must be current.
+///
+/// With compressed video, this asks the decoder thread to stop and does not wait for its end. A
+/// decoder call in progress is waited for, at most 50 ms. If it takes longer, a line is logged, and
+/// the decoder thread deletes the decoder after it. Keep the library loaded for some milliseconds,
+/// and until such a call has returned.
 VE_EXPORT void VEDestroyRenderer(void* handle);
 
 #ifdef __cplusplus
 }  // extern "C"
 #endif
+
+/// \page gl_state GL state
+///
+/// The calls need this state:
+///
+///     GL_PIXEL_UNPACK_BUFFER      0 at each update up to the first that draws. Otherwise the
+///                                 destination may stay black for the renderer's life. A renderer
+///                                 can leave its buffer bound (see below): bind 0 before the first
+///                                 updates of another one
+///     other unpack state          an alignment that fits the rows; row length, skipped rows and
+///                                 skipped pixels 0
+///     sampler objects             none on texture units 0, 1 and 2
+///     color mask                  all channels are written
+///     GL_RASTERIZER_DISCARD       disabled; no transform feedback is active
+///     clear color                 the background around the picture
+///     destination                 a name from glGenTextures, not immutable storage. The first draw
+///                                 allocates it, discards its contents, and sets its wrap modes to
+///                                 GL_CLAMP_TO_EDGE and its filters to GL_LINEAR_MIPMAP_LINEAR and
+///                                 GL_LINEAR. It has no mipmaps: to sample it, set another
+///                                 minification filter after that
+///     sticker texture             a complete GL_TEXTURE_2D; its filters are used
+///
+/// The calls change this state. A test compares the table with GL. Rows apply in their order.
+///
+///     call: creation, prepare (an update that only creates textures), draw (one that draws)
+///     if:   raw, compressed, masked: the kind of renderer; stickers: with a sticker texture
+///           frame, mask: with pixels; pending-frame, pending-mask: null completes an upload
+///     own:  an object of the renderer
+///
+///     call      if             state                                             is then
+///     -----------------------------------------------------------------------------------------
+///     creation                 GL_VERTEX_ARRAY_BINDING                           0
+///     creation                 GL_VERTEX_ATTRIB_ARRAY_ENABLED 0-8, array 0       0
+///     creation                 GL_ARRAY_BUFFER_BINDING                           own
+///     creation  compressed     GL_TEXTURE_BINDING_EXTERNAL_OES, active unit      0
+///     prepare                  GL_TEXTURE_BINDING_2D, active unit                0
+///     prepare   compressed     GL_TEXTURE_BINDING_EXTERNAL_OES, active unit      own
+///     draw                     GL_CURRENT_PROGRAM                                0
+///     draw                     GL_ELEMENT_ARRAY_BUFFER_BINDING, bound array      0
+///     draw                     GL_VERTEX_ARRAY_BINDING                           0
+///     draw      stickers       GL_VERTEX_ATTRIB_ARRAY_ENABLED 0-8, array 0       0
+///     draw                     GL_DRAW_FRAMEBUFFER_BINDING                       0
+///     draw                     GL_READ_FRAMEBUFFER_BINDING                       0
+///     draw                     GL_VIEWPORT                                       0 0 width height
+///     draw                     GL_STENCIL_TEST                                   0
+///     draw                     blending, draw buffers 1 and up                   as buffer 0
+///     draw      raw            GL_TEXTURE_BINDING_2D, active unit                0
+///     draw      masked         GL_TEXTURE_BINDING_2D, active unit                0
+///     draw      compressed     GL_TEXTURE_BINDING_EXTERNAL_OES, active unit      own
+///     draw      raw            GL_TEXTURE_BINDING_2D, unit 0                     own
+///     draw      compressed     GL_TEXTURE_BINDING_EXTERNAL_OES, unit 0           own
+///     draw                     GL_TEXTURE_BINDING_2D, unit 1                     0
+///     draw                     GL_ACTIVE_TEXTURE                                 GL_TEXTURE1
+///     draw      stickers       GL_TEXTURE_BINDING_2D, unit 1                     0xFFFFFFFF
+///     draw      masked stickers  GL_TEXTURE_BINDING_2D, unit 1                   own
+///     draw      stickers       GL_TEXTURE_BINDING_2D, unit 2                     0
+///     draw      stickers       GL_ACTIVE_TEXTURE                                 GL_TEXTURE2
+///     draw      pending-frame  GL_PIXEL_UNPACK_BUFFER_BINDING                    own
+///     draw      raw frame      GL_PIXEL_UNPACK_BUFFER_BINDING                    0
+///     draw      pending-mask   GL_PIXEL_UNPACK_BUFFER_BINDING                    own
+///     draw      masked mask    GL_PIXEL_UNPACK_BUFFER_BINDING                    0
+///
+/// "Active unit" and "bound array" are those at the call. A draw also reads and clears the error
+/// flags, and an active query counts what it draws. VEDestroyRenderer deletes objects, which sets
+/// bindings to them to 0; if the renderer never drew, GL_INVALID_VALUE is then in the error flags.
+/// VEUpdateUserPosition and VEUpdateCompressedData make no GL call.

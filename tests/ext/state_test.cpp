@@ -6,6 +6,7 @@
 #include "ext/ExtRenderer.h"
 #include "gl/GLES3.h"
 #include "support/GlSnapshot.h"
+#include "support/HostileState.h"
 
 namespace {
 

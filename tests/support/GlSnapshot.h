@@ -1,59 +1,34 @@
 #pragma once
 
-#include <GLES3/gl3.h>
+#include <GLES3/gl32.h>
 
 #include <map>
 #include <set>
 #include <string>
 #include <vector>
 
-/// Names of state, such as "GL_BLEND", or "GL_TEXTURE_BINDING_2D 5" for that of texture unit 5.
+/// Names of state, such as "GL_BLEND", or "GL_TEXTURE_BINDING_2D, unit 5" for texture unit 5.
 using StateNames = std::set<std::string>;
+using StateValues = std::map<std::string, std::vector<GLint>>;
 
-/// The state of the current context, as far as drawing could change it.
+/// The state of the current context, as far as drawing could change it. Needs OpenGL ES 3.2.
 class GlSnapshot {
 public:
+    /// Of vertex arrays, includes array 0 and the one that is bound now.
     GlSnapshot();
+    explicit GlSnapshot(GLuint vertexArray);
 
+    /// The state now, with the same vertex arrays as this one.
+    GlSnapshot again() const { return GlSnapshot(vertexArray_); }
     StateNames ChangedSince(const GlSnapshot& earlier) const;
 
-private:
-    void ReadUnits();
-
-    std::map<std::string, std::vector<GLint>> values_;
-};
-
-/// State that would ruin every picture that it reached. Its objects live as long as the context.
-class HostileState {
-public:
-    HostileState();
-
-    /// Unit 5 is the active one.
-    void Set() const;
-    /// As \ref Set, with state that would ruin every upload that it reached.
-    void SetUnpacking() const;
-
-    GLuint Texture() const { return texture_; }
+    const StateValues& values() const { return values_; }
 
 private:
-    GLuint texture_ = 0;
-    GLuint buffer_ = 0;
-    GLuint framebuffer_ = 0;
-    GLuint vertexArray_ = 0;
-    GLuint program_ = 0;
+    void readUnits();
+    void readBlending();
+    void readVertexArray(GLuint array);
+
+    GLuint vertexArray_;
+    StateValues values_;
 };
-
-/// What \p call changes of the current state. It must not leave a GL error.
-template <typename Function>
-StateNames ChangedBy(Function call) {
-    const GlSnapshot before;
-    call();
-    StateNames changed = GlSnapshot().ChangedSince(before);
-    if (glGetError() != GL_NO_ERROR) {
-        changed.insert("glGetError");
-    }
-    return changed;
-}
-
-/// What every draw changes of the hostile state, and \p more.
-StateNames ChangedByDraw(StateNames more);
