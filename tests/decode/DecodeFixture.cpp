@@ -71,7 +71,7 @@ int DecodeTest::ExpectAsDecoded(const std::string& path, double startSeconds) {
     int count = 0;
     while (const AVFrame* frame = reference.Next()) {
         EXPECT_TRUE(player->Next()) << "frame " << count;
-        player->Draw({});
+        player->Draw(kCropped);
         EXPECT_GE(model.Psnr(*frame, player->GetRenderer().ReadBack()), kGood) << "frame " << count;
         ++count;
         if (HasFailure()) {

@@ -10,6 +10,9 @@
 #include "offscreen/OffscreenContext.h"
 #include "vornplay/CompressedSource.h"
 
+/// Enlarges the picture, so that its pixels are mixed.
+inline const Shot kCropped = {{0.0F, 0.0F, 2.0F}, false, false, {}};
+
 /// The process's JVM, which checks every JNI call.
 JavaVM* Jvm();
 

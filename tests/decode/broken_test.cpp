@@ -35,7 +35,7 @@ protected:
         std::vector<Image> drawn;
         const auto player = Open(Path("broken.mkv"));
         while (player->Next()) {
-            player->Draw({});
+            player->Draw(kCropped);
             drawn.push_back(player->GetRenderer().ReadBack());
         }
         EXPECT_LE(drawn.size(), static_cast<size_t>(kCount));
@@ -79,7 +79,7 @@ std::pair<std::string, int> PlayToError(
     int frames = 0;
     try {
         for (const auto player = open(); player->Next(); ++frames) {
-            player->Draw({});
+            player->Draw(kCropped);
         }
     } catch (const ToolError& error) {
         const std::string message = error.what();

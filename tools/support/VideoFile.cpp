@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 #include <utility>
 
 #include "support/ToolError.h"
@@ -102,10 +103,11 @@ int64_t VideoFile::ExpectedFrames() const {
 }
 
 bool VideoFile::IsBeforeStart(int64_t time) const {
-    if (startSeconds_ <= 0.0 || time == AV_NOPTS_VALUE) {
-        return false;
-    }
-    return SecondsOf(time) < startSeconds_ - kTimeTolerance;
+    return time != AV_NOPTS_VALUE && IsBeforeStart(SecondsOf(time));
+}
+
+bool VideoFile::IsBeforeStart(double seconds) const {
+    return startSeconds_ > 0.0 && seconds < startSeconds_ - kTimeTolerance;
 }
 
 AVPacket* VideoFile::Next() {
@@ -148,13 +150,20 @@ int64_t VideoFile::MissingFrames() const {
     return counted ? stream_->nb_frames - packets_ : MissingTime();
 }
 
+/// Samples that the index of an mp4 has and the file has not.
+int64_t VideoFile::UnreadSamples() const {
+    const bool indexed = std::string_view(input_->iformat->name).find("mp4") != std::string::npos;
+    const int samples = avformat_index_get_entries_count(stream_);
+    return indexed && startSeconds_ <= 0.0 ? std::max<int64_t>(0, samples - packets_) : 0;
+}
+
 /// Counts what is missing if the file breaks off.
 void VideoFile::End(int readResult) {
     // A file may leave out packets while the picture stands still, but not for long.
     const bool endsEarly = static_cast<double>(MissingTime()) > av_q2d(FrameRate());
     if (readResult != AVERROR_EOF) {
         missing_ = std::max<int64_t>(1, MissingFrames());
-    } else if (lastIsCorrupt_ || endsEarly) {
-        missing_ = MissingFrames();
+    } else {
+        missing_ = lastIsCorrupt_ || endsEarly ? MissingFrames() : UnreadSamples();
     }
 }

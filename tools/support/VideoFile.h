@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "support/FrameTimes.h"
 #include "support/Libav.h"
 
 /// The packets of the video in a file, of a single picture or of a numbered sequence of pictures.
@@ -36,8 +37,12 @@ public:
     /// Frames that are missing because the file breaks off; known after the last packet.
     int64_t Missing() const { return missing_; }
 
+    /// For the frames of this file, before the first packet was read.
+    FrameTimes Times() const { return {*stream_, FrameRate(), FirstTick()}; }
+
     /// Whether a time, in the stream's units, lies before the start. Not if it is unknown.
     bool IsBeforeStart(int64_t time) const;
+    bool IsBeforeStart(double seconds) const;
     /// A time in the stream's units, in seconds from the beginning of the file.
     double SecondsOf(int64_t time) const;
     /// The start, in the stream's units.
@@ -54,6 +59,7 @@ private:
     void End(int readResult);
     int64_t MissingFrames() const;
     int64_t MissingTime() const;
+    int64_t UnreadSamples() const;
     int64_t FirstTick() const;
 
     std::string path_;

@@ -5,11 +5,16 @@
 
 #include "support/ToolError.h"
 
-int64_t TimeOf(const AVFrame& frame) {
+namespace {
+
+/// The decoder guesses the stamp if the file does not say.
+int64_t StampOf(const AVFrame& frame) {
     return frame.pts != AV_NOPTS_VALUE ? frame.pts : frame.best_effort_timestamp;
 }
 
-VideoReader::VideoReader(VideoFile file) : file_(std::move(file)) {
+}  // namespace
+
+VideoReader::VideoReader(VideoFile file) : file_(std::move(file)), times_(file_.Times()) {
     OpenDecoder();
 }
 
@@ -53,8 +58,8 @@ const AVFrame& VideoReader::First() {
 
 const AVFrame* VideoReader::Next() {
     while (Decode()) {
-        // Time stamps need not be in order: after the first frame shown, none is left out.
-        if (!started_ && file_.IsBeforeStart(TimeOf(*frame_))) {
+        frame_->pts = times_.Receive(StampOf(*frame_));
+        if (!started_ && file_.IsBeforeStart(times_.Clock().Seconds(frame_->pts))) {
             failed_ = 0;
             continue;
         }
@@ -101,6 +106,7 @@ void VideoReader::Feed() {
         return;
     }
     owed_->Send(*packet);
+    times_.Send(*packet);
     // libavcodec passes it from the packet to its frame.
     decoder_->reordered_opaque = (packet->flags & AV_PKT_FLAG_CORRUPT) != 0 ? 1 : 0;
     if (avcodec_send_packet(decoder_.get(), packet) < 0) {

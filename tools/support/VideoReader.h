@@ -6,10 +6,6 @@
 #include "support/OwedFrames.h"
 #include "support/VideoFile.h"
 
-/// When a frame is shown, in its stream's units, or AV_NOPTS_VALUE. The decoder guesses it if the
-/// file does not say.
-int64_t TimeOf(const AVFrame& frame);
-
 /// Decodes the pictures of a video, of a single picture or of a numbered sequence of pictures, in
 /// the order in which they are shown.
 class VideoReader {
@@ -21,13 +17,15 @@ public:
     /// \param file nothing was read from it yet
     explicit VideoReader(VideoFile file);
 
-    /// The next frame, valid until the next call; null at the end, or if the file breaks off.
+    /// The next frame, valid until the next call; null at the end, or if the file breaks off. Its
+    /// pts is its time in ticks of Times().Clock().
     const AVFrame* Next();
 
     /// As Next(), for the first frame. \throws ToolError if there is none
     const AVFrame& First();
 
     const VideoFile& File() const { return file_; }
+    const FrameTimes& Times() const { return times_; }
 
     /// Frames that should have been among those read so far and could not be decoded.
     int64_t Lost() const;
@@ -42,6 +40,7 @@ private:
     void Feed();
 
     VideoFile file_;
+    FrameTimes times_;
     LibavPtr<AVCodecContext> decoder_;
     LibavPtr<AVFrame> frame_{av_frame_alloc()};
     bool started_ = false;

@@ -19,6 +19,7 @@ public:
     int64_t Lost() const override { return feed_.Lost(); }
     const char* Name() const override { return "decode"; }
     const VideoFile& File() const override { return file_; }
+    const FrameTimes& Times() const override { return feed_.Times(); }
     Renderer& GetRenderer() override { return renderer_; }
     const Renderer& GetRenderer() const override { return renderer_; }
 

@@ -3,7 +3,11 @@
 #include <algorithm>
 
 DecoderFeed::DecoderFeed(VideoFile& file, Renderer& renderer)
-    : file_(file), renderer_(renderer), decoder_(HostDecoder_acquire()), reader_(file) {
+    : file_(file),
+      renderer_(renderer),
+      decoder_(HostDecoder_acquire()),
+      reader_(file),
+      times_(file.Times()) {
     HostDecoder_setReorderDepth(decoder_.get(), file.Codec().video_delay);
     Read();
 }
@@ -11,11 +15,14 @@ DecoderFeed::DecoderFeed(VideoFile& file, Renderer& renderer)
 void DecoderFeed::Read() {
     next_ = reader_.Next();
     if (next_ != nullptr) {
-        const int64_t time = next_->pts != AV_NOPTS_VALUE ? next_->pts : next_->dts;
+        times_.Send(*next_);
+        const bool decodingOrder = file_.Codec().video_delay > 0;
+        const int64_t stamp =
+            next_->pts != AV_NOPTS_VALUE || decodingOrder ? next_->pts : next_->dts;
         // The container cuts such packets off; later frames may be predicted from theirs.
         const bool hidden = (next_->flags & AV_PKT_FLAG_DISCARD) != 0;
         units_.push_back(
-            {time, PtsUsOf(time), hidden, !hidden && !file_.IsBeforeStart(time), false});
+            {stamp, PtsUsOf(stamp), hidden, !hidden && !file_.IsBeforeStart(stamp), false});
     }
 }
 
@@ -112,8 +119,12 @@ bool DecoderFeed::NoteFrame() {
     Unit& unit = units_.at(index);
     unit.out = true;
     latest_ = std::max(latest_, index);
-    started_ = started_ || unit.wanted;
-    return started_ && !unit.hidden;
+    if (unit.hidden) {
+        return false;
+    }
+    time_ = times_.Receive(unit.stamp);
+    started_ = started_ || !file_.IsBeforeStart(times_.Clock().Seconds(time_));
+    return started_;
 }
 
 bool DecoderFeed::IsOverdue(size_t index) const {

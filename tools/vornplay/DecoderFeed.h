@@ -42,8 +42,9 @@ public:
     bool AwaitFrame();
     const HostFrames& Frames() const { return frames_; }
 
-    /// When the newest frame is shown, in the file's units, or AV_NOPTS_VALUE.
-    int64_t Time() const { return units_.at(NewestIndex()).time; }
+    /// When the frame that was noted last is shown, in ticks of Times().Clock().
+    int64_t Time() const { return time_; }
+    const FrameTimes& Times() const { return times_; }
     /// The presentation time by which the renderer knows the newest frame.
     int64_t PtsUs() const { return units_.at(NewestIndex()).ptsUs; }
     /// Notes that the newest frame came out. \return whether it should be shown
@@ -59,7 +60,7 @@ private:
         void operator()(HostDecoder* decoder) const { HostDecoder_release(decoder); }
     };
     struct Unit {
-        int64_t time;
+        int64_t stamp;  ///< In the file's units, or AV_NOPTS_VALUE.
         int64_t ptsUs;
         bool hidden;  ///< The container cuts it off.
         bool wanted;  ///< Not hidden, and not from before the start.
@@ -77,6 +78,8 @@ private:
     Renderer& renderer_;
     std::unique_ptr<HostDecoder, ReleaseDecoder> decoder_;
     UnitReader reader_;
+    FrameTimes times_;
+    int64_t time_ = 0;
     AVPacket* next_ = nullptr;
     HostFrames frames_ = {0, 0, -1};
     std::vector<Unit> units_;     ///< All that were read.

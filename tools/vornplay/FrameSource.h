@@ -27,8 +27,10 @@ public:
     /// Draws the frame that was taken last; there must be one. \throws ToolError
     virtual void Draw(const Shot& shot) = 0;
 
-    /// When the frame that was taken last is shown, in seconds from the beginning of the file.
-    double Seconds() const { return seconds_; }
+    /// When the frame that was taken last is shown, from the beginning of the file, in seconds and
+    /// in ticks of Times().Clock().
+    double Seconds() const { return Times().Clock().Seconds(time_); }
+    int64_t Time() const { return time_; }
 
     /// Frames that should have been among those so far and could not be decoded.
     virtual int64_t Lost() const = 0;
@@ -46,12 +48,13 @@ public:
     /// As "path" in the player's JSON.
     virtual const char* Name() const = 0;
     virtual const VideoFile& File() const = 0;
+    virtual const FrameTimes& Times() const = 0;
     virtual Renderer& GetRenderer() = 0;
     virtual const Renderer& GetRenderer() const = 0;
 
 protected:
-    /// Notes that a frame was taken. \param time in the file's units, or AV_NOPTS_VALUE
-    void NoteTime(int64_t time);
+    /// Notes that a frame was taken. \param time in ticks of Times().Clock()
+    void NoteTime(int64_t time) { time_ = time; }
     /// Asks for the mask of the next frame.
     void AskForMask();
     /// The mask to hand over; null if the renderer has it already.
@@ -60,6 +63,5 @@ protected:
 private:
     MaskSource nextMask_;
     uint8_t* mask_ = nullptr;
-    int64_t count_ = 0;
-    double seconds_ = 0.0;
+    int64_t time_ = 0;
 };

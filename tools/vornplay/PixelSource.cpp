@@ -34,7 +34,7 @@ bool PixelSource::Next() {
     if (av_frame_ref(taken_.get(), frame) < 0) {
         throw ToolError(File().Path() + ": out of memory");
     }
-    NoteTime(TimeOf(*frame));
+    NoteTime(frame->pts);
     AskForMask();
     handedOver_ = false;
     return true;

@@ -16,6 +16,7 @@ public:
     int64_t Damaged() const override { return reader_.Damaged(); }
     const char* Name() const override { return "cpu"; }
     const VideoFile& File() const override { return reader_.File(); }
+    const FrameTimes& Times() const override { return reader_.Times(); }
     Renderer& GetRenderer() override { return renderer_; }
     const Renderer& GetRenderer() const override { return renderer_; }
 

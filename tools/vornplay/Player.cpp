@@ -15,7 +15,9 @@ std::optional<Output> Open(const Options& options, const Stage& stage) {
     if (options.out.empty()) {
         return std::nullopt;
     }
-    return OpenOutput({options.out, stage.FrameSize(), options.backdrop, stage.Source().File()});
+    const FrameSource& source = stage.Source();
+    return OpenOutput({options.out, stage.FrameSize(), options.backdrop, source.File(),
+                       source.Times().Clock(), source.Seconds()});
 }
 
 }  // namespace
@@ -25,7 +27,8 @@ Player::Player(const Options& options)
       stage_(options, VideoFile(options.input, options.startSeconds)),
       output_(Open(options, stage_)),
       limit_(output_.has_value() && output_->limit > 0 ? output_->limit : options.frames),
-      expected_(ExpectedFrames()) {
+      expected_(ExpectedFrames()),
+      begin_(stage_.Source().Time()) {
     if (options.viewTo.has_value() && expected_ == 0) {
         throw ToolError(options.input + ": its length is not known; --view-to needs --frames here");
     }
@@ -44,8 +47,15 @@ int Player::Play() {
     DrawAll();
     if (output_.has_value() && out_ > 0) {
         output_->sink->Finish(stopped_ || out_ == limit_);
+        Remark(output_->sink->Remark());
     }
     return Report();
+}
+
+void Player::Remark(const std::string& remark) const {
+    if (!remark.empty() && !options_.quiet) {
+        std::cerr << "vornplay: " << options_.out << ": " << remark << '\n';
+    }
 }
 
 void Player::ReportAudio() const {
@@ -74,14 +84,17 @@ void Player::DrawFrame() {
     SetShot();
     stage_.Draw();
     if (output_.has_value()) {
-        output_->sink->Write(stage_.ReadBack());
+        output_->sink->Write(stage_.ReadBack(), stage_.Source().Time() - begin_);
     }
     ++out_;
+    end_ = stage_.Source().Time() - begin_ + stage_.Source().Times().Clock().frame;
 }
 
 void Player::SetShot() {
     if (options_.script.has_value()) {
-        stage_.NextShot() = ShotAt(options_.script->keyframes, SecondsDrawn());
+        stage_.NextShot() =
+            ShotAt(options_.script->keyframes,
+                   stage_.Source().Times().Clock().Seconds(stage_.Source().Time() - begin_));
     } else if (options_.viewTo.has_value() && expected_ > 1) {
         const double progress = static_cast<double>(out_) / static_cast<double>(expected_ - 1);
         stage_.NextShot().view =
@@ -90,7 +103,7 @@ void Player::SetShot() {
 }
 
 double Player::SecondsDrawn() const {
-    return static_cast<double>(out_) / av_q2d(stage_.Source().File().FrameRate());
+    return stage_.Source().Times().Clock().Seconds(end_);
 }
 
 void Player::ReportStop() const {
@@ -108,6 +121,9 @@ void Player::ReportStop() const {
 int Player::Report() const {
     const FrameSource& source = stage_.Source();
     const std::optional<Mask>& mask = stage_.GetMask();
+    if (!options_.quiet) {
+        ReportRepaired(options_.input, source.Times().Repaired());
+    }
     const bool brokenInput = ReportBroken(options_.input, source.Lost(), source.Damaged());
     const bool brokenMask = mask.has_value() && ReportBroken(options_.mask, mask->Reader().Lost(),
                                                              mask->Reader().Damaged());
@@ -138,7 +154,9 @@ RunSummary Player::Summarize(int exitStatus) const {
     summary.drawn = out_;
     summary.shown = source.Shown(out_);
     summary.dropped = source.Dropped();
+    summary.repaired = source.Times().Repaired();
     summary.lost = source.Lost();
+    summary.seconds = SecondsDrawn();
     summary.damaged = source.Damaged();
     summary.elapsedSeconds =
         std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();

@@ -22,6 +22,7 @@ public:
 
 private:
     int64_t ExpectedFrames() const;
+    void Remark(const std::string& remark) const;
     void ReportAudio() const;
     void DrawAll();
     void DrawFrame();
@@ -38,6 +39,8 @@ private:
     std::optional<Output> output_;
     int64_t limit_;     ///< Frames to draw at most; 0 for all.
     int64_t expected_;  ///< Frames that will be drawn; 0 if not known.
+    int64_t begin_;     ///< The time of the first frame.
+    int64_t end_ = 0;   ///< How far the drawn frames reach, from there.
     int64_t out_ = 0;
     bool stopped_ = false;  ///< By the user, before the end.
 };

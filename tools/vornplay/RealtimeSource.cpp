@@ -12,8 +12,9 @@ RealtimeSource::RealtimeSource(VideoFile file, RendererSettings settings, MaskSo
 }
 
 bool RealtimeSource::Next() {
-    const double seconds = static_cast<double>(ticks_) / av_q2d(File().FrameRate());
-    if (ticks_++ == 0) {
+    const int64_t time = pictures_ * Times().Clock().frame;
+    const double seconds = Times().Clock().Seconds(time);
+    if (pictures_++ == 0) {
         FeedUntil(0.0);
         start_ = Clock::now();
     }
@@ -23,7 +24,7 @@ bool RealtimeSource::Next() {
     if (Feed().WaitForFrame(0) == HOST_ENDED) {
         return false;
     }
-    NoteTime(AV_NOPTS_VALUE);
+    NoteTime(time);
     AskForMask();
     return true;
 }

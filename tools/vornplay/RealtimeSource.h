@@ -29,6 +29,6 @@ private:
     void FeedUntil(double seconds);
 
     Clock::time_point start_;
-    int64_t ticks_ = 0;
+    int64_t pictures_ = 0;
     int64_t shown_ = 0;  ///< Pictures, those before the start included.
 };

@@ -43,6 +43,13 @@ bool ReportBroken(const std::string& path, int64_t lost, int64_t damaged) {
     return true;
 }
 
+void ReportRepaired(const std::string& path, int64_t frames) {
+    if (frames > 0) {
+        std::cerr << "vornplay: " << path << ": the time stamps of " << frames
+                  << " frames are missing or step back; they were repaired\n";
+    }
+}
+
 std::string ToJson(const RunSummary& summary) {
     Json json = Head(summary.input, summary.output, summary.exitStatus);
     json["path"] = summary.path;
@@ -54,9 +61,10 @@ std::string ToJson(const RunSummary& summary) {
     json["frames_drawn"] = summary.drawn;
     json["frames_shown"] = summary.shown;
     json["frames_dropped"] = summary.dropped;
+    json["times_repaired"] = summary.repaired;
     json["frames_lost"] = summary.lost;
     json["frames_damaged"] = summary.damaged;
-    json["seconds"] = static_cast<double>(summary.drawn) / av_q2d(summary.frameRate);
+    json["seconds"] = summary.seconds;
     json["elapsed_seconds"] = summary.elapsedSeconds;
     json["ms_per_draw"] = summary.millisecondsPerDraw;
     json["audio_copied"] = summary.audio.copied;

@@ -19,8 +19,10 @@ struct RunSummary {
     int64_t drawn = 0;
     int64_t shown = 0;
     int64_t dropped = 0;
+    int64_t repaired = 0;
     int64_t lost = 0;
     int64_t damaged = 0;
+    double seconds = 0.0;
     double elapsedSeconds = 0.0;
     double millisecondsPerDraw = 0.0;
     AudioReport audio;
@@ -28,6 +30,9 @@ struct RunSummary {
 
 /// Says on stderr what is broken in a file. \return whether something is
 bool ReportBroken(const std::string& path, int64_t lost, int64_t damaged);
+
+/// Says on stderr that time stamps were repaired, if some were.
+void ReportRepaired(const std::string& path, int64_t frames);
 
 /// As one line of JSON.
 std::string ToJson(const RunSummary& summary);

@@ -6,15 +6,12 @@
 
 namespace {
 
-/// When the first drawn frame is shown.
-double FirstFrameSeconds(const VideoFile& video) {
-    constexpr double kTimeTolerance = 0.001;
+/// When time 0 of the video is, in the stamps of the file.
+double Origin(const VideoFile& video) {
     const AVStream& stream = video.Stream();
-    const double first = stream.start_time == AV_NOPTS_VALUE
-                             ? 0.0
-                             : static_cast<double>(stream.start_time) * av_q2d(stream.time_base);
-    const double rate = av_q2d(video.FrameRate());
-    return first + std::ceil(std::max(0.0, video.StartSeconds() - kTimeTolerance) * rate) / rate;
+    return stream.start_time == AV_NOPTS_VALUE
+               ? 0.0
+               : static_cast<double>(stream.start_time) * av_q2d(stream.time_base);
 }
 
 /// What can be read a second time.
@@ -25,8 +22,8 @@ bool IsRegularFile(const std::string& path) {
 
 }  // namespace
 
-AudioCopy::AudioCopy(Muxer& muxer, const VideoFile& video)
-    : muxer_(muxer), origin_(FirstFrameSeconds(video)), trims_(video.StartSeconds() > 0.0) {
+AudioCopy::AudioCopy(Muxer& muxer, const VideoFile& video, double begin)
+    : muxer_(muxer), origin_(Origin(video) + begin), trims_(video.StartSeconds() > 0.0) {
     if (IsRegularFile(video.Path())) {
         Open(video);
     }
@@ -45,7 +42,21 @@ void AudioCopy::Open(const VideoFile& video) {
         input_.reset();
     } else if (trims_) {
         Seek(video);
+    } else {
+        BeginWithAudio();
     }
+}
+
+/// Players would skip what has a negative time.
+void AudioCopy::BeginWithAudio() {
+    for (unsigned i = 0; i < input_->nb_streams; ++i) {
+        const AVStream& stream = *input_->streams[i];
+        if (tracks_[i].output != nullptr && stream.start_time != AV_NOPTS_VALUE) {
+            const double begin = static_cast<double>(stream.start_time) * av_q2d(stream.time_base);
+            lead_ = std::max(lead_, origin_ - begin);
+        }
+    }
+    origin_ -= lead_;
 }
 
 void AudioCopy::AddTracks() {
@@ -93,14 +104,33 @@ bool AudioCopy::Read() {
     return waiting_;
 }
 
-/// Not where the times are unknown or go back, which no container takes.
-bool AudioCopy::IsWanted() const {
+bool AudioCopy::IsWanted() {
     const auto index = static_cast<size_t>(packet_->stream_index);
-    if (index >= tracks_.size() || tracks_[index].output == nullptr ||
-        packet_->dts == AV_NOPTS_VALUE || packet_->pts == AV_NOPTS_VALUE) {
+    if (index >= tracks_.size() || tracks_[index].output == nullptr) {
         return false;
     }
-    return packet_->dts > tracks_[index].last && !(trims_ && NextSeconds() < 0.0);
+    Repair(tracks_[index]);
+    return !trims_ || NextSeconds() >= 0.0;
+}
+
+/// Packets without a stamp, or with one that steps back, follow the packet before.
+void AudioCopy::Repair(Track& track) {
+    AVPacket& packet = *packet_;
+    const int64_t stamp = packet.dts != AV_NOPTS_VALUE ? packet.dts : packet.pts;
+    int64_t time = stamp != AV_NOPTS_VALUE ? stamp + track.offset : track.end;
+    const int64_t rounding = packet.duration / 2;
+    if (track.started && time < track.end - rounding) {
+        track.offset += track.end - time;
+        time = track.end;
+    }
+    if (track.started) {
+        time = std::max(time, track.last + 1);
+    }
+    packet.pts = time;  // Audio is heard in the order of decoding.
+    packet.dts = time;
+    track.started = true;
+    track.last = time;
+    track.end = time + packet.duration;
 }
 
 double AudioCopy::NextSeconds() const {
@@ -112,7 +142,6 @@ void AudioCopy::Copy() {
     Track& track = tracks_[static_cast<size_t>(packet_->stream_index)];
     const AVRational timeBase = input_->streams[packet_->stream_index]->time_base;
     const int64_t origin = std::llround(origin_ / av_q2d(timeBase));
-    track.last = packet_->dts;
     packet_->pts -= origin;
     packet_->dts -= origin;
     waiting_ = false;

@@ -13,6 +13,8 @@ struct OutputSettings {
     Size size;               ///< Of every frame.
     Backdrop backdrop;       ///< For files without alpha.
     const VideoFile& input;  ///< Gives the frame rate, the color tags and the audio.
+    FrameClock clock;        ///< In whose ticks frames come.
+    double begin;            ///< When the first frame is shown in the input, in seconds.
 };
 
 /// What becomes of the input's audio tracks, by the names of their codecs.
@@ -29,13 +31,18 @@ public:
     FrameSink(const FrameSink&) = delete;
     FrameSink& operator=(const FrameSink&) = delete;
 
-    /// \throws ToolError
-    virtual void Write(const Image& frame) = 0;
+    /// \param time when the frame is shown, in ticks since the first frame; later than the frame
+    ///        before. \throws ToolError
+    virtual void Write(const Image& frame, int64_t time) = 0;
 
     /// Completes the output; without it there is none.
     /// \param cutShort the input goes on after the last frame that was written
     /// \throws ToolError
     virtual void Finish(bool cutShort) { (void)cutShort; }
+
+    /// What the output could not keep of the input, in a line for the user; empty if nothing. Known
+    /// at the end.
+    virtual std::string Remark() const { return {}; }
 
     /// Empty for a writer that does not look at audio.
     virtual AudioReport Audio() const { return {}; }

@@ -21,13 +21,20 @@ VideoCoding Coding() {
     return {AV_CODEC_ID_GIF, nullptr, AV_PIX_FMT_PAL8, {}};
 }
 
+constexpr AVRational kUnit = {1, 100};
+
 /// \return the path
-const std::string& CheckRate(const std::string& path, AVRational frameRate) {
-    constexpr double kClock = 100.0;
-    if (av_q2d(frameRate) > kClock) {
-        throw ToolError(path + ": a gif shows at most 100 frames a second");
+const std::string& CheckRate(const OutputSettings& settings) {
+    if (av_compare_ts(settings.clock.frame, settings.clock.tick, 1, kUnit) < 0) {
+        throw ToolError(settings.path + ": a gif shows at most 100 frames a second");
     }
-    return path;
+    return settings.path;
+}
+
+FrameClock GifClock(FrameClock clock) {
+    clock.frame = av_rescale_q(clock.frame, clock.tick, kUnit);
+    clock.tick = kUnit;
+    return clock;
 }
 
 }  // namespace
@@ -36,18 +43,20 @@ void GifWriter::FreeGraph::operator()(AVFilterGraph* graph) const {
     avfilter_graph_free(&graph);
 }
 
-GifWriter::GifWriter(const std::string& path, Size size, AVRational frameRate)
-    : muxer_(CheckRate(path, frameRate), "gif"),
-      video_(muxer_, Coding(), size, frameRate, ColorTags()),
-      graph_(avfilter_graph_alloc()) {
-    OpenPalettes(size, frameRate);
+GifWriter::GifWriter(const OutputSettings& settings)
+    : muxer_(CheckRate(settings), "gif"),
+      video_(muxer_, Coding(), settings.size, settings.input.FrameRate(), GifClock(settings.clock),
+             ColorTags()),
+      graph_(avfilter_graph_alloc()),
+      clock_(settings.clock) {
+    OpenPalettes(settings.size);
     muxer_.Begin({{"loop", "0"}});
 }
 
-void GifWriter::OpenPalettes(Size size, AVRational frameRate) {
+void GifWriter::OpenPalettes(Size size) {
     std::ostringstream text;
     text << "buffer=width=" << size.width << ":height=" << size.height
-         << ":pix_fmt=rgba:time_base=" << frameRate.den << '/' << frameRate.num << "," << kPalettes
+         << ":pix_fmt=rgba:time_base=" << kUnit.num << '/' << kUnit.den << "," << kPalettes
          << ",buffersink";
     AVFilterInOut* inputs = nullptr;
     AVFilterInOut* outputs = nullptr;
@@ -65,7 +74,6 @@ void GifWriter::Fill(const Image& frame) {
     frame_->format = AV_PIX_FMT_RGBA;
     frame_->width = frame.size.width;
     frame_->height = frame.size.height;
-    frame_->pts = frames_++;
     muxer_.Check(av_frame_get_buffer(frame_.get(), 0));
     const size_t rowBytes = static_cast<size_t>(frame.size.width) * Image::kChannels;
     for (int y = 0; y < frame.size.height; ++y) {
@@ -74,8 +82,23 @@ void GifWriter::Fill(const Image& frame) {
     }
 }
 
-void GifWriter::Write(const Image& frame) {
+/// The nearest time of the format after that of the frame before.
+int64_t GifWriter::Place(int64_t time) {
+    const int64_t nearest = av_rescale_q(time, clock_.tick, kUnit);
+    last_ = std::max(nearest, last_ + 1);
+    moved_ += av_compare_ts(last_, kUnit, time, clock_.tick) != 0 ? 1 : 0;
+    return last_;
+}
+
+std::string GifWriter::Remark() const {
+    return moved_ == 0 ? ""
+                       : "the times of " + std::to_string(moved_) +
+                             " frames are rounded to hundredths of a second";
+}
+
+void GifWriter::Write(const Image& frame, int64_t time) {
     Fill(frame);
+    frame_->pts = Place(time);
     muxer_.Check(av_buffersrc_add_frame(source_, frame_.get()));
     Drain();
 }
@@ -84,7 +107,7 @@ void GifWriter::Write(const Image& frame) {
 void GifWriter::Drain() {
     int result = 0;
     while ((result = av_buffersink_get_frame(sink_, frame_.get())) >= 0) {
-        video_.Write(*frame_);
+        video_.Write(*frame_, frame_->pts);
         av_frame_unref(frame_.get());
     }
     if (result != AVERROR(EAGAIN) && result != AVERROR_EOF) {

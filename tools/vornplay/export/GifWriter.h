@@ -14,17 +14,19 @@ struct AVFilterGraph;
 class GifWriter : public FrameSink {
 public:
     /// \throws ToolError
-    GifWriter(const std::string& path, Size size, AVRational frameRate);
+    explicit GifWriter(const OutputSettings& settings);
 
-    void Write(const Image& frame) override;
+    void Write(const Image& frame, int64_t time) override;
     void Finish(bool cutShort) override;
+    std::string Remark() const override;
 
 private:
     struct FreeGraph {
         void operator()(AVFilterGraph* graph) const;
     };
 
-    void OpenPalettes(Size size, AVRational frameRate);
+    void OpenPalettes(Size size);
+    int64_t Place(int64_t time);
     void Fill(const Image& frame);
     void Drain();
 
@@ -34,5 +36,7 @@ private:
     AVFilterContext* source_ = nullptr;
     AVFilterContext* sink_ = nullptr;
     LibavPtr<AVFrame> frame_{av_frame_alloc()};
-    int64_t frames_ = 0;
+    FrameClock clock_;   ///< Of the frames that are written here.
+    int64_t last_ = -1;  ///< The time of the last one, in the format's units.
+    int64_t moved_ = 0;  ///< Frames that are not shown exactly when they should be.
 };

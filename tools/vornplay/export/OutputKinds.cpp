@@ -39,15 +39,15 @@ std::unique_ptr<FrameSink> Png(const OutputSettings& settings) {
 }
 
 std::unique_ptr<FrameSink> NumberedPng(const OutputSettings& settings) {
-    return std::make_unique<PngSequence>(settings.path);
+    return std::make_unique<PngSequence>(settings);
 }
 
 std::unique_ptr<FrameSink> Webp(const OutputSettings& settings) {
-    return std::make_unique<WebpWriter>(settings.path, settings.input.FrameRate());
+    return std::make_unique<WebpWriter>(settings.path, settings.clock);
 }
 
 std::unique_ptr<FrameSink> Gif(const OutputSettings& settings) {
-    return std::make_unique<GifWriter>(settings.path, settings.size, settings.input.FrameRate());
+    return std::make_unique<GifWriter>(settings);
 }
 
 }  // namespace

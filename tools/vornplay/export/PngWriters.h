@@ -11,7 +11,7 @@ class PngWriter : public FrameSink {
 public:
     explicit PngWriter(std::string path) : path_(std::move(path)) {}
 
-    void Write(const Image& frame) override;
+    void Write(const Image& frame, int64_t time) override;
 
 private:
     std::string path_;
@@ -21,11 +21,15 @@ private:
 class PngSequence : public FrameSink {
 public:
     /// \throws ToolError
-    explicit PngSequence(const std::string& pattern) : path_(pattern) {}
+    explicit PngSequence(const OutputSettings& settings)
+        : path_(settings.path), clock_(settings.clock) {}
 
-    void Write(const Image& frame) override;
+    void Write(const Image& frame, int64_t time) override;
+    std::string Remark() const override;
 
 private:
     NumberedPath path_;
+    FrameClock clock_;
+    bool varies_ = false;  ///< The frames do not come at a constant rate.
     int number_ = 0;
 };

@@ -28,14 +28,15 @@ void Tag(AVCodecContext& encoder, const ColorTags& tags) {
 }  // namespace
 
 VideoTrack::VideoTrack(Muxer& muxer, const VideoCoding& coding, Size size, AVRational frameRate,
-                       const ColorTags& tags)
-    : muxer_(muxer) {
+                       const FrameClock& clock, const ColorTags& tags)
+    : muxer_(muxer), clock_(clock) {
     const AVCodec& codec = FindEncoder(muxer, coding);
     encoder_.reset(avcodec_alloc_context3(&codec));
     encoder_->width = size.width;
     encoder_->height = size.height;
     encoder_->pix_fmt = coding.format;
-    encoder_->time_base = av_inv_q(frameRate);
+    encoder_->time_base = clock.tick;
+    encoder_->ticks_per_frame = static_cast<int>(clock.frame);
     encoder_->framerate = frameRate;
     encoder_->thread_count = 0;
     encoder_->flags |= muxer.HasGlobalHeader() ? AV_CODEC_FLAG_GLOBAL_HEADER : 0;
@@ -47,8 +48,9 @@ VideoTrack::VideoTrack(Muxer& muxer, const VideoCoding& coding, Size size, AVRat
     stream_ = &muxer_.AddEncoded(*encoder_);
 }
 
-void VideoTrack::Write(AVFrame& picture) {
-    picture.pts = pictures_++;
+void VideoTrack::Write(AVFrame& picture, int64_t time) {
+    picture.pts = time;
+    end_ = time + clock_.frame;
     Encode(&picture);
 }
 
@@ -60,7 +62,7 @@ void VideoTrack::Encode(const AVFrame* picture) {
             return;
         }
         muxer_.Check(result);
-        packet_->duration = 1;
+        packet_->duration = clock_.frame;
         muxer_.Write(*packet_, *stream_, encoder_->time_base);
     }
 }

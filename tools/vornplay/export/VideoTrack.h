@@ -4,6 +4,7 @@
 
 #include "Colors.h"
 #include "Muxer.h"
+#include "support/FrameTimes.h"
 
 /// How the pictures of a track are compressed.
 struct VideoCoding {
@@ -13,22 +14,22 @@ struct VideoCoding {
     LibavOptions options;  ///< The encoder ignores those that it does not know.
 };
 
-/// The video of a file, at a constant frame rate.
+/// The video of a file.
 class VideoTrack {
 public:
-    /// \throws ToolError
+    /// \param frameRate the usual one \param clock in whose ticks pictures come. \throws ToolError
     VideoTrack(Muxer& muxer, const VideoCoding& coding, Size size, AVRational frameRate,
-               const ColorTags& tags);
+               const FrameClock& clock, const ColorTags& tags);
 
     const AVCodecContext& Encoder() const { return *encoder_; }
 
-    /// Compresses the next picture. \throws ToolError
-    void Write(AVFrame& picture);
+    /// Compresses the next picture. \param time when it is shown. \throws ToolError
+    void Write(AVFrame& picture, int64_t time);
     /// Writes what the encoder still holds. \throws ToolError
     void Finish() { Encode(nullptr); }
 
     /// How long the pictures so far are shown.
-    double Seconds() const { return static_cast<double>(pictures_) * av_q2d(encoder_->time_base); }
+    double Seconds() const { return clock_.Seconds(end_); }
 
 private:
     void Encode(const AVFrame* picture);
@@ -37,5 +38,6 @@ private:
     LibavPtr<AVCodecContext> encoder_;
     LibavPtr<AVPacket> packet_{av_packet_alloc()};
     AVStream* stream_ = nullptr;
-    int64_t pictures_ = 0;
+    FrameClock clock_;
+    int64_t end_ = 0;  ///< Of the last picture.
 };

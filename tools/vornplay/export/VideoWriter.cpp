@@ -1,5 +1,6 @@
 #include "VideoWriter.h"
 
+#include <cmath>
 #include <filesystem>
 
 #include "support/ToolError.h"
@@ -25,9 +26,9 @@ const std::string& CheckSize(const VideoFormat& format, const OutputSettings& se
 VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settings)
     : backdrop_(settings.backdrop),
       muxer_(CheckSize(format, settings), format.container),
-      video_(muxer_, format.coding, settings.size, settings.input.FrameRate(),
+      video_(muxer_, format.coding, settings.size, settings.input.FrameRate(), settings.clock,
              TagsOf(settings.input.Codec(), settings.size, format.coding.format)),
-      audio_(muxer_, settings.input),
+      audio_(muxer_, settings.input, settings.begin),
       converter_(video_.Encoder(),
                  HasAlpha(format.coding.format) ? AV_PIX_FMT_RGBA : AV_PIX_FMT_RGB24) {
     picture_->format = format.coding.format;
@@ -38,6 +39,7 @@ VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settin
         rgb_.resize(static_cast<size_t>(settings.size.width) *
                     static_cast<size_t>(settings.size.height) * kRgbBytes);
     }
+    lead_ = std::llround(audio_.Lead() / av_q2d(settings.clock.tick));
     muxer_.Begin(format.muxing);
 }
 
@@ -49,10 +51,10 @@ const uint8_t* VideoWriter::Pixels(const Image& frame) {
     return rgb_.data();
 }
 
-void VideoWriter::Write(const Image& frame) {
+void VideoWriter::Write(const Image& frame, int64_t time) {
     muxer_.Check(av_frame_make_writable(picture_.get()));
     converter_.Convert(Pixels(frame), *picture_);
-    video_.Write(*picture_);
+    video_.Write(*picture_, time + lead_);
     audio_.CopyUntil(video_.Seconds());
 }
 

@@ -15,14 +15,14 @@ struct VideoFormat {
     bool even;  ///< Width and height must be even.
 };
 
-/// Writes video of a constant frame rate, with the audio and the color tags of the input. Frames
+/// Writes video with the audio and the color tags of the input. Frames
 /// are laid over the backdrop unless the coding has alpha.
 class VideoWriter : public FrameSink {
 public:
     /// \throws ToolError
     VideoWriter(const VideoFormat& format, const OutputSettings& settings);
 
-    void Write(const Image& frame) override;
+    void Write(const Image& frame, int64_t time) override;
     void Finish(bool cutShort) override;
     AudioReport Audio() const override { return audio_.Report(); }
 
@@ -33,6 +33,7 @@ private:
     Muxer muxer_;
     VideoTrack video_;
     AudioCopy audio_;
+    int64_t lead_ = 0;  ///< The time of the first frame, in ticks.
     ColorConverter converter_;
     LibavPtr<AVFrame> picture_{av_frame_alloc()};
     std::vector<uint8_t> rgb_;  ///< The frame over the backdrop; empty if alpha is kept.

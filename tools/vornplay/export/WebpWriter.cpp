@@ -56,35 +56,44 @@ void WebpWriter::DeleteAnimation::operator()(WebPMux* animation) const {
     WebPMuxDelete(animation);
 }
 
-WebpWriter::WebpWriter(const std::string& path, AVRational frameRate)
-    : path_(path), file_(path), frameRate_(frameRate), animation_(WebPMuxNew()) {
+WebpWriter::WebpWriter(const std::string& path, const FrameClock& clock)
+    : path_(path), file_(path), clock_(clock), animation_(WebPMuxNew()) {
     const WebPMuxAnimParams forever = {0, 0};
     WebPMuxSetAnimationParams(animation_.get(), &forever);
 }
 
-/// The frame's time on the format's clock.
-int WebpWriter::Milliseconds(int64_t frame) const {
-    return static_cast<int>(av_rescale_q(frame, av_inv_q(frameRate_), {1, 1000}));
+/// A time on the format's clock.
+int WebpWriter::Milliseconds(int64_t time) const {
+    return static_cast<int>(av_rescale_q(time, clock_.tick, {1, 1000}));
 }
 
-void WebpWriter::Write(const Image& frame) {
-    Memory memory;
-    if (!Compress(frame, memory)) {
-        throw ToolError(path_ + ": a frame of this size cannot be made a WebP");
-    }
+/// Adds the last frame. \param end when the next one begins
+void WebpWriter::Push(int64_t end) {
     WebPMuxFrameInfo info{};
     info.id = WEBP_CHUNK_ANMF;
-    info.bitstream = {memory.writer.mem, memory.writer.size};
-    info.duration = Milliseconds(frames_ + 1) - Milliseconds(frames_);
+    info.bitstream = {last_.data(), last_.size()};
+    info.duration = Milliseconds(end) - Milliseconds(begin_);
     info.dispose_method = WEBP_MUX_DISPOSE_NONE;
     info.blend_method = WEBP_MUX_NO_BLEND;  // The frame's alpha replaces what was there.
     if (WebPMuxPushFrame(animation_.get(), &info, 1) != WEBP_MUX_OK) {
         throw ToolError(path_ + ": libwebp does not take the frame");
     }
-    ++frames_;
+}
+
+void WebpWriter::Write(const Image& frame, int64_t time) {
+    if (!last_.empty()) {
+        Push(time);
+    }
+    Memory memory;
+    if (!Compress(frame, memory)) {
+        throw ToolError(path_ + ": a frame of this size cannot be made a WebP");
+    }
+    last_.assign(memory.writer.mem, memory.writer.mem + memory.writer.size);
+    begin_ = time;
 }
 
 void WebpWriter::Finish(bool /*cutShort*/) {
+    Push(begin_ + clock_.frame);
     WebPData data;
     WebPDataInit(&data);
     const WebPMuxError result = WebPMuxAssemble(animation_.get(), &data);

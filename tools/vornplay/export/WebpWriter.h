@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "FrameSink.h"
 #include "support/OutputFile.h"
@@ -12,9 +13,9 @@ struct WebPMux;
 class WebpWriter : public FrameSink {
 public:
     /// \throws ToolError
-    WebpWriter(const std::string& path, AVRational frameRate);
+    WebpWriter(const std::string& path, const FrameClock& clock);
 
-    void Write(const Image& frame) override;
+    void Write(const Image& frame, int64_t time) override;
     void Finish(bool cutShort) override;
 
 private:
@@ -22,11 +23,13 @@ private:
         void operator()(WebPMux* animation) const;
     };
 
-    int Milliseconds(int64_t frame) const;
+    int Milliseconds(int64_t time) const;
+    void Push(int64_t end);
 
     std::string path_;
     OutputFile file_;
-    AVRational frameRate_;
+    FrameClock clock_;
     std::unique_ptr<WebPMux, DeleteAnimation> animation_;
-    int64_t frames_ = 0;
+    std::vector<uint8_t> last_;  ///< The last frame, compressed; it ends when the next one comes.
+    int64_t begin_ = 0;          ///< When it begins.
 };

@@ -94,6 +94,9 @@ WindowPlayer::Clock::duration WindowPlayer::Refresh() {
 
 int WindowPlayer::Report() {
     const FrameSource& source = stage_.Source();
+    if (!options_.quiet) {
+        ReportRepaired(options_.input, source.Times().Repaired());
+    }
     const bool broken = ReportBroken(options_.input, source.Lost(), source.Damaged());
     if (!options_.quiet) {
         std::cerr << playback_.FramesShown() << " frames shown, " << playback_.Dropped()

@@ -1,0 +1,122 @@
+// Clips as people have them: what goes in, and what comes out, with ffprobe as the judge.
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <vector>
+
+#include "PlayerFixture.h"
+
+namespace {
+
+class ClipsTest : public PlayerTest {
+protected:
+    ClipsTest() { EXPECT_EQ(Run(AWKWARD_CLIPS, ".").status, 0); }
+
+    /// What ffprobe says, line by line.
+    std::vector<std::string> Probe(const std::string& file, const std::string& entries) const {
+        const std::string output = file + ".probe";
+        const RunResult result = Run("ffprobe", "-v error -of csv=p=0 -show_entries " + entries +
+                                                    " " + file + " > " + output);
+        EXPECT_EQ(result.status, 0) << file << result.errors;
+        std::ifstream text(Path(output));
+        std::vector<std::string> lines;
+        for (std::string line; std::getline(text, line);) {
+            if (!line.empty() && line != ",") {
+                lines.push_back(line);
+            }
+        }
+        return lines;
+    }
+
+    /// When the frames of a track ("v") or the sounds of one ("a") are, in seconds, in order.
+    std::vector<double> Times(const std::string& file, const std::string& track) const {
+        std::vector<double> times;
+        for (const std::string& line :
+             Probe(file, "packet=pts_time,flags -select_streams " + track)) {
+            if (line.find('D') == std::string::npos) {  // Not cut off by the container.
+                times.push_back(std::strtod(line.c_str(), nullptr));
+            }
+        }
+        std::sort(times.begin(), times.end());
+        return times;
+    }
+};
+
+std::vector<double> FromZero(std::vector<double> times) {
+    const double first = times.empty() ? 0.0 : times.front();
+    for (double& time : times) {
+        time -= first;
+    }
+    return times;
+}
+
+std::vector<double> Even(int count) {
+    std::vector<double> times;
+    for (int i = 0; i < count; ++i) {
+        times.push_back(i * 0.04);
+    }
+    return times;
+}
+
+void ExpectNear(const std::vector<double>& found, const std::vector<double>& expected,
+                double tolerance, const std::string& where) {
+    ASSERT_EQ(found.size(), expected.size()) << where;
+    for (size_t i = 0; i < found.size(); ++i) {
+        EXPECT_NEAR(found[i], expected[i], tolerance) << where << ", frame " << i;
+    }
+}
+
+}  // namespace
+
+TEST_F(ClipsTest, EveryFrameKeepsItsTime) {
+    struct Row {
+        std::string clip;
+        std::vector<double> times;
+        std::string warning;
+    };
+    const std::string repaired = " frames are missing or step back; they were repaired";
+    for (const Row& row : {Row{"varying.mp4", FromZero(Times("varying.mp4", "v")), ""},
+                           Row{"edit-list.mp4", FromZero(Times("edit-list.mp4", "v")), ""},
+                           Row{"no-stamps.h264", Even(25), "the time stamps of 25" + repaired},
+                           Row{"steps-back.ts", Even(50), "the time stamps of 1" + repaired},
+                           Row{"decode-order.mp4", Even(25), repaired}}) {
+        const std::vector<std::string> outputs =
+            row.clip == "varying.mp4" ? std::vector<std::string>{"out.webm", "out.gif", "out.mkv"}
+                                      : std::vector<std::string>{"out.mp4"};
+        for (const std::string path : {"cpu", "decode"}) {
+            for (const std::string& out : outputs) {
+                const RunResult result = Play(row.clip + " --path " + path + " --out " + out);
+                const std::string where = row.clip + ", " + path + ", " + out;
+                EXPECT_EQ(result.status, 0) << where << result.errors;
+                EXPECT_EQ(result.errors.find("repaired") != std::string::npos,
+                          !row.warning.empty());
+                EXPECT_NE(result.errors.find(row.warning), std::string::npos) << result.errors;
+                ExpectNear(FromZero(Times(out, "v")), row.times, 0.0011, where);
+            }
+        }
+    }
+    EXPECT_NE(
+        Play("varying.mp4 --out out/%d.png").errors.find("which numbered pictures do not keep"),
+        std::string::npos);
+}
+
+TEST_F(ClipsTest, SoundKeepsItsPlaceAndLength) {
+    for (const std::string clip :
+         {"sound-first.mkv", "sound-first.mp4", "long-sound.mkv", "steps-back.ts"}) {
+        for (const std::string out : {"out.mp4", "out.mkv"}) {
+            PlayWell(clip + " --out " + out);
+            const std::vector<double> sound = Times(clip, "a");
+            const std::vector<double> copy = Times(out, "a");
+            // Matroska shows what mp4 cuts off: a first packet that only fills the decoder.
+            EXPECT_NEAR(static_cast<double>(copy.size()), static_cast<double>(sound.size()), 1.0)
+                << clip << out;
+            EXPECT_NEAR(Times(out, "v").front() - copy.back(),
+                        clip == "steps-back.ts" ? -1.99 : Times(clip, "v").front() - sound.back(),
+                        0.025)
+                << clip << out;
+        }
+    }
+}
