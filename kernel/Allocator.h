@@ -23,8 +23,9 @@ public:
     /// Releases a block of Alloc, AllocDebug or Realloc.
     virtual void Free(void* p) = 0;
 
-    /// \param align bytes; less than 4 counts as 4.
-    /// \return \p size bytes at a multiple of \p align, for FreeAligned; or null.
+    /// \param align bytes, not only powers of two; less than 4 counts as 4.
+    /// \return \p size bytes at a multiple of \p align, for FreeAligned. Null without memory;
+    ///         if \p align does not fit into 32 bits; if the sum does not fit into size_t.
     virtual void* AllocAligned(size_t size, size_t align);
     /// Releases a block of AllocAligned. Null is not accepted.
     virtual void FreeAligned(void* p);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <new>
@@ -13,7 +14,8 @@ namespace OVR {
 /// A growable array of plain elements in memory of the kernel's allocator.
 ///
 /// Elements are copied bytewise. None of their constructors and destructors runs: elements that
-/// Resize adds are uninitialized. Throws std::bad_alloc without memory.
+/// Resize adds are uninitialized. Throws std::bad_alloc without memory, and if a capacity does not
+/// fit into 32 bits; the array then stays as it was.
 template <typename T>
 struct Array {
     static_assert(std::is_trivially_copyable<T>::value, "elements are copied bytewise");
@@ -43,23 +45,27 @@ struct Array {
     /// To grow, it reserves a quarter more than \p size. Below half of the capacity it reserves
     /// just \p size.
     // Frozen: array growth
-    void Resize(uint32_t size) {
+    void Resize(uint64_t size) {
         if (size >= Capacity) {
-            Reserve(size + size / 4);
+            Reserve(std::max(size, size + size / 4));  // The sum wraps for sizes near 2^64.
         } else if (size < Size && size < Capacity / 2) {
             Reserve(size);
         }
-        Size = size;
+        Size = static_cast<uint32_t>(size);
     }
 
     /// Makes room for \p capacity elements, rounded up to a multiple of four; 0 frees the storage.
-    /// Size stays.
-    void Reserve(uint32_t capacity) {
+    /// Size stays, also above the new capacity: the elements from there on are lost, so set a
+    /// smaller Size before the next use.
+    void Reserve(uint64_t capacity) {
         if (capacity == 0) {
             Release();
             return;
         }
-        const uint32_t rounded = (capacity + 3) / 4 * 4;
+        if (capacity > kMaxCapacity) {
+            throw std::bad_alloc();
+        }
+        const auto rounded = static_cast<uint32_t>((capacity + 3) / 4 * 4);
         const size_t bytes = size_t{rounded} * sizeof(T);
         void* storage = Data == nullptr ? Allocator::pInstance->Alloc(bytes)
                                         : Allocator::pInstance->Realloc(Data, bytes);
@@ -71,6 +77,10 @@ struct Array {
     }
 
 private:
+    /// A multiple of four whose bytes fit into size_t.
+    static constexpr uint64_t kMaxCapacity =
+        std::min<uint64_t>(UINT32_MAX, SIZE_MAX / sizeof(T)) / 4 * 4;
+
     void Release() {
         if (Data != nullptr) {
             Allocator::pInstance->Free(Data);

@@ -1,6 +1,7 @@
 #include "kernel/GlGeometry.h"
 
 #include <cstring>
+#include <new>
 
 namespace OVR {
 namespace {
@@ -19,9 +20,22 @@ void PackVertexAttribs(Array<unsigned char>& packed, const VertexAttribs& attrib
     PackVertexAttribute(packed, attribs.jointWeights, VERTEX_ATTRIBUTE_JOINT_WEIGHTS, GL_FLOAT, 4);
 }
 
-/// Fills the bound GL_ARRAY_BUFFER. Updates are rare, so they are static, too.
-void UploadVertices(const VertexAttribs& attribs) {
+template <typename... T>
+uint64_t BytesOf(const Array<T>&... attribs) {
+    return (... + (uint64_t{attribs.Size} * sizeof(T)));
+}
+
+/// Room for all attributes: packing them between GL calls then cannot fail.
+Array<unsigned char> RoomFor(const VertexAttribs& a) {
+    const uint64_t bytes = BytesOf(a.position, a.normal, a.tangent, a.binormal, a.vertexColor,
+                                   a.texCoord, a.texCoord1, a.jointIndices, a.jointWeights);
     Array<unsigned char> packed;
+    packed.Reserve(bytes > 0 ? bytes + 1 : 0);  // Resize grows what is full.
+    return packed;
+}
+
+/// Fills the bound GL_ARRAY_BUFFER. Updates are rare, so they are static, too.
+void UploadVertices(const VertexAttribs& attribs, Array<unsigned char>& packed) {
     PackVertexAttribs(packed, attribs);
     GLES3::glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(packed.Size), packed.Data,
                         GL_STATIC_DRAW);
@@ -51,9 +65,8 @@ void PackVertexAttribute(Array<unsigned char>& packed, const Array<T>& attrib, i
         return;
     }
     const uintptr_t offset = packed.Size;
-    const auto bytes = static_cast<uint32_t>(attrib.Size * sizeof(T));
-    packed.Resize(packed.Size + bytes);
-    std::memcpy(packed.Data + offset, attrib.Data, bytes);
+    packed.Resize(packed.Size + BytesOf(attrib));
+    std::memcpy(packed.Data + offset, attrib.Data, packed.Size - offset);
     GLES3::glEnableVertexAttribArray(location);
     // GL takes the offset as a pointer.
     const auto* start = reinterpret_cast<const void*>(offset);
@@ -71,6 +84,10 @@ template OVR_EXPORT void PackVertexAttribute(Array<unsigned char>&, const Array<
                                              int, int);
 
 void GlGeometry::Create(const VertexAttribs& attribs, const Array<unsigned short>& indices) {
+    if (indices.Size > INT32_MAX) {
+        throw std::bad_alloc();
+    }
+    Array<unsigned char> packed = RoomFor(attribs);
     vertexCount = static_cast<int32_t>(attribs.position.Size);
     indexCount = static_cast<int32_t>(indices.Size);
 
@@ -80,7 +97,7 @@ void GlGeometry::Create(const VertexAttribs& attribs, const Array<unsigned short
 
     GLES3::glBindVertexArray(vertexArrayObject);
     GLES3::glBindBuffer(GL_ARRAY_BUFFER, vertexBuffer);
-    UploadVertices(attribs);
+    UploadVertices(attribs, packed);
     GLES3::glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, indexBuffer);
     UploadIndices(indices);
 
@@ -92,10 +109,11 @@ void GlGeometry::Create(const VertexAttribs& attribs, const Array<unsigned short
 }
 
 void GlGeometry::Update(const VertexAttribs& attribs, bool updateBounds) {
+    Array<unsigned char> packed = RoomFor(attribs);
     vertexCount = static_cast<int32_t>(attribs.position.Size);
     GLES3::glBindVertexArray(vertexArrayObject);
     GLES3::glBindBuffer(GL_ARRAY_BUFFER, vertexBuffer);
-    UploadVertices(attribs);
+    UploadVertices(attribs, packed);
     if (updateBounds) {
         ComputeBounds(localBounds, attribs.position);
     }

@@ -27,11 +27,14 @@ struct OVR_EXPORT GlGeometry {
 
     /// Creates the GL objects. Call Free first if the record has objects: Create forgets them.
     /// Afterwards vertex array 0 is bound with attributes 0 to 8 disabled, and the vertex buffer is
-    /// bound to GL_ARRAY_BUFFER. Throws std::bad_alloc without memory for the packed vertices.
+    /// bound to GL_ARRAY_BUFFER.
+    ///
+    /// Throws std::bad_alloc without memory for the packed vertices, if they take 4 GB or more, and
+    /// above 2^31 - 1 indices. The record then stays as it was, and no GL call was made.
     void Create(const VertexAttribs& attribs, const Array<unsigned short>& indices);
 
     /// Replaces the vertices; indices and primitive type stay. Afterwards the record's vertex array
-    /// and vertex buffer are bound. Throws std::bad_alloc as Create does.
+    /// and vertex buffer are bound. Throws std::bad_alloc for the vertices as Create does.
     void Update(const VertexAttribs& attribs, bool updateBounds);
 
     /// Draws all indices with the current program. Afterwards the record's vertex array is bound.

@@ -15,7 +15,6 @@ using StringUtils::Va;
 
 constexpr int kMinimumVersion = 300;
 constexpr int kExternalImageVersion = 100;
-constexpr GLsizei kInfoLogSize = 1024;
 constexpr int kNamedTextureUnits = 8;
 
 bool multiviewEnabled = false;
@@ -54,27 +53,13 @@ void BindAttributeLocations(GLuint program) {
     }
 }
 
-bool Link(GLuint program) {
-    GLES3::glLinkProgram(program);
-    GLint linked = GL_FALSE;
-    GLES3::glGetProgramiv(program, GL_LINK_STATUS, &linked);
-    if (linked == GL_FALSE) {
-        char infoLog[kInfoLogSize];  // Frozen: unused info logs
-        GLES3::glGetProgramInfoLog(program, kInfoLogSize, nullptr, infoLog);
-    }
-    return linked != GL_FALSE;
-}
-
 /// Compiles both stages and links them into \p out. On false, \p out holds what was made so far.
-bool CompileAndLink(GlProgram& out, const char* vertexDirectives, const char* vertexSrc,
-                    const char* fragmentDirectives, const char* fragmentSrc, int version) {
-    out.VertexShader =
-        CompileShader(GL_VERTEX_SHADER, vertexDirectives, vertexSrc, version, multiviewEnabled);
+bool CompileAndLink(GlProgram& out, const String& vertexText, const String& fragmentText) {
+    out.VertexShader = CompileShader(GL_VERTEX_SHADER, vertexText);
     if (out.VertexShader == 0) {
         return false;
     }
-    out.FragmentShader = CompileShader(GL_FRAGMENT_SHADER, fragmentDirectives, fragmentSrc, version,
-                                       multiviewEnabled);
+    out.FragmentShader = CompileShader(GL_FRAGMENT_SHADER, fragmentText);
     if (out.FragmentShader == 0) {
         return false;
     }
@@ -82,7 +67,9 @@ bool CompileAndLink(GlProgram& out, const char* vertexDirectives, const char* ve
     GLES3::glAttachShader(out.Program, out.VertexShader);
     GLES3::glAttachShader(out.Program, out.FragmentShader);
     BindAttributeLocations(out.Program);
-    return Link(out.Program);
+    GLES3::glLinkProgram(out.Program);
+    return Succeeded(out.Program, GL_LINK_STATUS, GLES3::glGetProgramiv,
+                     GLES3::glGetProgramInfoLog);
 }
 
 int32_t LookUp(const GlProgram& program, const char* name) {
@@ -179,10 +166,14 @@ GlProgram GlProgram::Build(const char* vertexDirectives, const char* vertexSrc,
                            const char* fragmentDirectives, const char* fragmentSrc,
                            const ovrProgramParm* parms, int numParms, int programVersion,
                            bool /*abortOnError*/, bool useMultiview) {
-    GlProgram program;
     const int version = ChooseVersion(programVersion, fragmentDirectives, fragmentSrc);
-    if (!CompileAndLink(program, vertexDirectives, vertexSrc, fragmentDirectives, fragmentSrc,
-                        version)) {
+    // Both texts before the first GL object: they may throw.
+    const String vertexText =
+        AssembleShader(GL_VERTEX_SHADER, vertexDirectives, vertexSrc, version, multiviewEnabled);
+    const String fragmentText = AssembleShader(GL_FRAGMENT_SHADER, fragmentDirectives, fragmentSrc,
+                                               version, multiviewEnabled);
+    GlProgram program;
+    if (!CompileAndLink(program, vertexText, fragmentText)) {
         Free(program);
         return {};
     }

@@ -38,7 +38,8 @@ struct ovrUniform {
 /// 0 to 7, and looks up the well-known uniforms below.
 ///
 /// A plain value; the caller calls Free once for all copies. Build leaves program 0 in use.
-/// Failures are returned and never logged.
+/// Failures are returned and never logged. Build throws std::bad_alloc without memory for the
+/// sources, before it makes a GL object.
 ///
 /// \thread the one with the GL context, after GLES3::LoadGLFunctions.
 struct OVR_EXPORT GlProgram {

@@ -36,15 +36,13 @@ void FillLine(VertexAttribs& attribs, size_t vertex, LinePlace place, float scal
 }
 
 void FillVertices(VertexAttribs& attribs, int extraLines, bool fullGrid) {
-    const int lines = 2 * extraLines + 1;
-    SizeVertices(attribs, static_cast<uint32_t>(lines) * kVerticesPerLine);
     std::fill(attribs.vertexColor.begin(), attribs.vertexColor.end(), kOpaqueWhite);
     if (extraLines == 0) {
         FillLine(attribs, 0, {0.0F, 0.5F}, 1.0F);
         return;
     }
     const float step = 1.0F / static_cast<float>(2 * extraLines);
-    for (int line = 0; line < lines; ++line) {
+    for (int line = 0; line <= 2 * extraLines; ++line) {
         const bool full = fullGrid || line == extraLines;
         FillLine(attribs, static_cast<size_t>(line) * kVerticesPerLine,
                  PlaceAt(static_cast<float>(line) * step), full ? 1.0F : kTickScale);
@@ -52,8 +50,7 @@ void FillVertices(VertexAttribs& attribs, int extraLines, bool fullGrid) {
 }
 
 // Frozen: 16-bit indices
-void FillIndices(Array<unsigned short>& indices, uint32_t lines) {
-    SizeOnce(indices, lines * kIndicesPerLine);
+void FillIndices(Array<unsigned short>& indices) {
     for (uint32_t slot = 0; slot < indices.Size; slot += kIndicesPerLine) {
         const auto first = static_cast<unsigned short>(slot);
         indices[slot] = first;
@@ -66,9 +63,11 @@ void FillIndices(Array<unsigned short>& indices, uint32_t lines) {
 }  // namespace
 
 GlGeometry BuildCalibrationLines(int extraLines, bool fullGrid) {
-    Mesh mesh;
+    // Also too large when extraLines is less than 0.
+    const uint64_t lines = 2 * static_cast<uint64_t>(extraLines) + 1;
+    Mesh mesh(lines * kVerticesPerLine, lines * kIndicesPerLine);
     FillVertices(mesh.attribs, extraLines, fullGrid);
-    FillIndices(mesh.indices, static_cast<uint32_t>(2 * extraLines + 1));
+    FillIndices(mesh.indices);
     return Upload(mesh);  // Frozen: primitive of the calibration lines
 }
 

@@ -28,9 +28,11 @@ namespace OVR {
 /// The caller sets `primitiveType` to GL_LINES before drawing.
 ///
 /// \param extraLines lines on each side of the middle, at least 0. Above 8,191 indices wrap
-///                   without notice.
+///                   without notice. A negative number counts as too many.
 /// \param fullGrid   false for ticks.
 /// \return a mesh of GL_TRIANGLES with position, texCoord and vertexColor; the caller frees it.
+/// \throws std::bad_alloc without memory, and for counts that do not fit into 32 bits. No GL call
+/// was made then.
 OVR_EXPORT GlGeometry BuildCalibrationLines(int extraLines, bool fullGrid);
 
 }  // namespace OVR

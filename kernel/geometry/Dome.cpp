@@ -33,13 +33,12 @@ void FillRow(VertexAttribs& attribs, uint32_t y, const Meridians& meridians, flo
 
 GlGeometry BuildDome(float latRads, float uScale, float vScale) {
     const Meridians meridians = MakeMeridians(kGrid, Longitude);
-    Mesh mesh;
-    SizeVertices(mesh.attribs, kGrid.VertexCount());
+    Mesh mesh(kGrid.VertexCount(), kGrid.IndexCount());
     for (uint32_t y = 0; y <= kGrid.vertical; ++y) {
         FillRow(mesh.attribs, y, meridians, latRads, uScale, vScale);
     }
     std::fill(mesh.attribs.vertexColor.begin(), mesh.attribs.vertexColor.end(), kOpaqueWhite);
-    FillCellsByColumn(mesh.indices, kGrid);
+    WriteCellsByColumn(mesh.indices.Data, kGrid);
     return Upload(mesh);
 }
 

@@ -23,6 +23,7 @@ namespace OVR {
 /// \param latRads        angle from the zenith to the rim, in radians.
 /// \param uScale, vScale how often the texture goes around and from the zenith to the rim.
 /// \return a mesh of GL_TRIANGLES with position, texCoord and vertexColor; the caller frees it.
+/// \throws std::bad_alloc without memory. No GL call was made then.
 OVR_EXPORT GlGeometry BuildDome(float latRads, float uScale, float vScale);
 
 }  // namespace OVR

@@ -47,13 +47,12 @@ void FillRow(VertexAttribs& attribs, uint32_t y, const Meridians& meridians, flo
 
 GlGeometry BuildGlobe(float uScale, float vScale, float radius) {
     const Meridians meridians = MakeMeridians(kGrid, Longitude);
-    Mesh mesh;
-    SizeVertices(mesh.attribs, kGrid.VertexCount());
+    Mesh mesh(kGrid.VertexCount(), kGrid.IndexCount());
     for (uint32_t y = 0; y <= kGrid.vertical; ++y) {
         FillRow(mesh.attribs, y, meridians, uScale, vScale, radius);
     }
     std::fill(mesh.attribs.vertexColor.begin(), mesh.attribs.vertexColor.end(), kOpaqueWhite);
-    FillCellsByColumn(mesh.indices, kGrid);
+    WriteCellsByColumn(mesh.indices.Data, kGrid);
     return Upload(mesh);
 }
 

@@ -25,6 +25,7 @@ namespace OVR {
 /// \param uScale, vScale how often the texture goes around and from pole to pole.
 /// \param radius         of the sphere, in the caller's units; any float is accepted.
 /// \return a mesh of GL_TRIANGLES with position, texCoord and vertexColor; the caller frees it.
+/// \throws std::bad_alloc without memory. No GL call was made then.
 OVR_EXPORT GlGeometry BuildGlobe(float uScale, float vScale, float radius);
 
 }  // namespace OVR

@@ -23,15 +23,14 @@ float CenteredFraction(uint32_t step) {
 GlGeometry BuildSpherePatch(float fov) {
     const Meridians meridians =
         MakeMeridians(kGrid, [fov](uint32_t x) { return CenteredFraction(x) * fov; });
-    Mesh mesh;
-    SizeVertices(mesh.attribs, kGrid.VertexCount());
+    Mesh mesh(kGrid.VertexCount(), kGrid.IndexCount());
     for (uint32_t y = 0; y <= kGrid.vertical; ++y) {
         FillPositionRow(mesh.attribs, meridians, y,
                         ParallelOfSphere(CenteredFraction(y) * fov, kRadius));
         FillTexCoordRow(mesh.attribs, kGrid, y, CenteredFraction, 0.5F - Fraction(y));
     }
     std::fill(mesh.attribs.vertexColor.begin(), mesh.attribs.vertexColor.end(), kOpaqueWhite);
-    FillCellsByColumn(mesh.indices, kGrid);
+    WriteCellsByColumn(mesh.indices.Data, kGrid);
     return Upload(mesh);
 }
 

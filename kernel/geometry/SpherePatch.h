@@ -25,6 +25,7 @@ namespace OVR {
 ///
 /// \param fov width and height of the patch, in radians.
 /// \return a mesh of GL_TRIANGLES with position, texCoord and vertexColor; the caller frees it.
+/// \throws std::bad_alloc without memory. No GL call was made then.
 OVR_EXPORT GlGeometry BuildSpherePatch(float fov);
 
 }  // namespace OVR

@@ -35,8 +35,7 @@ GlGeometry BuildTesselatedCylinder(float radius, float height, unsigned short ho
     const auto columnFraction = [rx](uint32_t x) { return static_cast<float>(x) * rx; };
     const Meridians meridians =
         MakeMeridians(grid, [&](uint32_t x) { return columnFraction(x) * kFullTurn; });
-    Mesh mesh;
-    SizeVertices(mesh.attribs, grid.VertexCount());
+    Mesh mesh(grid.VertexCount(), grid.IndexCount());
     for (uint32_t y = 0; y <= grid.vertical; ++y) {
         const float yf = static_cast<float>(y) * ry;
         FillPositions(mesh.attribs, meridians, y, radius, yf * (height + height) - height);
@@ -45,7 +44,7 @@ GlGeometry BuildTesselatedCylinder(float radius, float height, unsigned short ho
             (1.0F - yf) * vScale);
         FillColors(mesh.attribs, grid, y);
     }
-    FillCellsByRow(mesh.indices, grid);
+    WriteCellsByRow(mesh.indices.Data, grid);
     return Upload(mesh);
 }
 

@@ -26,7 +26,6 @@ void FillRow(VertexAttribs& attribs, const Grid& grid, uint32_t y, float yf) {
 }
 
 void FillVertices(VertexAttribs& attribs, const Grid& grid) {
-    SizeVertices(attribs, grid.VertexCount());
     const float ry = 1.0F / static_cast<float>(grid.vertical);
     for (uint32_t y = 0; y <= grid.vertical; ++y) {
         FillRow(attribs, grid, y, static_cast<float>(y) * ry);
@@ -36,13 +35,15 @@ void FillVertices(VertexAttribs& attribs, const Grid& grid) {
 /// The cells once more, in the same order, each wound the other way.
 void WriteReversedCells(unsigned short* slots, const Grid& grid) {
     WriteCellsByRow(slots, grid);
-    for (uint32_t cell = 0; cell < grid.CellCount(); ++cell, slots += kIndicesPerCell) {
+    for (uint64_t cell = 0; cell < grid.CellCount(); ++cell, slots += kIndicesPerCell) {
         std::reverse(slots, slots + kIndicesPerCell);
     }
 }
 
 void FillIndices(Array<unsigned short>& indices, const Grid& grid, bool twoSided) {
-    SizeOnce(indices, grid.CellCount() * kIndicesPerCell * (twoSided ? 2 : 1));
+    if (indices.IsEmpty()) {
+        return;
+    }
     unsigned short* back = WriteCellsByRow(indices.Data, grid);
     // The first and the last cell of the front, which may be the same one.
     // Frozen: corners of the quad
@@ -57,7 +58,7 @@ void FillIndices(Array<unsigned short>& indices, const Grid& grid, bool twoSided
 
 GlGeometry BuildTesselatedQuad(unsigned short horizontal, unsigned short vertical, bool twoSided) {
     const Grid grid{horizontal, vertical};
-    Mesh mesh;
+    Mesh mesh(grid.VertexCount(), grid.IndexCount() * (twoSided ? 2 : 1));
     FillVertices(mesh.attribs, grid);
     FillIndices(mesh.indices, grid, twoSided);
     return Upload(mesh);

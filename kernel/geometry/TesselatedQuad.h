@@ -30,6 +30,8 @@ namespace OVR {
 ///                   notice.
 /// \param twoSided   adds every cell a second time with reversed winding, behind all of the front.
 /// \return a mesh of GL_TRIANGLES with position, texCoord and vertexColor; the caller frees it.
+/// \throws std::bad_alloc without memory, and for counts that do not fit into 32 bits. No GL call
+/// was made then.
 OVR_EXPORT GlGeometry BuildTesselatedQuad(unsigned short horizontal, unsigned short vertical,
                                           bool twoSided);
 

@@ -18,7 +18,6 @@ constexpr unsigned short kIndices[] = {0, 3, 2, 0, 1, 3, 3, 1, 2, 2, 1, 0};
 constexpr Vector2<float> kTexCoords[] = {{0.0F, 1.0F}, {1.0F, 1.0F}, {0.0F, 0.0F}, {1.0F, 0.0F}};
 
 void FillVertices(VertexAttribs& attribs, float x, float y) {
-    SizeVertices(attribs, std::size(kTexCoords));
     attribs.position[0] = {x - kHalfWidth, y - kTopOffset, 0.0F};
     attribs.position[1] = {x + kHalfWidth, y - kTopOffset, 0.0F};
     attribs.position[2] = {x - kHalfWidth, y - kBottomOffset, 0.0F};
@@ -31,9 +30,8 @@ void FillVertices(VertexAttribs& attribs, float x, float y) {
 }  // namespace
 
 GlGeometry BuildTesselatedQuadInside(float x, float y, bool twoSided) {
-    Mesh mesh;
+    Mesh mesh(std::size(kTexCoords), std::size(kIndices) / (twoSided ? 1 : 2));
     FillVertices(mesh.attribs, x, y);
-    SizeOnce(mesh.indices, std::size(kIndices) / (twoSided ? 1 : 2));
     std::copy_n(kIndices, mesh.indices.Size, mesh.indices.Data);
     return Upload(mesh);
 }

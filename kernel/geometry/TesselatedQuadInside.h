@@ -23,6 +23,7 @@ namespace OVR {
 /// \param x, y     anchor, in the units of the square [-1, 1] × [-1, 1]; any float is accepted.
 /// \param twoSided adds the cell a second time with reversed winding.
 /// \return a mesh of GL_TRIANGLES with position, texCoord and vertexColor; the caller frees it.
+/// \throws std::bad_alloc without memory. No GL call was made then.
 OVR_EXPORT GlGeometry BuildTesselatedQuadInside(float x, float y, bool twoSided);
 
 }  // namespace OVR

@@ -14,7 +14,7 @@ float Fraction(uint32_t step, uint32_t steps) {
 
 /// From -π on. The last step is the first again.
 float Angle(uint32_t step, uint32_t steps) {
-    return Fraction(step % steps, steps) * (kPi + kPi) - kPi;
+    return Fraction(step == steps ? 0 : step, steps) * (kPi + kPi) - kPi;
 }
 
 void FillRow(VertexAttribs& attribs, const Grid& grid, uint32_t y, const Meridians& meridians,
@@ -32,8 +32,7 @@ GlGeometry BuildTorus(float radius, float tubeRadius, unsigned short horizontal,
     const Grid grid{horizontal, vertical};
     const Meridians meridians =
         MakeMeridians(grid, [&grid](uint32_t x) { return kPi * 0.5F - Angle(x, grid.horizontal); });
-    Mesh mesh;
-    SizeVertices(mesh.attribs, grid.VertexCount());
+    Mesh mesh(grid.VertexCount(), grid.IndexCount());
     for (uint32_t y = 0; y <= grid.vertical; ++y) {
         const float angle = Angle(y, grid.vertical);
         FillRow(mesh.attribs, grid, y, meridians,
@@ -41,7 +40,7 @@ GlGeometry BuildTorus(float radius, float tubeRadius, unsigned short horizontal,
                 Fraction(grid.vertical - y, grid.vertical) * vScale);
     }
     std::fill(mesh.attribs.vertexColor.begin(), mesh.attribs.vertexColor.end(), kOpaqueWhite);
-    FillCellsByRow(mesh.indices, grid);
+    WriteCellsByRow(mesh.indices.Data, grid);
     return Upload(mesh);
 }
 

@@ -29,6 +29,8 @@ namespace OVR {
 ///                           indices wrap without notice.
 /// \param uScale, vScale     how often the texture goes around the axis and around the tube.
 /// \return a mesh of GL_TRIANGLES with position, texCoord and vertexColor; the caller frees it.
+/// \throws std::bad_alloc without memory, and for counts that do not fit into 32 bits. No GL call
+/// was made then.
 OVR_EXPORT GlGeometry BuildTorus(float radius, float tubeRadius, unsigned short horizontal,
                                  unsigned short vertical, float uScale, float vScale);
 

@@ -24,14 +24,16 @@ float Coordinate(uint32_t corner, uint32_t bit) {
 }  // namespace
 
 GlGeometry BuildUnitCubeLines() {
-    Mesh mesh;
-    SizeOnce(mesh.attribs.position, kCorners);
+    VertexAttribs attribs;
+    SizeOnce(attribs.position, kCorners);
     for (uint32_t k = 0; k < kCorners; ++k) {
-        mesh.attribs.position[k] = {Coordinate(k, 0), Coordinate(k, 1), Coordinate(k, 2)};
+        attribs.position[k] = {Coordinate(k, 0), Coordinate(k, 1), Coordinate(k, 2)};
     }
-    SizeOnce(mesh.indices, std::size(kEdges));
-    std::copy(std::begin(kEdges), std::end(kEdges), mesh.indices.Data);
-    GlGeometry geometry = Upload(mesh);
+    Array<unsigned short> indices;
+    SizeOnce(indices, std::size(kEdges));
+    std::copy(std::begin(kEdges), std::end(kEdges), indices.Data);
+    GlGeometry geometry;
+    geometry.Create(attribs, indices);
     geometry.primitiveType = GL_LINES;
     return geometry;
 }

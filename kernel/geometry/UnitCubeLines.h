@@ -19,6 +19,7 @@ namespace OVR {
 /// - Size: 8 vertices, 24 indices.
 ///
 /// \return a mesh of GL_LINES with position alone; the caller frees it.
+/// \throws std::bad_alloc without memory. No GL call was made then.
 OVR_EXPORT GlGeometry BuildUnitCubeLines();
 
 }  // namespace OVR

@@ -25,7 +25,6 @@ bool AtOpening(uint32_t stop) {
 }
 
 void FillVertices(VertexAttribs& attribs, const Stops& xStops, const Stops& yStops) {
-    SizeVertices(attribs, kGrid.VertexCount());
     size_t vertex = 0;
     for (uint32_t y = 0; y <= kGrid.vertical; ++y) {
         for (uint32_t x = 0; x <= kGrid.horizontal; ++x, ++vertex) {
@@ -37,7 +36,6 @@ void FillVertices(VertexAttribs& attribs, const Stops& xStops, const Stops& ySto
 }
 
 void FillIndices(Array<unsigned short>& indices) {
-    SizeOnce(indices, (kGrid.CellCount() - 1) * kIndicesPerCell);
     unsigned short* slots = indices.Data;
     for (uint32_t y = 0; y < kGrid.vertical; ++y) {
         for (uint32_t x = 0; x < kGrid.horizontal; ++x) {
@@ -56,7 +54,7 @@ void FillIndices(Array<unsigned short>& indices) {
 }  // namespace
 
 GlGeometry BuildVignette(float xFraction, float yFraction) {
-    Mesh mesh;
+    Mesh mesh(kGrid.VertexCount(), kGrid.IndexCount() - kIndicesPerCell);
     FillVertices(mesh.attribs, MakeStops(xFraction), MakeStops(yFraction));
     FillIndices(mesh.indices);
     return Upload(mesh);

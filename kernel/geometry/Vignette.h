@@ -27,6 +27,7 @@ namespace OVR {
 ///
 /// \param xFraction, yFraction width of the border at each side; 1 reaches the center.
 /// \return a mesh of GL_TRIANGLES with position, texCoord and vertexColor; the caller frees it.
+/// \throws std::bad_alloc without memory. No GL call was made then.
 OVR_EXPORT GlGeometry BuildVignette(float xFraction, float yFraction);
 
 }  // namespace OVR

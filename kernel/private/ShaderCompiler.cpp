@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "kernel/String.h"
 #include "kernel/StringUtils.h"
 
 namespace OVR {
@@ -99,7 +98,9 @@ const char* StagePrefix(GLenum type) {
     }
 }
 
-String AssembleSource(GLenum type, const char* directives, const char* source, int version,
+}  // namespace
+
+String AssembleShader(GLenum type, const char* directives, const char* source, int version,
                       bool useMultiview) {
     String text;
     text.Append(Va("#version %d %s\n", version, version > 100 ? "es" : ""));
@@ -112,26 +113,27 @@ String AssembleSource(GLenum type, const char* directives, const char* source, i
     return text;
 }
 
-}  // namespace
-
-uint32_t CompileShader(GLenum type, const char* directives, const char* source, int version,
-                       bool useMultiview) {
-    const String text = AssembleSource(type, directives, source, version, useMultiview);
+uint32_t CompileShader(GLenum type, const String& text) {
     const char* lines = text.ToCStr();
-
     const GLuint shader = GLES3::glCreateShader(type);
     GLES3::glShaderSource(shader, 1, &lines, nullptr);
     GLES3::glCompileShader(shader);
-    GLint compiled = GL_FALSE;
-    GLES3::glGetShaderiv(shader, GL_COMPILE_STATUS, &compiled);
-    if (compiled == GL_FALSE) {
-        // For recorders in the GL table: the kernel does not log failures.
-        char infoLog[kInfoLogSize];  // Frozen: unused info logs
-        GLES3::glGetShaderInfoLog(shader, kInfoLogSize, nullptr, infoLog);
+    if (!Succeeded(shader, GL_COMPILE_STATUS, GLES3::glGetShaderiv, GLES3::glGetShaderInfoLog)) {
         GLES3::glDeleteShader(shader);
         return 0;
     }
     return shader;
+}
+
+bool Succeeded(GLuint name, GLenum status, PFNGLGETSHADERIVPROC getParameter,
+               PFNGLGETSHADERINFOLOGPROC getInfoLog) {
+    GLint succeeded = GL_FALSE;
+    getParameter(name, status, &succeeded);
+    if (succeeded == GL_FALSE) {
+        char infoLog[kInfoLogSize];  // Frozen: unused info logs
+        getInfoLog(name, kInfoLogSize, nullptr, infoLog);
+    }
+    return succeeded != GL_FALSE;
 }
 
 }  // namespace OVR

@@ -36,6 +36,10 @@ void ExpectGrid(const MeshOnGpu& mesh, size_t columns, size_t rows, bool closed)
     }
 }
 
+void ExpectOpaqueWhite(const MeshOnGpu& mesh) {
+    EXPECT_EQ(FloatsOf(mesh.vertexColor), Floats(mesh.position.size() * 4, 1));
+}
+
 /// The counter-clockwise side of the triangles, without the slivers at poles, is where \p outward
 /// points.
 template <typename Outward>
@@ -67,6 +71,7 @@ Vector3<float> AwayFromRingOf3(const Vector3<float>& p) {
 TEST_F(RoundMesh, GlobeIsAClosedSphereSeenFromInside) {
     const MeshOnGpu mesh = Take(OVR::BuildGlobe(1, 1, 2.5F));
     ExpectGrid(mesh, 129, 71, true);
+    ExpectOpaqueWhite(mesh);
     ExpectFaces(mesh, TowardsCenter);
     // Column by column: the second cell is the one above the first.
     EXPECT_EQ(FirstIndices(mesh, 8), (Indices{0, 1, 129, 129, 1, 130, 129, 130}));
@@ -97,6 +102,7 @@ TEST_F(RoundMesh, GlobeCarriesAnUprightEquirectangularPicture) {
 TEST_F(RoundMesh, DomeFacesOutwardsAndEndsAtItsRim) {
     const MeshOnGpu mesh = Take(OVR::BuildDome(kPi / 3, 2, 3));
     ExpectGrid(mesh, 65, 33, true);
+    ExpectOpaqueWhite(mesh);
     ExpectFaces(mesh, AwayFromCenter);
     // Zenith first; at the rim, 60 degrees down, from -x by way of -z.
     ExpectAt(mesh.position[5], {0, 100, 0}, 1e-4F);
@@ -111,6 +117,7 @@ TEST_F(RoundMesh, DomeFacesOutwardsAndEndsAtItsRim) {
 TEST_F(RoundMesh, SpherePatchIsCenteredOnX) {
     const MeshOnGpu mesh = Take(OVR::BuildSpherePatch(kPi / 2));
     ExpectGrid(mesh, 65, 65, false);
+    ExpectOpaqueWhite(mesh);
     ExpectFaces(mesh, TowardsCenter);
     constexpr size_t kCenter = 32 * 65 + 32;
     EXPECT_EQ(Bits(mesh.position[kCenter]), Bits(Vector3<float>{100, 0, 0}));
@@ -160,6 +167,7 @@ TEST_F(RoundMesh, CylinderIndicesWrapAt16Bits) {
 TEST_F(RoundMesh, TorusIsClosedBothWaysAndFacesOutwards) {
     const MeshOnGpu mesh = Take(OVR::BuildTorus(3, 1, 96, 64, 5, 2));
     ExpectGrid(mesh, 97, 65, true);
+    ExpectOpaqueWhite(mesh);
     ExpectFaces(mesh, AwayFromRingOf3);
     const auto vertex = [](size_t x, size_t y) { return y * 97 + x; };
     for (size_t x = 0; x < 97; ++x) {

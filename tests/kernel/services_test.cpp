@@ -8,6 +8,7 @@
 #include "kernel/Allocator.h"
 #include "kernel/Array.h"
 #include "kernel/Log.h"
+#include "kernel/StringUtils.h"
 #include "kernel/System.h"
 #include "support/LogCapture.h"
 
@@ -70,6 +71,12 @@ TEST_F(Services, LogCutsLinesToTheBuffer) {
     EXPECT_EQ("Error: " + std::string(4088, 'e'), LogCapture::TakeTexts().at(0));
 }
 
+TEST_F(Services, VaCutsTextsTo1023Bytes) {
+    const std::string text(1023, 't');
+    EXPECT_EQ(text, static_cast<const char*>(OVR::StringUtils::Va("%s", text.c_str())));
+    EXPECT_EQ(text, static_cast<const char*>(OVR::StringUtils::Va("%sand more", text.c_str())));
+}
+
 TEST_F(Services, DestroyedLogIsNoLongerGlobal) {
     {
         Log log(0x100);
@@ -87,6 +94,7 @@ TEST_F(Services, DestroyedLogIsNoLongerGlobal) {
 /// Hands out one block at a chosen offset, or nothing.
 struct FixedAllocator : Allocator {
     void* Alloc(size_t size) override {
+        given = size;
         return size <= sizeof(block) - 64 ? block + offset : nullptr;
     }
     void* Realloc(void* p, size_t) override { return p; }
@@ -95,6 +103,7 @@ struct FixedAllocator : Allocator {
 
     alignas(64) unsigned char block[512];
     size_t offset = 0;
+    size_t given = 0;
     void* freed = nullptr;
     bool shutDown = false;
 };
@@ -107,18 +116,20 @@ TEST_F(Services, AlignedBlocksRememberTheirStart) {
     std::memcpy(&stored, aligned - 4, 4);
     EXPECT_EQ(16U, stored);
 
-    for (const size_t align : {0U, 1U, 4U, 8U, 16U, 64U}) {
+    for (const size_t align : {0U, 1U, 4U, 5U, 6U, 7U, 8U, 12U, 16U, 63U, 64U}) {
         for (heap.offset = 0; heap.offset < 64; heap.offset += 4) {
             aligned = static_cast<unsigned char*>(heap.AllocAligned(100, align));
             ASSERT_EQ(0U, reinterpret_cast<uintptr_t>(aligned) % std::max<size_t>(align, 4));
             ASSERT_GE(aligned - (heap.block + heap.offset), 4);
-            ASSERT_LE(static_cast<size_t>(aligned - (heap.block + heap.offset)),
-                      std::max<size_t>(align, 4));
+            ASSERT_LE(aligned + 100, heap.block + heap.offset + heap.given) << align;
             heap.FreeAligned(aligned);
             ASSERT_EQ(heap.block + heap.offset, heap.freed);
         }
     }
     EXPECT_EQ(nullptr, heap.AllocAligned(4000, 16));
+    for (const size_t align : {SIZE_MAX, SIZE_MAX - 2, size_t{0xFFFFFFFF}, size_t{16}}) {
+        EXPECT_EQ(nullptr, heap.AllocAligned(SIZE_MAX - 15, align)) << align;
+    }
 }
 
 TEST_F(Services, FirstInstallationHoldsUntilItIsDestroyed) {
@@ -157,6 +168,9 @@ TEST_F(Services, ArrayGrowsByAQuarterAndGivesHalfBack) {
     EXPECT_EQ(8U, array.Capacity);
     array.Resize(6);
     EXPECT_EQ(8U, array.Capacity);
+    array.Reserve(4);  // Less than Size: the caller takes care of it.
+    EXPECT_EQ(6U, array.Size);
+    EXPECT_EQ(4U, array.Capacity);
     array.Reserve(0);
     EXPECT_EQ(nullptr, array.Data);
     EXPECT_EQ(0U, array.Capacity);

@@ -228,6 +228,10 @@ TEST_F(DecodeCalls, UnitsAreQueuedWholeOrDropped) {
               (Journal{"AMediaCodec_dequeueInputBuffer 2000", "AMediaCodec_getInputBuffer 3",
                        "AMediaCodec_queueInputBuffer 3 0 12 0 0"}));
     EXPECT_STREQ(reinterpret_cast<char*>(platform.inputBuffer.data()), unit);
+    EXPECT_EQ(VEUpdateCompressedData(handle, unit, 1), 0);
+    EXPECT_EQ(platform.takeJournal(),
+              (Journal{"AMediaCodec_dequeueInputBuffer 2000", "AMediaCodec_getInputBuffer 3",
+                       "AMediaCodec_queueInputBuffer 3 0 1 0 0"}));
 
     platform.inputIndex = -1;
     EXPECT_EQ(VEUpdateCompressedData(handle, unit, sizeof(unit)), 0);

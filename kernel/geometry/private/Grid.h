@@ -6,17 +6,18 @@
 
 namespace OVR {
 
+constexpr uint32_t kIndicesPerCell = 6;
+
 /// A rectangular grid of cells. Its vertices run row by row, x fastest.
 struct Grid {
     uint32_t horizontal;  ///< Cells along x.
     uint32_t vertical;    ///< Cells along y.
 
     constexpr uint32_t Columns() const { return horizontal + 1; }
-    constexpr uint32_t VertexCount() const { return Columns() * (vertical + 1); }
-    constexpr uint32_t CellCount() const { return horizontal * vertical; }
+    constexpr uint64_t VertexCount() const { return uint64_t{Columns()} * (vertical + 1); }
+    constexpr uint64_t CellCount() const { return uint64_t{horizontal} * vertical; }
+    constexpr uint64_t IndexCount() const { return CellCount() * kIndicesPerCell; }
 };
-
-constexpr uint32_t kIndicesPerCell = 6;
 
 /// Writes the two triangles of the cell whose first vertex is \p first. They meet between the
 /// vertex to its right and the one in the next row. \return the slot behind the cell's.
@@ -51,14 +52,8 @@ inline unsigned short* WriteCellsByRow(unsigned short* slots, const Grid& grid) 
     return slots;
 }
 
-inline void FillCellsByRow(Array<unsigned short>& indices, const Grid& grid) {
-    SizeOnce(indices, grid.CellCount() * kIndicesPerCell);
-    WriteCellsByRow(indices.Data, grid);
-}
-
-inline void FillCellsByColumn(Array<unsigned short>& indices, const Grid& grid) {
-    SizeOnce(indices, grid.CellCount() * kIndicesPerCell);
-    unsigned short* slots = indices.Data;
+/// Writes the cells column by column, into room for all of them.
+inline void WriteCellsByColumn(unsigned short* slots, const Grid& grid) {
     for (uint32_t x = 0; x < grid.horizontal; ++x) {
         for (uint32_t y = 0; y < grid.vertical; ++y) {
             slots = WriteCell(slots, y * grid.Columns() + x, grid.Columns());

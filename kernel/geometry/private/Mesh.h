@@ -4,25 +4,27 @@
 
 namespace OVR {
 
-/// A mesh on the CPU, as the builders fill it.
+/// Gives an empty array its final size, without spare room. Throws std::bad_alloc without memory,
+/// and if \p size does not fit into 32 bits.
+template <typename T>
+void SizeOnce(Array<T>& array, uint64_t size) {
+    array.Reserve(size);
+    array.Size = static_cast<uint32_t>(size);
+}
+
+/// A surface on the CPU, with its final sizes, still to be filled. Counts are 64 bits wide, so that
+/// SizeOnce sees those that are too large.
 struct Mesh {
+    Mesh(uint64_t vertexCount, uint64_t indexCount) {
+        SizeOnce(attribs.position, vertexCount);
+        SizeOnce(attribs.texCoord, vertexCount);
+        SizeOnce(attribs.vertexColor, vertexCount);
+        SizeOnce(indices, indexCount);
+    }
+
     VertexAttribs attribs;
     Array<unsigned short> indices;
 };
-
-/// Gives an empty array its final size, without spare room.
-template <typename T>
-void SizeOnce(Array<T>& array, uint32_t size) {
-    array.Reserve(size);
-    array.Size = size;
-}
-
-/// Sizes what every surface has: position, texCoord and vertexColor.
-inline void SizeVertices(VertexAttribs& attribs, uint32_t count) {
-    SizeOnce(attribs.position, count);
-    SizeOnce(attribs.texCoord, count);
-    SizeOnce(attribs.vertexColor, count);
-}
 
 constexpr Vector4<float> kOpaqueWhite = {1.0F, 1.0F, 1.0F, 1.0F};
 constexpr Vector4<float> kClearWhite = {1.0F, 1.0F, 1.0F, 0.0F};
