@@ -4,28 +4,31 @@
 #include <functional>
 #include <vector>
 
-/// Measures several pieces of work in turn, so that other load on the machine affects all alike.
+/// Compares the run times of several functions. It runs them in rounds, so that other load on the
+/// machine affects all of them alike.
 class Interleaved {
 public:
     using Work = std::function<void()>;
 
     explicit Interleaved(std::vector<Work> works);
 
-    /// Runs each piece once. The order changes from call to call, and all orders are equally
-    /// frequent.
-    /// \return the total time in seconds.
+    /// Runs each function once. Each round has another order. After as many rounds as there are
+    /// orders, each order was used once.
+    /// \return the time of the round in seconds.
     double runRound();
 
+    /// \param work an index of the vector given to the constructor.
     double medianMilliseconds(size_t work) const;
-    /// Median of the ratios within each round.
+    /// The time of \p work divided by that of \p reference, for each round; the median of that.
     double medianRatio(size_t work, size_t reference) const;
-    /// The same for the processor time of all threads of the process. Other load hardly changes it.
+    /// The same with the processor time of all threads of the process instead of the time that
+    /// passed. Other load hardly changes it.
     double medianProcessorRatio(size_t work, size_t reference) const;
-    /// Pages that the system gave to a run.
+    /// Page faults of one run, on average.
     double meanPageFaults(size_t work) const;
 
 private:
-    using Times = std::vector<std::vector<double>>;  ///< Seconds, by work and round.
+    using Times = std::vector<std::vector<double>>;  ///< Seconds: [work][round].
 
     static double MedianRatio(const Times& times, size_t work, size_t reference);
 
@@ -33,5 +36,5 @@ private:
     std::vector<size_t> order_;
     Times times_;
     Times processorTimes_;
-    std::vector<long> pageFaults_;  ///< Sums, by work.
+    std::vector<long> pageFaults_;  ///< Of all rounds: [work].
 };

@@ -6,7 +6,11 @@
 
 #include "render/VEExport.h"
 
-/// Measures time with the system's wall clock, in steps of a microsecond.
+/// Measures time with the system's wall clock, in steps of a microsecond. If the clock is set
+/// meanwhile, the result is wrong and can be negative.
+///
+/// The elapsed time is the time from start to stop, or to now if stop was not called since. Before
+/// the first start it is the time since 1970.
 ///
 /// \thread any, but only one thread at a time may use an object.
 class VE_EXPORT Timer {
@@ -14,17 +18,21 @@ public:
     Timer();
     ~Timer();
 
+    /// Starts, or starts again at 0.
     void start();
     void stop();
 
-    /// Time from start to stop, or to now if stop was not called.
+    /// In microseconds.
     double getElapsedTimeInMicroSec();
+    /// In milliseconds, with fractions.
     double getElapsedTimeInMilliSec();
+    /// In seconds, with fractions.
     double getElapsedTimeInSec();
     /// The same as getElapsedTimeInSec.
     double getElapsedTime();
 
-    /// The low 32 bits of the wall clock's milliseconds. Use them only for differences.
+    /// The low 32 bits of the wall clock's milliseconds since 1970. They can be negative and wrap
+    /// after 49.7 days. Use them only for differences, in unsigned arithmetic.
     static int getTimeNowInMilliSec();
 
 private:

@@ -42,6 +42,7 @@ TEST(EngineServices, LogLinesFrom512CharactersOnAreFormattedHere) {
 
 TEST(EngineServices, TimerRunsUntilStopped) {
     Timer timer;
+    EXPECT_GT(timer.getElapsedTimeInSec(), 1e9) << "since 1970";
     timer.start();
     usleep(2000);
     EXPECT_GE(timer.getElapsedTimeInMicroSec(), 2000.0);
@@ -72,6 +73,8 @@ TEST(EngineServices, AffinityPinsAndReportsAThread) {
         EXPECT_EQ(SetThreadAffinityMask(gettid(), lowest), 0);
         EXPECT_EQ(GetThreadAffinityMask(gettid()), lowest);
         EXPECT_EQ(lowest, 1 << sched_getcpu());
+        EXPECT_EQ(SetThreadAffinityMask(0, all), 0) << "here 0 is the calling thread";
+        EXPECT_EQ(GetThreadAffinityMask(gettid()), all);
     }).join();
 }
 
