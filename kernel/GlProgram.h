@@ -37,6 +37,61 @@ struct ovrUniform {
 /// attribute names of VertexAttributeLocation, sets the samplers "Texture0" to "Texture7" to units
 /// 0 to 7, and looks up the well-known uniforms below.
 ///
+/// The prefix declares what follows; a source uses it and does not declare it again.
+///
+/// - Both stages: `DISABLE_MULTIVIEW`, 0 or 1. `in` and `out` also stand for `attribute` and
+///   `varying`, and the other way round.
+/// - Vertex stage: `uniform highp mat4 ModelMatrix`. `NUM_VIEWS` is 2. The arrays
+///   `ViewMatrix[NUM_VIEWS]` and `ProjectionMatrix[NUM_VIEWS]` are uniforms in version 100. From
+///   version 300 on they belong to the uniform block `SceneMatrices`, and sources write
+///   `sm.ViewMatrix` and `sm.ProjectionMatrix`. The block has the layout `shared`, in practice four
+///   matrices of 64 bytes one after the other.
+/// - `VIEW_ID` is the index of the view: `uniform lowp int ViewID`, or `gl_ViewID_OVR` if multiview
+///   is on and GL has GL_OVR_multiview2.
+/// - `TransformVertex(p)` is projection × view × model × p for that view. It may be a macro: put an
+///   argument such as `(p + q)` in parentheses.
+/// - Fragment stage: from version 300 on, `out mediump vec4 fragColor`; `gl_FragColor` is another
+///   name for it, and `texture2D` and `textureCube` for `texture`. `float` has no default
+///   precision.
+///
+/// \code
+/// #include "kernel/GlProgram.h"
+/// #include "kernel/Matrix4.h"
+/// #include "kernel/geometry/TesselatedQuad.h"
+///
+/// // Draws the texture of unit 0 over the whole viewport.
+/// void DrawTexture() {
+///     OVR::GlProgram program = OVR::BuildProgram(
+///         "in vec4 Position;\n"
+///         "in vec2 TexCoord;\n"
+///         "out highp vec2 uv;\n"
+///         "void main() { uv = TexCoord; gl_Position = TransformVertex(Position); }\n",
+///         "in highp vec2 uv;\n"
+///         "uniform sampler2D Texture0;\n"
+///         "void main() { gl_FragColor = texture2D(Texture0, uv); }\n",
+///         300);
+///     OVR::GlGeometry quad = OVR::BuildTesselatedQuad(1, 1, false);
+///
+///     // SceneMatrices: the views' ViewMatrix, then their ProjectionMatrix.
+///     const OVR::Matrix4<float> one = OVR::Matrix4<float>::IdentityValue;
+///     const OVR::Matrix4<float> scene[] = {one, one, one, one};
+///     GLuint sceneBuffer = 0;
+///     GLES3::glGenBuffers(1, &sceneBuffer);
+///     GLES3::glBindBufferBase(GL_UNIFORM_BUFFER, program.SceneMatrices.Binding,
+///                              sceneBuffer);
+///     GLES3::glBufferData(GL_UNIFORM_BUFFER, sizeof(scene), scene, GL_STATIC_DRAW);
+///
+///     GLES3::glUseProgram(program.Program);
+///     GLES3::glUniform1i(program.ViewID.Location, 0);
+///     GLES3::glUniformMatrix4fv(program.ModelMatrix.Location, 1, GL_FALSE, &one.M[0][0]);
+///     quad.Draw();
+///
+///     GLES3::glDeleteBuffers(1, &sceneBuffer);
+///     quad.Free();
+///     OVR::DeleteProgram(program);
+/// }
+/// \endcode
+///
 /// A plain value; the caller calls Free once for all copies. Build leaves program 0 in use.
 /// Failures are returned and never logged. Build throws std::bad_alloc without memory for the
 /// sources, before it makes a GL object.

@@ -8,13 +8,14 @@
 
 namespace OVR {
 
-/// Bit 0x100 marks ordinary output, bit 0x200 debug output.
+/// Bit 0x100 marks ordinary output, bit 0x200 debug output. Each type has a prefix and a priority
+/// in the Android log; other values have no prefix and priority 4.
 enum LogMessageType : uint32_t {
-    LogMessage_Text = 0x100,
-    LogMessage_Error = 0x101,
-    LogMessage_DebugText = 0x200,
-    LogMessage_Debug = 0x201,
-    LogMessage_Assert = 0x202,
+    LogMessage_Text = 0x100,       ///< No prefix, priority 4 (ANDROID_LOG_INFO).
+    LogMessage_Error = 0x101,      ///< "Error: ", priority 6 (ANDROID_LOG_ERROR).
+    LogMessage_DebugText = 0x200,  ///< No prefix, priority 3 (ANDROID_LOG_DEBUG).
+    LogMessage_Debug = 0x201,      ///< "Debug: ", priority 3.
+    LogMessage_Assert = 0x202,     ///< "Assert: ", priority 6. Nothing stops the program.
 };
 
 /// The kernel's log. It is silent after the library is loaded: it writes only after a caller sets
@@ -40,7 +41,8 @@ public:
     /// not fit, and always ends the text with NUL unless \p bufferSize is 0.
     static void FormatLog(char* buffer, unsigned bufferSize, LogMessageType type, const char* fmt,
                           va_list args) OVR_PRINTF(4, 0);
-    /// Writes \p text to the system log under the tag "OVR".
+    /// Writes \p text to the Android log, under the tag "OVR" and with the priority of \p type. It
+    /// looks at no mask, so it writes debug and assert types, too.
     static void DefaultLogOutput(LogMessageType type, const char* text);
 
     /// The only default log. The first call creates it; the process destroys it at exit, or when it

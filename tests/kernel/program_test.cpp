@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "GlProgramExample.inc"
 #include "GlTest.h"
 
 namespace {
@@ -225,6 +226,29 @@ TEST_F(Program, WellKnownUniformsAreFound) {
     program = OVR::BuildProgram(nullptr, kVertex, "// GL_OES_EGL_image_external\n", kFragment, 300);
     EXPECT_EQ(program.SceneMatrices.Location, -1);
     EXPECT_EQ(program.NumUniformBufferBindings, 0);
+}
+
+GLuint MakeTexture(uint32_t pixel) {
+    GLuint texture = 0;
+    GLES3::glGenTextures(1, &texture);
+    GLES3::glBindTexture(GL_TEXTURE_2D, texture);
+    GLES3::glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    GLES3::glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, 1, 1, 0, GL_RGBA, GL_UNSIGNED_BYTE, &pixel);
+    return texture;
+}
+
+TEST_F(Program, TheExampleOfTheHeaderDrawsItsTexture) {
+    GLuint framebuffer = 0;
+    GLES3::glGenFramebuffers(1, &framebuffer);
+    GLES3::glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
+    GLES3::glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D,
+                                  MakeTexture(0), 0);
+    GLES3::glViewport(0, 0, 1, 1);
+    MakeTexture(0x12345678);
+    DrawTexture();
+    uint32_t pixel = 0;
+    GLES3::glReadPixels(0, 0, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE, &pixel);
+    EXPECT_EQ(pixel, 0x12345678U);
 }
 
 TEST_F(Program, OnlyTableLocationsAreNarrowedTo16Bits) {

@@ -44,6 +44,11 @@ TEST_F(Services, LogNeverWritesDebugAndAssertMessages) {
     // A type without a name is ordinary output.
     Log::GetGlobalLog()->LogMessage(static_cast<OVR::LogMessageType>(0x140), "odd");
     EXPECT_EQ("odd", LogCapture::TakeTexts().at(0));
+    Log::DefaultLogOutput(OVR::LogMessage_Debug, "a");
+    Log::DefaultLogOutput(OVR::LogMessage_DebugText, "b");
+    Log::DefaultLogOutput(OVR::LogMessage_Assert, "c");
+    EXPECT_EQ(LogCapture::Take(),
+              (LogCapture::Lines{{3, "OVR", "a"}, {3, "OVR", "b"}, {6, "OVR", "c"}}));
 }
 
 std::string Format(unsigned size, OVR::LogMessageType type, const char* fmt, ...) {
