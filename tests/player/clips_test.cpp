@@ -11,6 +11,11 @@
 
 namespace {
 
+struct Point {
+    int x;
+    int y;
+};
+
 class ClipsTest : public PlayerTest {
 protected:
     ClipsTest() { EXPECT_EQ(Run(AWKWARD_CLIPS, ".").status, 0); }
@@ -119,4 +124,37 @@ TEST_F(ClipsTest, SoundKeepsItsPlaceAndLength) {
                 << clip << out;
         }
     }
+}
+
+TEST_F(ClipsTest, PicturesAreUprightAndSquare) {
+    struct Row {
+        std::string clip;
+        Size size;
+        Point corner;  ///< Of the red mark.
+    };
+    for (const Row& row :
+         {Row{"turned-0.mp4", {64, 48}, {5, 4}}, Row{"turned-90.mp4", {48, 64}, {43, 5}},
+          Row{"turned-180.mp4", {64, 48}, {58, 43}}, Row{"turned-270.mp4", {48, 64}, {4, 58}},
+          Row{"turned-flip-across.mp4", {64, 48}, {58, 4}},
+          Row{"turned-flip-down.mp4", {64, 48}, {5, 43}},
+          Row{"turned-flip-90.mp4", {48, 64}, {4, 5}},
+          Row{"turned-flip-270.mp4", {48, 64}, {43, 58}}, Row{"oblong.mp4", {80, 48}, {-1, -1}}}) {
+        for (const std::string path : {"cpu", "auto"}) {
+            const std::string where = row.clip + ", " + path;
+            PlayWell(row.clip + " --frames 2 --path " + path + " --out out.mp4");
+            PlayWell("out.mp4 --out out.png");
+            const Image image = Read("out.png");
+            EXPECT_EQ(image.size.width, row.size.width) << where;
+            ASSERT_EQ(image.size.height, row.size.height) << where;
+            if (row.corner.x >= 0) {
+                EXPECT_GT(image.Pixel(row.corner.x, row.corner.y)[0], 200) << where;
+                EXPECT_LT(image.Pixel(row.corner.x, row.corner.y)[1], 60) << where;
+            }
+            EXPECT_EQ(Probe("out.mp4", "stream=sample_aspect_ratio").at(0), "1:1") << where;
+            EXPECT_TRUE(Probe("out.mp4", "stream_side_data=rotation").empty()) << where;
+        }
+    }
+    PlayWell("turned-90.mp4 --frames 2 --no-autorotate --out out.mp4");
+    EXPECT_EQ(Probe("out.mp4", "stream=width,height").at(0).rfind("64,48", 0), 0U);
+    EXPECT_EQ(Probe("out.mp4", "stream_side_data=rotation").at(0), "-90");
 }

@@ -1,5 +1,10 @@
 #include "support/FrameConverter.h"
 
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+#include <algorithm>
 #include <array>
 #include <tuple>
 
@@ -9,6 +14,35 @@ namespace {
 
 /// The scaler writes whole vector registers, also past the end of the last row.
 constexpr size_t kOverrun = 64;
+
+/// Where the rows of a frame are.
+struct Rows {
+    std::array<const uint8_t*, 4> planes;
+    std::array<int, 4> strides;
+};
+
+Rows RowsOf(const AVFrame& frame) {
+    Rows rows{};
+    std::copy_n(frame.data, rows.planes.size(), rows.planes.begin());
+    std::copy_n(frame.linesize, rows.strides.size(), rows.strides.begin());
+    return rows;
+}
+
+/// From the last row to the first.
+void Flip(Rows& rows, const AVFrame& frame) {
+    const AVPixFmtDescriptor& format =
+        *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
+    const bool palette = (format.flags & AV_PIX_FMT_FLAG_PAL) != 0;
+    for (size_t i = 0; i < (palette ? 1 : rows.planes.size()); ++i) {
+        if (rows.planes.at(i) == nullptr) {
+            continue;
+        }
+        const bool chroma = i == 1 || i == 2;
+        const int count = AV_CEIL_RSHIFT(frame.height, chroma ? format.log2_chroma_h : 0);
+        rows.planes.at(i) += static_cast<ptrdiff_t>(count - 1) * rows.strides.at(i);
+        rows.strides.at(i) = -rows.strides.at(i);
+    }
+}
 
 }  // namespace
 
@@ -21,7 +55,8 @@ bool FrameConverter::Source::operator==(const Source& other) const {
            std::tie(other.width, other.height, other.format, other.colorSpace, other.fullRange);
 }
 
-FrameConverter::FrameConverter(Size size, AVPixelFormat format) : size_(size), format_(format) {
+FrameConverter::FrameConverter(Size size, AVPixelFormat format, bool flip)
+    : size_(size), format_(format), flip_(flip) {
     pixels_.resize(ByteSize() + kOverrun);
 }
 
@@ -64,7 +99,11 @@ uint8_t* FrameConverter::Convert(const AVFrame& frame) {
     }
     const std::array<uint8_t*, 4> planes = {pixels_.data()};
     const std::array<int, 4> strides = {RowBytes()};
-    sws_scale(scaler_.get(), frame.data, frame.linesize, 0, frame.height, planes.data(),
-              strides.data());
+    Rows rows = RowsOf(frame);
+    if (flip_) {
+        Flip(rows, frame);
+    }
+    sws_scale(scaler_.get(), rows.planes.data(), rows.strides.data(), 0, frame.height,
+              planes.data(), strides.data());
     return pixels_.data();
 }

@@ -14,7 +14,8 @@ Size SizeOr(Size size, const AVFrame& frame);
 class FrameConverter {
 public:
     /// \param format AV_PIX_FMT_RGB24 or AV_PIX_FMT_RGBA
-    FrameConverter(Size size, AVPixelFormat format);
+    /// \param flip turns the frames upside down
+    FrameConverter(Size size, AVPixelFormat format, bool flip = false);
 
     /// The converted frame, valid until the next call. The caller may change it.
     uint8_t* Convert(const AVFrame& frame);
@@ -40,6 +41,7 @@ private:
 
     Size size_;
     AVPixelFormat format_;
+    bool flip_;
     Source source_;
     LibavPtr<SwsContext> scaler_;
     std::vector<uint8_t> pixels_;

@@ -86,6 +86,25 @@ AVRational VideoFile::FrameRate() const {
     return rate.num > 0 && rate.den > 0 ? rate : kDefault;
 }
 
+const int32_t* VideoFile::DisplayMatrix() const {
+    constexpr size_t kBytes = 9 * sizeof(int32_t);
+    size_t bytes = 0;
+    const uint8_t* data = av_stream_get_side_data(stream_, AV_PKT_DATA_DISPLAYMATRIX, &bytes);
+    return bytes >= kBytes ? reinterpret_cast<const int32_t*>(data) : nullptr;
+}
+
+PictureShape VideoFile::Shape(bool turn) const {
+    PictureShape shape;
+    const AVRational aspect = av_guess_sample_aspect_ratio(input_.get(), stream_, nullptr);
+    if (aspect.num > 0 && aspect.den > 0) {
+        shape.pixelAspect = aspect;
+    }
+    if (turn && DisplayMatrix() != nullptr) {
+        shape.TurnBy(DisplayMatrix());
+    }
+    return shape;
+}
+
 std::string VideoFile::NoPicture() const {
     return path_ + (startSeconds_ > 0.0 ? ": no picture from the start time on"
                                         : ": no picture in it can be decoded");

@@ -7,6 +7,7 @@
 
 #include "support/FrameTimes.h"
 #include "support/Libav.h"
+#include "support/PictureShape.h"
 
 /// The packets of the video in a file, of a single picture or of a numbered sequence of pictures.
 class VideoFile {
@@ -27,6 +28,10 @@ public:
     /// The name of the codec of each audio track.
     std::vector<std::string> AudioCodecs() const;
     AVRational FrameRate() const;
+    /// The matrix that turns pictures upright, or null.
+    const int32_t* DisplayMatrix() const;
+    /// \param turn by the display matrix
+    PictureShape Shape(bool turn) const;
 
     /// The message for a file of which no frame can be decoded.
     std::string NoPicture() const;

@@ -10,9 +10,9 @@ RendererSettings For(const VideoFile& file, RendererSettings settings) {
     const AVCodecParameters& codec = file.Codec();
     settings.input = file.Path();
     settings.source = SourceOf(codec);
-    settings.codedSize = {codec.width, codec.height};
+    settings.sourceSize = {codec.width, codec.height};
     if (settings.size.width == 0) {
-        settings.size = settings.codedSize;
+        settings.size = settings.shape.Upright(settings.sourceSize);
     }
     return settings;
 }

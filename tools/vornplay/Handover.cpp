@@ -29,13 +29,18 @@ bool IsDecodable(const AVCodecParameters& codec) {
 /// Why the video cannot go compressed; empty if it can.
 std::string Objection(const VideoFile& file, const Options& options) {
     const AVCodecParameters& codec = file.Codec();
-    const bool scaled = options.size.width > 0 &&
-                        (options.size.width != codec.width || options.size.height != codec.height);
+    const PictureShape shape = file.Shape(options.autorotate);
+    const Size upright = shape.Upright({codec.width, codec.height});
+    const bool scaled = options.size.width > 0 && (options.size.width != upright.width ||
+                                                   options.size.height != upright.height);
     if (!IsVideo(file) || !IsDecodable(codec)) {
         return "no H.264 or Motion-JPEG video of 8 bits";
     }
     if (options.rgb || options.rgba) {
         return "--rgb and --rgba are for decoded frames";
+    }
+    if (shape.flip) {
+        return "its pictures are flipped";
     }
     // Frames that go as pixels are scaled with more care.
     return scaled && options.handover != Handover::kCompressed ? "--size is not the input's" : "";

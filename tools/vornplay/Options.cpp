@@ -54,6 +54,9 @@ void AddInputOptions(CommandLine& line, Options& options) {
     line.Exclude("--rgba", "--rgb");
     line.Option("--size", options.size, ParseSize, "WxH",
                 "Scale the frames to this size (default: the input's)");
+    line.Flag(
+        "--no-autorotate", [&options] { options.autorotate = false; },
+        "Do not turn the frames upright");
     line.Option("--start", options.startSeconds, NumberIn(0.0, 1e6), "SECONDS",
                 "Begin at this time");
     line.Option("--frames", options.frames, WholeIn(1, kMostFrames), "N",

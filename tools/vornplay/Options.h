@@ -21,6 +21,7 @@ struct Options {
     bool realtime = false;
     bool rgb = false;
     bool rgba = false;
+    bool autorotate = true;
     Size size;  ///< Zero: the input's.
     double startSeconds = 0.0;
     int64_t frames = 0;  ///< Zero: all.

@@ -6,9 +6,24 @@
 
 namespace {
 
+/// Photos have their display matrix in the picture.
+PictureShape ShapeOf(const VideoFile& file, const AVFrame& first,
+                     const RendererSettings& settings) {
+    PictureShape shape = settings.shape;
+    const AVFrameSideData* matrix = av_frame_get_side_data(&first, AV_FRAME_DATA_DISPLAYMATRIX);
+    if (settings.turn && file.DisplayMatrix() == nullptr && matrix != nullptr) {
+        shape.TurnBy(reinterpret_cast<const int32_t*>(matrix->data));
+    }
+    return shape;
+}
+
 RendererSettings For(const VideoFile& file, const AVFrame& first, RendererSettings settings) {
     settings.input = file.Path();
-    settings.size = SizeOr(settings.size, first);
+    settings.shape = ShapeOf(file, first, settings);
+    if (settings.size.width == 0) {
+        settings.size = settings.shape.Upright({first.width, first.height});
+    }
+    settings.sourceSize = settings.shape.Turned(settings.size);
     return settings;
 }
 
@@ -23,7 +38,8 @@ PixelSource::PixelSource(VideoFile file, const RendererSettings& settings, MaskS
       reader_(std::move(file)),
       first_(&reader_.First()),
       renderer_(For(reader_.File(), *first_, settings)),
-      converter_(renderer_.FrameSize(), FormatOf(settings)) {}
+      converter_(renderer_.Settings().sourceSize, FormatOf(settings),
+                 renderer_.Settings().shape.flip) {}
 
 bool PixelSource::Next() {
     const AVFrame* frame = first_ != nullptr ? std::exchange(first_, nullptr) : reader_.Next();

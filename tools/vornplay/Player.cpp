@@ -17,7 +17,7 @@ std::optional<Output> Open(const Options& options, const Stage& stage) {
     }
     const FrameSource& source = stage.Source();
     return OpenOutput({options.out, stage.FrameSize(), options.backdrop, source.File(),
-                       source.Times().Clock(), source.Seconds()});
+                       source.Times().Clock(), source.Seconds(), options.autorotate});
 }
 
 }  // namespace

@@ -27,11 +27,10 @@ void Renderer::CheckSizes() const {
 }
 
 void Renderer::Create() {
-    const Size source = settings_.codedSize.width > 0 ? settings_.codedSize : settings_.size;
     VERendererOptions options = VEMakeRendererOptions();
     options.source = settings_.source;
-    options.sourceWidth = source.width;
-    options.sourceHeight = source.height;
+    options.sourceWidth = settings_.sourceSize.width;
+    options.sourceHeight = settings_.sourceSize.height;
     options.outputWidth = settings_.size.width;
     options.outputHeight = settings_.size.height;
     options.outputTexture = texture_.Name();
@@ -58,6 +57,7 @@ VEDecoderState Renderer::DecoderState() const {
 
 VEDrawOptions Renderer::DrawOptions(const Shot& shot) const {
     VEDrawOptions options = VEMakeDrawOptions();
+    options.rotation = settings_.shape.rotation;
     options.mirror = shot.mirror;
     options.hideMask = shot.hidesMask;
     options.view = &shot.view;

@@ -9,14 +9,17 @@
 #include "Texture.h"
 #include "render/VERendererExt.h"
 #include "support/Image.h"
+#include "support/PictureShape.h"
 
 /// What a renderer is created with.
 struct RendererSettings {
     std::string input;  ///< The file's name, for messages.
     int source = VE_SOURCE_RGBA;
     void* javaVM = nullptr;  ///< For compressed sources.
-    Size codedSize;          ///< Of compressed sources.
-    Size size;               ///< Of the drawn pictures, and of raw frames.
+    PictureShape shape;      ///< Raw frames come flipped and with square pixels, but not turned.
+    bool turn = true;        ///< Also by what single pictures say of themselves.
+    Size sourceSize;         ///< Of raw frames, or the coded size.
+    Size size;               ///< Of the drawn pictures.
     Size maskSize;           ///< Zero: there are no masks.
     bool rgbMask = false;    ///< Masks have 3 bytes per pixel, not 4.
     Rgba clear = {0, 0, 0, 255};
@@ -45,6 +48,7 @@ public:
     [[noreturn]] void Fail(VEResult result) const;
 
     Size FrameSize() const { return settings_.size; }
+    const RendererSettings& Settings() const { return settings_; }
 
     /// The picture that was drawn last; valid until the next call. \throws ToolError
     const Image& ReadBack();

@@ -72,13 +72,14 @@ void Stage::Open(VideoFile file) {
 
 std::unique_ptr<FrameSource> Stage::MakeSource(VideoFile file) {
     const auto nextMask = [this] { return mask_.has_value() ? mask_->Next() : nullptr; };
+    RendererSettings settings = Settings(file);
     if (java_ == nullptr) {
-        return std::make_unique<PixelSource>(std::move(file), Settings(), nextMask);
+        return std::make_unique<PixelSource>(std::move(file), std::move(settings), nextMask);
     }
     if (options_.realtime) {
-        return std::make_unique<RealtimeSource>(std::move(file), Settings(), nextMask);
+        return std::make_unique<RealtimeSource>(std::move(file), std::move(settings), nextMask);
     }
-    return std::make_unique<CompressedSource>(std::move(file), Settings(), nextMask);
+    return std::make_unique<CompressedSource>(std::move(file), std::move(settings), nextMask);
 }
 
 /// The mask's first frame belongs to the first frame that the options ask for.
@@ -91,10 +92,12 @@ void Stage::OpenMask(const VideoFile& file) {
     }
 }
 
-RendererSettings Stage::Settings() const {
+RendererSettings Stage::Settings(const VideoFile& file) const {
     RendererSettings settings;
     settings.source = options_.rgb ? VE_SOURCE_RGB : VE_SOURCE_RGBA;
     settings.javaVM = java_;
+    settings.shape = file.Shape(options_.autorotate);
+    settings.turn = options_.autorotate;
     settings.size = options_.size;
     settings.maskSize = mask_.has_value() ? mask_->FrameSize() : Size();
     settings.rgbMask = options_.rgbMask;

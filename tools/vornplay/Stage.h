@@ -40,7 +40,7 @@ public:
     Size FrameSize() const { return source_->GetRenderer().FrameSize(); }
 
 private:
-    RendererSettings Settings() const;
+    RendererSettings Settings(const VideoFile& file) const;
     void Open(VideoFile file);
     void OpenAt(double seconds);
     void OpenMask(const VideoFile& file);

@@ -15,6 +15,7 @@ struct OutputSettings {
     const VideoFile& input;  ///< Gives the frame rate, the color tags and the audio.
     FrameClock clock;        ///< In whose ticks frames come.
     double begin;            ///< When the first frame is shown in the input, in seconds.
+    bool turned;             ///< The frames were turned by the input's display matrix.
 };
 
 /// What becomes of the input's audio tracks, by the names of their codecs.

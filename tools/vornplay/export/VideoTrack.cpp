@@ -1,5 +1,7 @@
 #include "VideoTrack.h"
 
+#include <algorithm>
+
 #include "support/ToolError.h"
 
 extern "C" {
@@ -34,6 +36,7 @@ VideoTrack::VideoTrack(Muxer& muxer, const VideoCoding& coding, Size size, AVRat
     encoder_.reset(avcodec_alloc_context3(&codec));
     encoder_->width = size.width;
     encoder_->height = size.height;
+    encoder_->sample_aspect_ratio = {1, 1};
     encoder_->pix_fmt = coding.format;
     encoder_->time_base = clock.tick;
     encoder_->ticks_per_frame = static_cast<int>(clock.frame);
@@ -46,6 +49,14 @@ VideoTrack::VideoTrack(Muxer& muxer, const VideoCoding& coding, Size size, AVRat
     }
     muxer_.Check(avcodec_open2(encoder_.get(), &codec, nullptr));
     stream_ = &muxer_.AddEncoded(*encoder_);
+}
+
+void VideoTrack::SetDisplayMatrix(const int32_t* matrix) {
+    constexpr size_t kCount = 9;
+    uint8_t* data =
+        av_stream_new_side_data(stream_, AV_PKT_DATA_DISPLAYMATRIX, kCount * sizeof(*matrix));
+    muxer_.Check(data != nullptr ? 0 : AVERROR(ENOMEM));
+    std::copy_n(matrix, kCount, reinterpret_cast<int32_t*>(data));
 }
 
 void VideoTrack::Write(AVFrame& picture, int64_t time) {

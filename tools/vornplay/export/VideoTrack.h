@@ -21,6 +21,9 @@ public:
     VideoTrack(Muxer& muxer, const VideoCoding& coding, Size size, AVRational frameRate,
                const FrameClock& clock, const ColorTags& tags);
 
+    /// Players turn the pictures by this, if the container keeps it. \param matrix 9 numbers
+    void SetDisplayMatrix(const int32_t* matrix);
+
     const AVCodecContext& Encoder() const { return *encoder_; }
 
     /// Compresses the next picture. \param time when it is shown. \throws ToolError

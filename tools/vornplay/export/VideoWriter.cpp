@@ -39,6 +39,9 @@ VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settin
         rgb_.resize(static_cast<size_t>(settings.size.width) *
                     static_cast<size_t>(settings.size.height) * kRgbBytes);
     }
+    if (!settings.turned && settings.input.DisplayMatrix() != nullptr) {
+        video_.SetDisplayMatrix(settings.input.DisplayMatrix());
+    }
     lead_ = std::llround(audio_.Lead() / av_q2d(settings.clock.tick));
     muxer_.Begin(format.muxing);
 }

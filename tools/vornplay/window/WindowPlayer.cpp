@@ -17,7 +17,9 @@ std::string TitleOf(const Options& options) {
 }
 
 Size PictureSize(const Options& options, const VideoFile& file) {
-    return options.size.width > 0 ? options.size : Size{file.Codec().width, file.Codec().height};
+    return options.size.width > 0
+               ? options.size
+               : file.Shape(options.autorotate).Upright({file.Codec().width, file.Codec().height});
 }
 
 }  // namespace
