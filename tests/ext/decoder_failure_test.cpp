@@ -202,6 +202,29 @@ TEST_F(DecoderFailure, PicturesLargerThanGlAllowsAreAnError) {
     EXPECT_EQ(VE_OK, close());
 }
 
+TEST_F(DecoderFailure, BadUnitsAreRefusedAndAFlushBeforeTheEndIsNoEnd) {
+    ASSERT_EQ(VE_OK, create());
+    void (*const spoil[])(VEUnit&) = {[](VEUnit& unit) { unit.data = nullptr; },
+                                      [](VEUnit& unit) { unit.size = 0; },
+                                      [](VEUnit& unit) { unit.waitUs = -1; },
+                                      [](VEUnit& unit) { unit.flags = 8; },
+                                      [](VEUnit& unit) { unit.structSize = 2; },
+                                      [](VEUnit& unit) {
+            unit.ptsUs = INT64_MAX / 1000; }};
+    const char bytes[4] = {};
+    for (const auto& change : spoil) {
+        VEUnit unit = VEMakeUnit();
+        unit.data = bytes;
+        unit.size = sizeof(bytes);
+        change(unit);
+        EXPECT_EQ(VE_ERROR_ARGUMENT, VEQueueUnit(renderer, &unit)) << &change - spoil;
+    }
+    EXPECT_EQ(VE_OK, VEFlush(renderer));
+    EXPECT_FALSE(state().endOfStream);
+    EXPECT_EQ(0U, state().unitCapacity);
+    EXPECT_EQ(VE_OK, close());
+}
+
 TEST_F(DecoderFailure, UnitsThatAreTooLargeOrFindNoBufferAreNotCopied) {
     ASSERT_EQ(VE_OK, create());
     platform.takeJournal();

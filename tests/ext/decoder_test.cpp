@@ -187,6 +187,24 @@ TEST_F(Decoder, NoPictureOfBeforeAFlushShows) {
     EXPECT_EQ(renderer.state().result, VE_OK);
 }
 
+TEST_F(Decoder, APictureThatStandsThereWhenAFlushComesIsNotShown) {
+    DecoderRenderer renderer;
+    for (const TestUnit& unit : units_) {
+        const VEUnit given = UnitOf(unit);
+        EXPECT_EQ(VEQueueUnit(renderer.handle, &given), VE_OK);
+        while (&unit == &units_[kPictures / 2] && !renderer.draw().picture) {
+            std::this_thread::yield();
+        }
+    }
+    const VEUnit end = EndUnit();
+    EXPECT_EQ(VEQueueUnit(renderer.handle, &end), VE_OK);
+    while (!renderer.state().endOfStream) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(VEFlush(renderer.handle), VE_OK);
+    EXPECT_FALSE(renderer.draw().picture);
+}
+
 TEST_F(Decoder, CropAndRotationApplyToThePictureAlone) {
     constexpr int kWidth = 300;  // Padded to 320 × 208 in strict mode.
     constexpr int kHeight = 200;

@@ -7,6 +7,7 @@
 #include "ext/ExtRenderer.h"
 #include "ext/GlNameCount.h"
 #include "gl/GLES3.h"
+#include "support/LogCapture.h"
 #include "support/Replaced.h"
 
 namespace {
@@ -80,7 +81,11 @@ TEST(ExtFailure, ADrawThatFailedCanBeTriedAgain) {
     const int names = CountGlNames();
     {
         const Replaced refuses(GLES3::glLinkProgram, [](GLuint) {});
+        const Replaced says(GLES3::glGetProgramInfoLog,
+                            [](GLuint, GLsizei, GLsizei*, GLchar* text) { *text = '!'; });
+        LogCapture::Take();
         EXPECT_EQ(VE_ERROR_GL, VEDraw(renderer.handle, &draw, nullptr));
+        EXPECT_EQ("GL refused a program: !", LogCapture::Take().back().text);
         EXPECT_EQ(names, CountGlNames());
     }
     renderer.draw(draw);
@@ -102,6 +107,15 @@ TEST(ExtFailure, GlOutOfMemoryAtCreationIsAResult) {
     VERenderer* renderer = nullptr;
     EXPECT_EQ(VE_ERROR_MEMORY, VECreateRenderer(&options, &renderer));
     EXPECT_EQ(before, CountGlNames());
+}
+
+TEST(ExtFailure, ErrorsOfTheApplicationAreNotTheRenderers) {
+    const TestContext context;
+    static int errors;
+    errors = 3;  // As several flags give them.
+    const Replaced error(GLES3::glGetError,
+                         []() -> GLenum { return errors-- > 0 ? GL_INVALID_VALUE : GL_NO_ERROR; });
+    const ExtRenderer renderer(OptionsOf(VE_SOURCE_RGBA, 8, 6));
 }
 
 }  // namespace

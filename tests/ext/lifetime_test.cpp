@@ -100,6 +100,20 @@ TEST_F(ExtLifetime, HandlesWithoutADecoderAndOfTheOtherWayInAreRefused) {
     EXPECT_EQ(VE_ERROR_ARGUMENT, VECloseRenderer(raw.handle, static_cast<VEContext>(2)));
 }
 
+TEST_F(ExtLifetime, WhatAnotherKindOfRendererNeedsIsNotLookedAt) {
+    VERendererOptions options = OptionsOf(VE_SOURCE_TEXTURE_2D, 8, 8);
+    options.sourceWidth = options.sourceHeight = 1 << 20;
+    options.maskWidth = options.maskHeight = 1 << 20;
+    ExtRenderer renderer(options);
+    EXPECT_EQ(0, VEUpdateRenderer(renderer.handle, frame.pixels.data(), 0, true, nullptr));
+    glBindTexture(GL_TEXTURE_2D, options.outputTexture);
+    for (const GLenum name : {GL_TEXTURE_WRAP_S, GL_TEXTURE_WRAP_T}) {
+        GLint wrap = 0;
+        glGetTexParameteriv(GL_TEXTURE_2D, name, &wrap);
+        EXPECT_EQ(GL_CLAMP_TO_EDGE, wrap);
+    }
+}
+
 /// One change to usable options, and what is answered.
 template <typename Options>
 struct Bad {

@@ -119,8 +119,8 @@ TEST_F(Geometry, FreeDeletesAndEmptiesAllButThePrimitiveType) {
     EXPECT_FALSE(GLES3::glIsBuffer(copy.vertexBuffer));
     EXPECT_FALSE(GLES3::glIsBuffer(copy.indexBuffer));
     EXPECT_FALSE(GLES3::glIsVertexArray(copy.vertexArrayObject));
-    EXPECT_EQ(geometry.vertexArrayObject, 0U);
-    EXPECT_EQ(geometry.vertexCount, 0);
+    EXPECT_EQ(geometry.vertexArrayObject | geometry.vertexBuffer | geometry.indexBuffer, 0U);
+    EXPECT_EQ(geometry.vertexCount | geometry.indexCount, 0);
     EXPECT_EQ(geometry.localBounds.Min.x, kMax);
     EXPECT_EQ(geometry.localBounds.Max.z, -kMax);
     EXPECT_EQ(geometry.primitiveType, GL_LINES);

@@ -83,6 +83,14 @@ void ExpectEmpty(const GlProgram& program) {
     EXPECT_EQ(program.VertexShader, 0U);
     EXPECT_EQ(program.FragmentShader, 0U);
     ExpectUnset(program.ViewID);
+    for (int32_t GlProgram::*location :
+         {&GlProgram::MvpmLocation, &GlProgram::ModelmLocation, &GlProgram::UniformColorLocation,
+          &GlProgram::UniformFadeDirectionLocation, &GlProgram::TexmLocation,
+          &GlProgram::Texm2Location, &GlProgram::ColorTableOffsetLocation,
+          &GlProgram::ClipUVsLocation, &GlProgram::JointMatricesIndex,
+          &GlProgram::JointMatricesBinding}) {
+        EXPECT_EQ(program.*location, -1);
+    }
 }
 
 TEST_F(Program, SourcesAreAssembledInOrder) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdarg>
 #include <cstring>
 #include <string>
@@ -8,8 +9,10 @@
 #include "kernel/Allocator.h"
 #include "kernel/Array.h"
 #include "kernel/Log.h"
+#include "kernel/Matrix4.h"
 #include "kernel/StringUtils.h"
 #include "kernel/System.h"
+#include "kernel/Vector.h"
 #include "support/LogCapture.h"
 
 namespace {
@@ -179,6 +182,17 @@ TEST_F(Services, ArrayGrowsByAQuarterAndGivesHalfBack) {
     array.Reserve(0);
     EXPECT_EQ(nullptr, array.Data);
     EXPECT_EQ(0U, array.Capacity);
+}
+
+TEST_F(Services, ConstantsOfVectorsAndMatrices) {
+    const auto sum = [](auto v) { return std::abs(v.x) + std::abs(v.y); };
+    EXPECT_EQ(0, sum(OVR::Vector2<float>::ZERO));
+    EXPECT_EQ(0, sum(OVR::Vector3<float>::ZERO) + std::abs(OVR::Vector3<float>::ZERO.z));
+    EXPECT_EQ(0, sum(OVR::Vector4<double>::ZERO) + std::abs(OVR::Vector4<double>::ZERO.z));
+    EXPECT_EQ(0, OVR::Vector4<double>::ZERO.w);
+    for (int i = 0; i < 16; ++i) {
+        EXPECT_EQ(i % 5 == 0 ? 1 : 0, OVR::Matrix4<float>::IdentityValue.M[i / 4][i % 4]) << i;
+    }
 }
 
 }  // namespace

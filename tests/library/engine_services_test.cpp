@@ -44,8 +44,11 @@ TEST(EngineServices, TimerRunsUntilStopped) {
     Timer timer;
     EXPECT_GT(timer.getElapsedTimeInSec(), 1e9) << "since 1970";
     timer.start();
-    usleep(2000);
-    EXPECT_GE(timer.getElapsedTimeInMicroSec(), 2000.0);
+    timeval now = {};
+    gettimeofday(&now, nullptr);
+    const auto toTheNextSecond = static_cast<useconds_t>(1'000'000 - now.tv_usec);
+    usleep(toTheNextSecond);
+    EXPECT_GE(timer.getElapsedTimeInMicroSec(), toTheNextSecond);
     timer.stop();
     const double stopped = timer.getElapsedTimeInMicroSec();
     usleep(1000);
