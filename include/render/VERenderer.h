@@ -270,10 +270,10 @@ VE_EXPORT int VEUpdateUserPosition(void* handle, float a, float b, float c, floa
 /// Destroys a renderer (see Ownership for what stays). Null does nothing. The GL context of the
 /// renderer must be current.
 ///
-/// With compressed video, this asks the decoder thread to stop and does not wait for its end. A
-/// decoder call in progress is waited for, at most 50 ms. If it takes longer, a line is logged, and
-/// the decoder thread deletes the decoder after it. Keep the library loaded for some milliseconds,
-/// and until such a call has returned.
+/// With compressed video, this waits at most 50 ms for a decoder call in progress, and deletes the
+/// decoder. If the call takes longer, a line is logged, and the decoder thread deletes the decoder
+/// after it. The end of the decoder thread is not waited for: keep the library loaded for some
+/// milliseconds, and until such a call has returned.
 VE_EXPORT void VEDestroyRenderer(void* handle);
 
 #ifdef __cplusplus

@@ -66,18 +66,35 @@
 /// active.
 ///
 /// With VERendererOptions::keepState, VEDraw gives back all GL state that it changes. Without it,
-/// which is faster, VEDraw leaves these values:
+/// which is faster, VEDraw leaves these values. A test compares the table with GL.
 ///
-///     0                     program, vertex array, GL_ARRAY_BUFFER, draw framebuffer,
-///                           GL_PIXEL_UNPACK_BUFFER; on units 0 and 1 the sampler and
-///                           GL_TEXTURE_2D; on unit 0 GL_TEXTURE_EXTERNAL_OES
-///     disabled              blending of draw buffer 0 (of all draw buffers where the context has
-///                           no separate ones), GL_SCISSOR_TEST, GL_CULL_FACE,
-///                           GL_RASTERIZER_DISCARD
-///     all channels          the color mask, of the same draw buffers
-///     other                 active unit 0; viewport (0, 0, output width, output height);
-///                           if pixels were given, GL_UNPACK_ALIGNMENT 1, and row length, skipped
-///                           rows and skipped pixels 0
+///     call      if             state                                             is then
+///     -----------------------------------------------------------------------------------------
+///     draw                     GL_CURRENT_PROGRAM                                0
+///     draw                     GL_VERTEX_ARRAY_BINDING                           0
+///     draw                     GL_ARRAY_BUFFER_BINDING                           0
+///     draw                     GL_DRAW_FRAMEBUFFER_BINDING                       0
+///     draw                     GL_PIXEL_UNPACK_BUFFER_BINDING                    0
+///     draw                     GL_ACTIVE_TEXTURE                                 GL_TEXTURE0
+///     draw                     GL_SAMPLER_BINDING, unit 0                        0
+///     draw                     GL_SAMPLER_BINDING, unit 1                        0
+///     draw                     GL_TEXTURE_BINDING_2D, unit 0                     0
+///     draw                     GL_TEXTURE_BINDING_2D, unit 1                     0
+///     draw                     GL_TEXTURE_BINDING_EXTERNAL_OES, unit 0           0
+///     draw      picture        GL_VIEWPORT                                       0 0 width height
+///     draw                     GL_BLEND, draw buffer 0                           0
+///     draw                     GL_COLOR_WRITEMASK, draw buffer 0                 1 1 1 1
+///     draw                     GL_SCISSOR_TEST                                   0
+///     draw                     GL_CULL_FACE                                      0
+///     draw                     GL_RASTERIZER_DISCARD                             0
+///     draw      upload         GL_UNPACK_ALIGNMENT                               1
+///     draw      upload         GL_UNPACK_ROW_LENGTH                              0
+///     draw      upload         GL_UNPACK_SKIP_ROWS                               0
+///     draw      upload         GL_UNPACK_SKIP_PIXELS                             0
+///
+/// "picture": something is drawn. "upload": pixels of a frame or mask reach their texture, which is
+/// one call late without VERendererOptions::drawAtOnce. Where the context has no separate draw
+/// buffers, "draw buffer 0" means all of them.
 ///
 /// VECreateRenderer and VECloseRenderer always give back all bindings. Creation reads and clears
 /// the error flags; draws do not touch them. GL itself cannot give back: a program or texture that
@@ -177,7 +194,7 @@ VE_EXPORT VEResult VECreateRenderer(const VERendererOptions* options, VERenderer
 typedef struct VEView {
     float x;     ///< Positive moves the picture to the left.
     float y;     ///< Positive moves the picture towards the output's first row.
-    float zoom;  ///< Less than 6. VE_ZOOM_FIT, or 2 for the view of a fresh VERenderer.h renderer.
+    float zoom;  ///< Less than 6. From 5.8 on, nothing shows. VE_ZOOM_FIT, or 2 for the view of a fresh VERenderer.h renderer.
 } VEView;
 
 /// The zoom at which the picture's edges meet the output's.

@@ -26,8 +26,6 @@ constexpr Query kState[] = {
     QUERY(GL_UNPACK_ALIGNMENT), QUERY(GL_UNPACK_ROW_LENGTH), QUERY(GL_UNPACK_SKIP_ROWS),
     QUERY(GL_UNPACK_SKIP_PIXELS), QUERY(GL_UNPACK_IMAGE_HEIGHT), QUERY(GL_UNPACK_SKIP_IMAGES),
     QUERY(GL_PACK_ALIGNMENT), QUERY(GL_PACK_ROW_LENGTH), QUERY(GL_VIEWPORT),
-    QUERY(GL_BLEND), QUERY(GL_BLEND_SRC_RGB), QUERY(GL_BLEND_DST_RGB), QUERY(GL_BLEND_SRC_ALPHA),
-    QUERY(GL_BLEND_DST_ALPHA), QUERY(GL_BLEND_EQUATION_RGB), QUERY(GL_BLEND_EQUATION_ALPHA),
     QUERY(GL_BLEND_COLOR), QUERY(GL_SCISSOR_TEST), QUERY(GL_SCISSOR_BOX), QUERY(GL_DEPTH_TEST),
     QUERY(GL_DEPTH_FUNC), QUERY(GL_DEPTH_WRITEMASK), QUERY(GL_DEPTH_RANGE),
     QUERY(GL_DEPTH_CLEAR_VALUE), QUERY(GL_CULL_FACE), QUERY(GL_CULL_FACE_MODE), QUERY(GL_FRONT_FACE),
@@ -35,7 +33,7 @@ constexpr Query kState[] = {
     QUERY(GL_STENCIL_VALUE_MASK), QUERY(GL_STENCIL_FAIL), QUERY(GL_STENCIL_PASS_DEPTH_FAIL),
     QUERY(GL_STENCIL_PASS_DEPTH_PASS), QUERY(GL_STENCIL_BACK_FUNC), QUERY(GL_STENCIL_BACK_REF),
     QUERY(GL_STENCIL_BACK_WRITEMASK), QUERY(GL_STENCIL_CLEAR_VALUE),
-    QUERY(GL_STENCIL_WRITEMASK), QUERY(GL_COLOR_WRITEMASK), QUERY(GL_COLOR_CLEAR_VALUE),
+    QUERY(GL_STENCIL_WRITEMASK), QUERY(GL_COLOR_CLEAR_VALUE),
     QUERY(GL_DITHER), QUERY(GL_POLYGON_OFFSET_FILL), QUERY(GL_POLYGON_OFFSET_FACTOR),
     QUERY(GL_POLYGON_OFFSET_UNITS), QUERY(GL_SAMPLE_COVERAGE), QUERY(GL_SAMPLE_COVERAGE_VALUE),
     QUERY(GL_SAMPLE_COVERAGE_INVERT), QUERY(GL_SAMPLE_ALPHA_TO_COVERAGE),
@@ -45,9 +43,10 @@ constexpr Query kState[] = {
     QUERY(GL_PROGRAM_PIPELINE_BINDING), QUERY(GL_DRAW_INDIRECT_BUFFER_BINDING),
     QUERY(GL_SHADER_STORAGE_BUFFER_BINDING), QUERY(GL_PACK_SKIP_ROWS), QUERY(GL_PACK_SKIP_PIXELS),
     QUERY(GL_GENERATE_MIPMAP_HINT), QUERY(GL_SAMPLE_MASK), QUERY(GL_SAMPLE_SHADING)};
-constexpr GLenum kBlending[] = {
-    GL_BLEND_SRC_RGB, GL_BLEND_DST_RGB, GL_BLEND_SRC_ALPHA, GL_BLEND_DST_ALPHA,
-    GL_BLEND_EQUATION_RGB, GL_BLEND_EQUATION_ALPHA};
+constexpr Query kBufferState[] = {
+    QUERY(GL_BLEND_SRC_RGB), QUERY(GL_BLEND_DST_RGB), QUERY(GL_BLEND_SRC_ALPHA),
+    QUERY(GL_BLEND_DST_ALPHA), QUERY(GL_BLEND_EQUATION_RGB), QUERY(GL_BLEND_EQUATION_ALPHA),
+    QUERY(GL_COLOR_WRITEMASK)};
 constexpr Query kUnitState[] = {
     QUERY(GL_TEXTURE_BINDING_2D), QUERY(GL_TEXTURE_BINDING_EXTERNAL_OES),
     QUERY(GL_TEXTURE_BINDING_CUBE_MAP), QUERY(GL_TEXTURE_BINDING_3D),
@@ -75,7 +74,7 @@ GlSnapshot::GlSnapshot(GLuint vertexArray) : vertexArray_(vertexArray) {
         values_[query.name] = Read(query.value);
     }
     readUnits();
-    readBlending();
+    readDrawBuffers();
     readVertexArray(vertexArray);
     readVertexArray(0);
     glBindVertexArray(static_cast<GLuint>(values_["GL_VERTEX_ARRAY_BINDING"].front()));
@@ -91,18 +90,16 @@ void GlSnapshot::readUnits() {
     glActiveTexture(static_cast<GLenum>(values_["GL_ACTIVE_TEXTURE"].front()));
 }
 
-void GlSnapshot::readBlending() {
+void GlSnapshot::readDrawBuffers() {
     const auto buffers = static_cast<GLuint>(Read(GL_MAX_DRAW_BUFFERS).front());
     for (GLuint buffer = 0; buffer < buffers; ++buffer) {
-        std::vector<GLint> values = {glIsEnabledi(GL_BLEND, buffer)};
-        for (const GLenum name : kBlending) {
-            glGetIntegeri_v(name, buffer, &values.emplace_back());
+        const std::string suffix = ", draw buffer " + std::to_string(buffer);
+        values_["GL_BLEND" + suffix] = {glIsEnabledi(GL_BLEND, buffer)};
+        for (const Query& query : kBufferState) {
+            std::vector<GLint>& values = values_[query.name + suffix];
+            values.resize(4);
+            glGetIntegeri_v(query.value, buffer, values.data());
         }
-        values_["blending, draw buffer " + std::to_string(buffer)] = values;
-        GLint channels[4] = {};
-        glGetIntegeri_v(GL_COLOR_WRITEMASK, buffer, channels);
-        values_["GL_COLOR_WRITEMASK, draw buffer " + std::to_string(buffer)] = {
-            std::begin(channels), std::end(channels)};
     }
 }
 
@@ -120,14 +117,4 @@ void GlSnapshot::readVertexArray(GLuint array) {
         glGetVertexAttribiv(i, GL_VERTEX_ATTRIB_ARRAY_ENABLED, &enabled);
         glGetVertexAttribiv(i, GL_VERTEX_ATTRIB_ARRAY_BUFFER_BINDING, &buffers.emplace_back());
     }
-}
-
-StateNames GlSnapshot::ChangedSince(const GlSnapshot& earlier) const {
-    StateNames changed;
-    for (const auto& [name, value] : values_) {
-        if (value != earlier.values_.at(name)) {
-            changed.insert(name);
-        }
-    }
-    return changed;
 }

@@ -3,12 +3,10 @@
 #include <GLES3/gl32.h>
 
 #include <map>
-#include <set>
 #include <string>
 #include <vector>
 
-/// Names of state, such as "GL_BLEND", or "GL_TEXTURE_BINDING_2D, unit 5" for texture unit 5.
-using StateNames = std::set<std::string>;
+/// By names such as "GL_DITHER", or "GL_TEXTURE_BINDING_2D, unit 5" for texture unit 5.
 using StateValues = std::map<std::string, std::vector<GLint>>;
 
 /// The state of the current context, as far as drawing could change it. Needs OpenGL ES 3.2.
@@ -20,13 +18,12 @@ public:
 
     /// The state now, with the same vertex arrays as this one.
     GlSnapshot again() const { return GlSnapshot(vertexArray_); }
-    StateNames ChangedSince(const GlSnapshot& earlier) const;
 
     const StateValues& values() const { return values_; }
 
 private:
     void readUnits();
-    void readBlending();
+    void readDrawBuffers();
     void readVertexArray(GLuint array);
 
     GLuint vertexArray_;

@@ -10,7 +10,7 @@
 namespace {
 
 const std::string kOtherBuffers = "blending, draw buffers 1 and up";
-const std::string kBlending = "blending, draw buffer ";
+const std::string kBuffer = ", draw buffer ";
 
 /// Splits \p line at two or more spaces.
 std::vector<std::string> Columns(const std::string& line) {
@@ -84,8 +84,9 @@ void StateTable::apply(const Row& row, const StateCall& call, const StateValues&
                        StateValues& expected, StateNames& own) {
     if (row.state == kOtherBuffers) {
         for (auto& [state, values] : expected) {
-            if (state.rfind(kBlending, 0) == 0) {
-                values = before.at(kBlending + "0");
+            const size_t at = state.find(kBuffer);
+            if (at != std::string::npos && state.rfind("GL_BLEND", 0) == 0) {
+                values = before.at(state.substr(0, at) + kBuffer + "0");
             }
         }
         return;

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "support/GlSnapshot.h"
+
+using StateNames = std::set<std::string>;
 
 /// A call, as the tables of the public headers name it.
 struct StateCall {
