@@ -6,4 +6,4 @@ trap 'rm -rf "$work"' EXIT
 for number in $(seq 1001 1024); do
     cp "$2" "$work/$number.png"
 done
-"$1" "$work/%04d.png" --quiet --out "$3"
+"$1" "$work/%04d.png" --quiet --overwrite --out "$3"

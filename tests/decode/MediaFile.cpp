@@ -20,6 +20,7 @@ void WriteMedia(const std::string& path, const AVCodecContext& encoder,
         file.Write(*packet, video, {1, AV_TIME_BASE});
     }
     file.Finish();
+    file.Commit();
 }
 
 void WriteMedia(const std::string& path, TestStream stream, int count) {

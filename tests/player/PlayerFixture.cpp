@@ -46,7 +46,7 @@ RunResult PlayerTest::Play(const std::string& arguments) const {
 }
 
 void PlayerTest::PlayWell(const std::string& arguments) const {
-    const RunResult result = Play("--quiet " + arguments);
+    const RunResult result = Play("--quiet --overwrite " + arguments);
     ASSERT_EQ(result.status, 0) << arguments << "\n" << result.errors;
     ASSERT_EQ(result.errors, "") << arguments;
 }

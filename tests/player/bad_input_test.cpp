@@ -15,39 +15,61 @@ TEST_F(BadInputTest, BadInputGivesOneLineAndLeavesNothingBehind) {
     WriteImage("in.png", Opaque(Noise({9, 7}, 1)));
     std::ofstream(Path("text.bin")) << "no picture at all, only text\n";
     std::filesystem::create_directory(Path("taken.png"));
+    WriteClip("clip", 2, {8, 8});
+    std::filesystem::create_symlink("in.png", Path("link.png"));
+    std::filesystem::create_hard_link(Path("in.png"), Path("same.png"));
+    std::filesystem::create_directory_symlink("clip", Path("there"));
+    std::ofstream(Path("deep.json")) << std::string(20000, '[');
+    std::ofstream(Path("script.png")) << "{}";
     const std::set<std::string> before = Files();
-    for (const std::string arguments : {"",
-                                        "none.mp4 --out out.mp4",
-                                        "none/%04d.png --out out/%04d.png",
-                                        "text.bin --out out.png",
-                                        "in.png --start 5 --out out.png",
-                                        "in.png --nonsense --out out.png",
-                                        "in.png --size 0x7 --out out.png",
-                                        "in.png --size 9 --out out.png",
-                                        "in.png --size 99999x7 --out out.png",
-                                        "in.png --out out.mp4",
-                                        "in.png --out out.bmp",
-                                        "in.png --out out.mkv",
-                                        "in.png --out out%s.png",
-                                        "in.png --out none/out.png",
-                                        "in.png --size 8x8 --out none/out.mp4",
-                                        "in.png --size 8x8 --out none/out.webm",
-                                        "in.png --out none/out.gif",
-                                        "in.png --out none/out.webp",
-                                        "in.png --script none.json --out out.png",
-                                        "in.png --script text.bin --mirror --out out.png",
-                                        "in.png --out taken.png",
-                                        "in.png --out text.bin/%d.png",
-                                        "in.png --mask text.bin --out out.png",
-                                        "in.png --sticker text.bin --at 1,2 --out out.png",
-                                        "in.png --sticker in.png --at 1,2,3 --out out.png",
-                                        "in.png --at 1,2 --out out.png",
-                                        "in.png --view 0,0,two,0 --out out.png",
-                                        "in.png --view 0,0,2,0 --fit --out out.png",
-                                        "in.png --clear 0,0,0,256 --out out.png",
-                                        "in.png --frames 0 --out out.png",
-                                        "in.png --start nan --out out.png",
-                                        "in.png --backdrop red --size 8x8 --out out.mp4"}) {
+    const Image picture = Read("in.png");
+    for (const std::string arguments :
+         {"",
+          "in.png --overwrite --out in.png",
+          "in.png --overwrite --out ./clip/../in.png",
+          "file:in.png --overwrite --out in.png",
+          "in.png --overwrite --out link.png",
+          "link.png --overwrite --out in.png",
+          "in.png --overwrite --out same.png",
+          "in.png --overwrite --out there/%d.png --mask clip/%04d.png",
+          "clip/%04d.png --overwrite --out there/0002.png",
+          "clip/0001.png --overwrite --out in.png --at 1,2 "
+          "--sticker same.png",
+          "in.png --overwrite --script script.png --out script.png",
+          "in.png --out taken.png/%d.png --script /dev/zero",
+          "in.png --out new.png --script deep.json",
+          "in.png --out same2.png --script text.bin",
+          "none.mp4 --out out.mp4",
+          "none/%04d.png --out out/%04d.png",
+          "text.bin --out out.png",
+          "in.png --start 5 --out out.png",
+          "in.png --nonsense --out out.png",
+          "in.png --size 0x7 --out out.png",
+          "in.png --size 9 --out out.png",
+          "in.png --size 99999x7 --out out.png",
+          "in.png --out out.mp4",
+          "in.png --out out.bmp",
+          "in.png --out out.mkv",
+          "in.png --out out%s.png",
+          "in.png --out none/out.png",
+          "in.png --size 8x8 --out none/out.mp4",
+          "in.png --size 8x8 --out none/out.webm",
+          "in.png --out none/out.gif",
+          "in.png --out none/out.webp",
+          "in.png --script none.json --out out.png",
+          "in.png --script text.bin --mirror --out out.png",
+          "in.png --out taken.png",
+          "in.png --out text.bin/%d.png",
+          "in.png --mask text.bin --out out.png",
+          "in.png --sticker text.bin --at 1,2 --out out.png",
+          "in.png --sticker in.png --at 1,2,3 --out out.png",
+          "in.png --at 1,2 --out out.png",
+          "in.png --view 0,0,two,0 --out out.png",
+          "in.png --view 0,0,2,0 --fit --out out.png",
+          "in.png --clear 0,0,0,256 --out out.png",
+          "in.png --frames 0 --out out.png",
+          "in.png --start nan --out out.png",
+          "in.png --backdrop red --size 8x8 --out out.mp4"}) {
         const RunResult result = Play(arguments);
         EXPECT_EQ(result.status, 2) << arguments;
         EXPECT_EQ(result.errors.rfind("vornplay: ", 0), 0U) << arguments << "\n" << result.errors;
@@ -55,6 +77,7 @@ TEST_F(BadInputTest, BadInputGivesOneLineAndLeavesNothingBehind) {
             << arguments << "\n"
             << result.errors;
         EXPECT_EQ(Files(), before) << arguments;
+        EXPECT_EQ(Read("in.png").pixels, picture.pixels) << arguments;
     }
 }
 

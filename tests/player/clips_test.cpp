@@ -93,7 +93,8 @@ TEST_F(ClipsTest, EveryFrameKeepsItsTime) {
                                       : std::vector<std::string>{"out.mp4"};
         for (const std::string path : {"cpu", "decode"}) {
             for (const std::string& out : outputs) {
-                const RunResult result = Play(row.clip + " --path " + path + " --out " + out);
+                const RunResult result =
+                    Play("--overwrite " + row.clip + " --path " + path + " --out " + out);
                 const std::string where = row.clip + ", " + path + ", " + out;
                 EXPECT_EQ(result.status, 0) << where << result.errors;
                 EXPECT_EQ(result.errors.find("repaired") != std::string::npos,

@@ -66,9 +66,9 @@ TEST_F(StopTest, CtrlCFinishesTheFileAndSaysWhere) {
     WriteNoise(150, {192, 144});
     PlayWell("in/%d.png --out in.mp4");
     for (const std::string input : {"in/%d.png", "in.mp4 --path decode"}) {
-        for (const std::string out : {"out.mp4", "out.webp"}) {
-            const RunResult result =
-                PlayOnTerminal(std::string(input).append(" --json --out ").append(out), " left");
+        for (const std::string out : {"out.mp4", "out.webm", "out.webp"}) {
+            const RunResult result = PlayOnTerminal(
+                std::string(input).append(" --overwrite --json --out ").append(out), " left");
             const std::string& text = result.errors;
             EXPECT_EQ(result.status, 130) << text;
             std::smatch bar;
@@ -90,7 +90,9 @@ TEST_F(StopTest, CtrlCFinishesTheFileAndSaysWhere) {
             EXPECT_NEAR(std::stod(stop[2]), frames / 25.0, 0.006);
             EXPECT_NE(text.find("\"status\":\"stopped\",\"exit_status\":130"), std::string::npos);
             EXPECT_EQ(ReadFrames(Path(out)).size(), static_cast<size_t>(frames));
-            EXPECT_FALSE(std::filesystem::exists(Path(out + ".part")));
+            for (const std::string& file : Files()) {
+                EXPECT_EQ(file.find(".part"), std::string::npos) << file;
+            }
         }
     }
 }
@@ -101,17 +103,12 @@ TEST_F(StopTest, FullDiskIsOneLineAndLeavesNoBrokenFile) {
     for (const OutputKind& kind : OutputKinds()) {
         const std::string out = kind.example;
         // Files of at most 16 blocks, which are half a KiB each.
-        RunResult result = Run("ulimit -f 16; " VORNPLAY, "in/%d.png --quiet --out " + out);
+        const RunResult result = Run("ulimit -f 16; " VORNPLAY,
+                                     "in/%d.png --quiet --json --out " + out + " > failed.json");
         EXPECT_EQ(result.status, 2) << out;
         const bool numbered = kind.frames == OutputFrames::kNumbered;
         const std::string name = numbered ? NumberedPath(out).At(1) : out;
-        EXPECT_EQ(result.errors, "vornplay: " + name + ": cannot be written: File too large\n");
-
-        std::filesystem::create_directory(Path("dir"));
-        std::filesystem::create_symlink("/dev/full", Path(name + ".part"));
-        result = Play("in/%d.png --quiet --json --out " + out + " > failed.json");
-        EXPECT_EQ(result.status, 2) << out;
-        const std::string error = name + ": cannot be written: No space left on device";
+        const std::string error = name + ": cannot be written: File too large";
         EXPECT_EQ(result.errors, "vornplay: " + error + "\n");
         EXPECT_EQ(ReadJson("failed.json")["status"], "failed");
         EXPECT_EQ(ReadJson("failed.json")["error"], error);
@@ -119,6 +116,33 @@ TEST_F(StopTest, FullDiskIsOneLineAndLeavesNoBrokenFile) {
         std::filesystem::remove(Path("dir"));
         EXPECT_EQ(Files(), before) << out;
     }
+}
+
+TEST_F(StopTest, WhatStoodThereStandsUnlessItMayBeReplaced) {
+    WriteNoise(2, {16, 16});
+    for (const std::string out : {"out.png", "out.mp4", "out.webp", "out.gif"}) {
+        const auto reads = [&] {
+            std::ifstream file(Path(out));
+            return std::string(std::istreambuf_iterator<char>(file), {});
+        };
+        std::ofstream(Path(out)) << "earlier";
+        const std::string play = "in/%d.png --quiet --out " + out;
+        RunResult result = Play(play);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.errors,
+                  "vornplay: " + out + ": exists already; --overwrite replaces it\n");
+        for (const std::string stdout_ : {" > /dev/full", " | true; exit ${PIPESTATUS[0]}"}) {
+            result =
+                Run("bash -c 'sleep 0.2; " VORNPLAY, play + " --overwrite --json" + stdout_ + "'");
+            EXPECT_EQ(result.status, 2) << stdout_;
+            EXPECT_EQ(result.errors.rfind("vornplay: stdout: cannot be written: ", 0), 0U)
+                << result.errors;
+        }
+        EXPECT_EQ(reads(), "earlier") << out;
+        PlayWell(play);
+        EXPECT_NE(reads(), "earlier") << out;
+    }
+    EXPECT_EQ(Files().size(), 7U) << "no unfinished file stays";
 }
 
 TEST_F(StopTest, JsonTellsWhatBecameOfTheRun) {

@@ -39,6 +39,16 @@ std::string NumberedPath::At(int number) const {
     return before_ + std::string(zeros, '0') + digits + after_;
 }
 
+bool NumberedPath::Matches(const std::string& path) const {
+    const size_t around = before_.size() + after_.size();
+    if (path.size() <= around || path.compare(0, before_.size(), before_) != 0 ||
+        path.compare(path.size() - after_.size(), after_.size(), after_) != 0) {
+        return false;
+    }
+    const std::string number = path.substr(before_.size(), path.size() - around);
+    return number.find_first_not_of("0123456789") == std::string::npos;
+}
+
 void CreateDirectoryOf(const std::string& path) {
     const std::filesystem::path directory = std::filesystem::path(path).parent_path();
     std::error_code error;

@@ -13,6 +13,9 @@ public:
 
     std::string At(int number) const;
 
+    /// Whether a path is this name with some number.
+    bool Matches(const std::string& path) const;
+
 private:
     std::string before_;
     std::string after_;

@@ -5,10 +5,14 @@
 #include <memory>
 #include <string>
 
-/// A file that others write as "<name>.part". It gets its name once it is whole.
+/// What becomes of a file that has the name already.
+enum class Existing { kReplaced, kKept };
+
+/// A file that others write as "<name>.<process>.part". It gets its name once it is whole.
 class PendingFile {
 public:
-    explicit PendingFile(std::string target);
+    /// Creates it, empty, under a name that no other program uses. \throws ToolError
+    explicit PendingFile(std::string target, Existing existing = Existing::kReplaced);
     /// Removes what was written, unless it was committed.
     ~PendingFile();
     PendingFile(const PendingFile&) = delete;
@@ -21,18 +25,23 @@ public:
     void Commit();
 
 private:
+    void Create();
+
     std::string target_;
     std::string path_;
+    Existing existing_;
 };
 
 /// A file that is written from memory. It gets its name once it is whole; a failure leaves no file.
 class OutputFile {
 public:
     /// Opens it for writing. \throws ToolError
-    explicit OutputFile(const std::string& path);
+    explicit OutputFile(const std::string& path, Existing existing = Existing::kReplaced);
 
     /// \throws ToolError
     void Write(const void* bytes, size_t count);
+    /// Completes the file, still without its name. \throws ToolError
+    void Close();
     /// \throws ToolError
     void Commit();
 
@@ -47,3 +56,6 @@ private:
     PendingFile pending_;
     std::unique_ptr<std::FILE, CloseFile> file_;
 };
+
+/// \throws ToolError that \p path exists, and what to do
+[[noreturn]] void RefuseExisting(const std::string& path);

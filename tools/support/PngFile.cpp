@@ -4,7 +4,6 @@
 
 #include <vector>
 
-#include "support/OutputFile.h"
 #include "support/ToolError.h"
 
 namespace {
@@ -28,8 +27,8 @@ Image FinishReading(png_image& record, const std::string& name) {
     return image;
 }
 
-void Write(const std::string& path, Size size, png_uint_32 format, const uint8_t* pixels) {
-    OutputFile file(path);
+std::vector<uint8_t> Encode(const std::string& path, Size size, png_uint_32 format,
+                            const uint8_t* pixels) {
     PngRecord png;
     png.record.width = static_cast<png_uint_32>(size.width);
     png.record.height = static_cast<png_uint_32>(size.height);
@@ -40,7 +39,13 @@ void Write(const std::string& path, Size size, png_uint_32 format, const uint8_t
     if (png_image_write_to_memory(&png.record, bytes.data(), &count, 0, pixels, 0, nullptr) == 0) {
         throw ToolError(path + ": cannot be written: " + png.record.message);
     }
-    file.Write(bytes.data(), count);
+    bytes.resize(count);
+    return bytes;
+}
+
+void Write(const std::string& path, const std::vector<uint8_t>& bytes, Existing existing) {
+    OutputFile file(path, existing);
+    file.Write(bytes.data(), bytes.size());
     file.Commit();
 }
 
@@ -62,10 +67,14 @@ Image DecodePng(const uint8_t* data, size_t size) {
     return FinishReading(png.record, "PNG");
 }
 
-void WritePng(const std::string& path, const Image& image) {
-    Write(path, image.size, PNG_FORMAT_RGBA, image.pixels.data());
+std::vector<uint8_t> EncodePng(const std::string& path, const Image& image) {
+    return Encode(path, image.size, PNG_FORMAT_RGBA, image.pixels.data());
+}
+
+void WritePng(const std::string& path, const Image& image, Existing existing) {
+    Write(path, EncodePng(path, image), existing);
 }
 
 void WriteGrayPng(const std::string& path, Size size, const uint8_t* pixels) {
-    Write(path, size, PNG_FORMAT_GRAY, pixels);
+    Write(path, Encode(path, size, PNG_FORMAT_GRAY, pixels), Existing::kReplaced);
 }

@@ -4,6 +4,8 @@
 #include <iostream>
 #include <new>
 
+#include "support/ToolError.h"
+
 extern "C" {
 #include <libavutil/log.h>
 }
@@ -11,7 +13,11 @@ extern "C" {
 int RunTool(const char* name, const std::function<int()>& body) {
     av_log_set_level(AV_LOG_QUIET);
     try {
-        return body();
+        const int status = body();
+        if (!std::cout.flush()) {
+            throw ToolError("stdout: cannot be written");
+        }
+        return status;
     } catch (const std::bad_alloc&) {
         std::cerr << name << ": out of memory\n";
     } catch (const std::exception& error) {

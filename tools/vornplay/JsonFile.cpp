@@ -17,10 +17,16 @@ namespace {
 using nlohmann::json;
 
 std::string ReadText(const std::string& path) {
+    constexpr size_t kMost = 1 << 20;
     std::ifstream file(path, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    if (!file) {
+    std::string text(kMost + 1, '\0');
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+    if (file.bad() || !file.is_open()) {
         throw ToolError(path + ": " + std::generic_category().message(errno));
+    }
+    text.resize(static_cast<size_t>(file.gcount()));
+    if (text.size() > kMost) {
+        throw ToolError(path + ": larger than 1 MiB, which no script needs");
     }
     return text;
 }
@@ -86,11 +92,16 @@ private:
         std::set<std::string> keys;
     };
 
-    /// The line of the byte before \p position.
-    int LineAt(size_t position) const {
+    /// The line of the byte before \p position, which never goes back.
+    int LineAt(size_t position) {
         const size_t before = std::min(position, text_.size());
-        const auto end = text_.begin() + static_cast<ptrdiff_t>(before > 0 ? before - 1 : 0);
-        return 1 + static_cast<int>(std::count(text_.begin(), end, '\n'));
+        const size_t end = std::max(counted_, before > 0 ? before - 1 : 0);
+        const auto at = [this](size_t index) {
+            return text_.begin() + static_cast<ptrdiff_t>(index);
+        };
+        line_ += static_cast<int>(std::count(at(counted_), at(end), '\n'));
+        counted_ = end;
+        return line_;
     }
 
     /// The line of the token that was read last. After a number the parser has read one more byte.
@@ -110,6 +121,10 @@ private:
     }
 
     bool Open(bool array) {
+        constexpr size_t kDeepest = 16;
+        if (open_.size() == kDeepest) {
+            FailAt(path_, Line(), "nested too deep");
+        }
         Value();
         if (!open_.empty()) {
             Container& container = open_.back();
@@ -134,6 +149,8 @@ private:
     std::string path_;
     const std::string& text_;
     std::istringstream stream_;
+    size_t counted_ = 0;  ///< Bytes whose line ends are in line_.
+    int line_ = 1;
     std::vector<Container> open_;
     json::json_pointer where_;
     std::map<std::string, int> lines_;

@@ -3,6 +3,7 @@
 #include <map>
 
 #include "OptionValues.h"
+#include "OutputGuard.h"
 #include "export/Output.h"
 #include "support/CommandLine.h"
 #include "support/ToolError.h"
@@ -137,6 +138,7 @@ void AddOutputOptions(CommandLine& line, Options& options) {
                 "Write to " + OutputExamples() + " (default: show it in a window)");
     line.Option("--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
                 "Behind transparent parts of output without alpha (default: checker)");
+    line.Flag("--overwrite", options.overwrite, "Replace an output that exists already");
     line.Flag("--json", options.json, "Print the result as a line of JSON");
     line.Flag("--no-window", options.noWindow,
               "Without --out: draw all frames and report how long that took");
@@ -171,8 +173,12 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
     if (options.realtime && options.handover == Handover::kPixels) {
         throw ToolError("--realtime is for compressed frames, not for --path cpu");
     }
+    CheckIsNoInput(options.out, options.input, "input");
+    CheckIsNoInput(options.out, options.mask, "mask");
+    CheckIsNoInput(options.out, script, "script");
     if (!script.empty()) {
         ReadScriptInto(options, script);
     }
+    CheckIsNoInput(options.out, options.sticker, "sticker");
     return options;
 }

@@ -40,6 +40,7 @@ struct Options {
     Rgba clear = {0, 0, 0, 255};
     Backdrop backdrop;
 
+    bool overwrite = false;
     bool noWindow = false;
     bool json = false;
     bool quiet = false;

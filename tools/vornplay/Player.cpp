@@ -16,7 +16,8 @@ std::optional<Output> Open(const Options& options, const Stage& stage) {
         return std::nullopt;
     }
     const FrameSource& source = stage.Source();
-    return OpenOutput({options.out, stage.FrameSize(), options.backdrop, source.File(),
+    const Existing existing = options.overwrite ? Existing::kReplaced : Existing::kKept;
+    return OpenOutput({options.out, existing, stage.FrameSize(), options.backdrop, source.File(),
                        source.Times().Clock(), source.Seconds(), options.autorotate});
 }
 
@@ -49,7 +50,11 @@ int Player::Play() {
         output_->sink->Finish(stopped_ || out_ == limit_);
         Remark(output_->sink->Remark());
     }
-    return Report();
+    const int status = Report();
+    if (output_.has_value() && out_ > 0) {
+        output_->sink->Commit();
+    }
+    return status;
 }
 
 void Player::Remark(const std::string& remark) const {
@@ -136,7 +141,7 @@ int Player::Report() const {
     const int broken = brokenInput || brokenMask ? kExitBroken : kExitDone;
     const int status = stopped_ ? kExitInterrupted : broken;
     if (options_.json) {
-        std::cout << ToJson(Summarize(status)) << std::endl;
+        PrintLine(ToJson(Summarize(status)));
     }
     return status;
 }

@@ -1,9 +1,12 @@
 #include "RunSummary.h"
 
+#include <cerrno>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <system_error>
 
 #include "support/RunTool.h"
+#include "support/ToolError.h"
 
 namespace {
 
@@ -47,6 +50,13 @@ void ReportRepaired(const std::string& path, int64_t frames) {
     if (frames > 0) {
         std::cerr << "vornplay: " << path << ": the time stamps of " << frames
                   << " frames are missing or step back; they were repaired\n";
+    }
+}
+
+void PrintLine(const std::string& line) {
+    errno = 0;
+    if (!(std::cout << line << std::endl)) {
+        throw ToolError("stdout: cannot be written: " + std::generic_category().message(errno));
     }
 }
 

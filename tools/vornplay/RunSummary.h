@@ -34,6 +34,9 @@ bool ReportBroken(const std::string& path, int64_t lost, int64_t damaged);
 /// Says on stderr that time stamps were repaired, if some were.
 void ReportRepaired(const std::string& path, int64_t frames);
 
+/// Prints a line on stdout. \throws ToolError
+void PrintLine(const std::string& line);
+
 /// As one line of JSON.
 std::string ToJson(const RunSummary& summary);
 

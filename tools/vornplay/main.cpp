@@ -6,6 +6,7 @@
 #include "Interrupt.h"
 #include "LogSink.h"
 #include "Options.h"
+#include "OutputGuard.h"
 #include "Player.h"
 #include "RunSummary.h"
 #include "support/RunTool.h"
@@ -26,9 +27,10 @@ void KeepLargeBlocks() {
     mallopt(M_TRIM_THRESHOLD, kKept);
 }
 
-int Play(const Options& options) {
+int Play(Options& options) {
     CatchInterrupts();  // With a window, SDL catches them.
     try {
+        CheckReplaces(options);
         return Player(options).Play();
     } catch (const std::exception& error) {
         if (options.json) {
@@ -39,7 +41,7 @@ int Play(const Options& options) {
 }
 
 int Run(int argc, char** argv) {
-    const std::optional<Options> options = ParseOptions(argc, argv);
+    std::optional<Options> options = ParseOptions(argc, argv);
     if (!options.has_value()) {
         return kExitDone;
     }
@@ -54,7 +56,8 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     KeepLargeBlocks();
-    // Writing beyond a limit on file sizes is then an error like others.
+    // Writing beyond a limit on file sizes or to a closed pipe is then an error like others.
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     return RunTool("vornplay", [argc, argv] { return Run(argc, argv); });
 }

@@ -5,11 +5,13 @@
 
 #include "support/Backdrop.h"
 #include "support/Image.h"
+#include "support/OutputFile.h"
 #include "support/VideoFile.h"
 
 /// What an output is made from.
 struct OutputSettings {
     std::string path;
+    Existing existing;
     Size size;               ///< Of every frame.
     Backdrop backdrop;       ///< For files without alpha.
     const VideoFile& input;  ///< Gives the frame rate, the color tags and the audio.
@@ -36,10 +38,13 @@ public:
     ///        before. \throws ToolError
     virtual void Write(const Image& frame, int64_t time) = 0;
 
-    /// Completes the output; without it there is none.
+    /// Completes the output, which still lacks its name.
     /// \param cutShort the input goes on after the last frame that was written
     /// \throws ToolError
     virtual void Finish(bool cutShort) { (void)cutShort; }
+
+    /// Gives the finished output its name; without it there is none. \throws ToolError
+    virtual void Commit() {}
 
     /// What the output could not keep of the input, in a line for the user; empty if nothing. Known
     /// at the end.

@@ -44,7 +44,7 @@ void GifWriter::FreeGraph::operator()(AVFilterGraph* graph) const {
 }
 
 GifWriter::GifWriter(const OutputSettings& settings)
-    : muxer_(CheckRate(settings), "gif"),
+    : muxer_(CheckRate(settings), "gif", settings.existing),
       video_(muxer_, Coding(), settings.size, settings.input.FrameRate(), GifClock(settings.clock),
              ColorTags()),
       graph_(avfilter_graph_alloc()),

@@ -18,6 +18,7 @@ public:
 
     void Write(const Image& frame, int64_t time) override;
     void Finish(bool cutShort) override;
+    void Commit() override { muxer_.Commit(); }
     std::string Remark() const override;
 
 private:

@@ -7,7 +7,8 @@ void Muxer::CloseOutput::operator()(AVFormatContext* output) const {
     avformat_free_context(output);
 }
 
-Muxer::Muxer(const std::string& target, const char* container) : target_(target), file_(target) {
+Muxer::Muxer(const std::string& target, const char* container, Existing existing)
+    : target_(target), file_(target, existing) {
     AVFormatContext* output = nullptr;
     Check(avformat_alloc_output_context2(&output, nullptr, container, file_.Path().c_str()));
     output_.reset(output);
@@ -73,5 +74,4 @@ void Muxer::Write(AVPacket& packet, const AVStream& stream, AVRational timeBase)
 void Muxer::Finish() {
     Check(av_write_trailer(output_.get()));
     Check(avio_closep(&output_->pb));
-    file_.Commit();
 }

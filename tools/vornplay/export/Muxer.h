@@ -15,7 +15,8 @@ using LibavOptions = std::vector<std::pair<const char*, const char*>>;
 class Muxer {
 public:
     /// \param container libavformat's name of it. \throws ToolError
-    Muxer(const std::string& target, const char* container);
+    Muxer(const std::string& target, const char* container,
+          Existing existing = Existing::kReplaced);
 
     const std::string& Target() const { return target_; }
     /// Whether decoders find their parameters in the header of the file.
@@ -31,7 +32,9 @@ public:
     void Begin(const LibavOptions& options);
     /// Writes a packet, whose times are in \p timeBase, and leaves it empty.
     void Write(AVPacket& packet, const AVStream& stream, AVRational timeBase);
+    /// Completes the file, still without its name.
     void Finish();
+    void Commit() { file_.Commit(); }
 
     /// \throws ToolError that the file cannot be written, for a negative result
     void Check(int result) const;

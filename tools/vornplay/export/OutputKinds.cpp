@@ -21,6 +21,7 @@ VideoCoding Vp9() {
              {"deadline", "good"},
              {"cpu-used", "4"},
              {"row-mt", "1"},
+             {"lag-in-frames", "0"},  // Else a stop has to wait for them.
              {"auto-alt-ref", "0"}}};
 }
 
@@ -35,7 +36,7 @@ auto Video(const VideoFormat& format) {
 }
 
 std::unique_ptr<FrameSink> Png(const OutputSettings& settings) {
-    return std::make_unique<PngWriter>(settings.path);
+    return std::make_unique<PngWriter>(settings);
 }
 
 std::unique_ptr<FrameSink> NumberedPng(const OutputSettings& settings) {
@@ -43,7 +44,7 @@ std::unique_ptr<FrameSink> NumberedPng(const OutputSettings& settings) {
 }
 
 std::unique_ptr<FrameSink> Webp(const OutputSettings& settings) {
-    return std::make_unique<WebpWriter>(settings.path, settings.clock);
+    return std::make_unique<WebpWriter>(settings);
 }
 
 std::unique_ptr<FrameSink> Gif(const OutputSettings& settings) {

@@ -3,7 +3,9 @@
 #include "support/PngFile.h"
 
 void PngWriter::Write(const Image& frame, int64_t /*time*/) {
-    WritePng(path_, frame);
+    const std::vector<uint8_t> bytes = EncodePng(path_, frame);
+    file_.Write(bytes.data(), bytes.size());
+    file_.Close();
 }
 
 void PngSequence::Write(const Image& frame, int64_t time) {
@@ -12,7 +14,7 @@ void PngSequence::Write(const Image& frame, int64_t time) {
     if (number_ == 1) {
         CreateDirectoryOf(path);
     }
-    WritePng(path, frame);
+    WritePng(path, frame, existing_);
 }
 
 std::string PngSequence::Remark() const {

@@ -9,12 +9,16 @@
 /// Writes one frame as a picture.
 class PngWriter : public FrameSink {
 public:
-    explicit PngWriter(std::string path) : path_(std::move(path)) {}
+    /// \throws ToolError
+    explicit PngWriter(const OutputSettings& settings)
+        : path_(settings.path), file_(settings.path, settings.existing) {}
 
     void Write(const Image& frame, int64_t time) override;
+    void Commit() override { file_.Commit(); }
 
 private:
     std::string path_;
+    OutputFile file_;
 };
 
 /// Writes each frame as a picture, numbered from 1 on.
@@ -22,13 +26,14 @@ class PngSequence : public FrameSink {
 public:
     /// \throws ToolError
     explicit PngSequence(const OutputSettings& settings)
-        : path_(settings.path), clock_(settings.clock) {}
+        : path_(settings.path), existing_(settings.existing), clock_(settings.clock) {}
 
     void Write(const Image& frame, int64_t time) override;
     std::string Remark() const override;
 
 private:
     NumberedPath path_;
+    Existing existing_;
     FrameClock clock_;
     bool varies_ = false;  ///< The frames do not come at a constant rate.
     int number_ = 0;

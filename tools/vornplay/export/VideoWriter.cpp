@@ -25,7 +25,7 @@ const std::string& CheckSize(const VideoFormat& format, const OutputSettings& se
 
 VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settings)
     : backdrop_(settings.backdrop),
-      muxer_(CheckSize(format, settings), format.container),
+      muxer_(CheckSize(format, settings), format.container, settings.existing),
       video_(muxer_, format.coding, settings.size, settings.input.FrameRate(), settings.clock,
              TagsOf(settings.input.Codec(), settings.size, format.coding.format)),
       audio_(muxer_, settings.input, settings.begin),

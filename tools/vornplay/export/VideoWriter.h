@@ -24,6 +24,7 @@ public:
 
     void Write(const Image& frame, int64_t time) override;
     void Finish(bool cutShort) override;
+    void Commit() override { muxer_.Commit(); }
     AudioReport Audio() const override { return audio_.Report(); }
 
 private:

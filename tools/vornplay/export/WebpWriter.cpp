@@ -56,8 +56,11 @@ void WebpWriter::DeleteAnimation::operator()(WebPMux* animation) const {
     WebPMuxDelete(animation);
 }
 
-WebpWriter::WebpWriter(const std::string& path, const FrameClock& clock)
-    : path_(path), file_(path), clock_(clock), animation_(WebPMuxNew()) {
+WebpWriter::WebpWriter(const OutputSettings& settings)
+    : path_(settings.path),
+      file_(settings.path, settings.existing),
+      clock_(settings.clock),
+      animation_(WebPMuxNew()) {
     const WebPMuxAnimParams forever = {0, 0};
     WebPMuxSetAnimationParams(animation_.get(), &forever);
 }
@@ -102,5 +105,5 @@ void WebpWriter::Finish(bool /*cutShort*/) {
         throw ToolError(path_ + ": libwebp cannot put the frames together");
     }
     file_.Write(data.bytes, data.size);
-    file_.Commit();
+    file_.Close();
 }

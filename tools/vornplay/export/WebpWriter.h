@@ -13,10 +13,11 @@ struct WebPMux;
 class WebpWriter : public FrameSink {
 public:
     /// \throws ToolError
-    WebpWriter(const std::string& path, const FrameClock& clock);
+    explicit WebpWriter(const OutputSettings& settings);
 
     void Write(const Image& frame, int64_t time) override;
     void Finish(bool cutShort) override;
+    void Commit() override { file_.Commit(); }
 
 private:
     struct DeleteAnimation {
