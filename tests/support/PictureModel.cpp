@@ -9,7 +9,10 @@
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
-constexpr double kTooClose = 1e-3;  ///< Of a texel, and of the square's unit.
+#ifndef MODEL_TOLERANCE
+#define MODEL_TOLERANCE 1e-3
+#endif
+constexpr double kTooClose = MODEL_TOLERANCE;  ///< Of a texel, and of the square's unit.
 constexpr Rgba kKeyColor = {169, 210, 216, 0};
 
 struct Point {

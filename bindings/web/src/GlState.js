@@ -101,9 +101,8 @@ export function setUploadState(gl) {
     gl.activeTexture(gl.TEXTURE0);
     gl.bindBuffer(gl.PIXEL_UNPACK_BUFFER, null);
     for (const name of unpackParameters(gl)) {
-        gl.pixelStorei(name, 0);
+        gl.pixelStorei(name, name === gl.UNPACK_ALIGNMENT ? 1 : 0);
     }
-    gl.pixelStorei(gl.UNPACK_ALIGNMENT, 1);
 }
 
 /** @param {WebGL2RenderingContext} gl */

@@ -24,6 +24,8 @@ export { VornError };
  * @property {number} [height] likewise.
  * @property {[number, number, number, number]} [background] around the picture: red, green, blue
  *     and alpha from 0 to 1. Black, opaque.
+ * @property {boolean} [keepState] false leaves the state of an application's context changed, which is
+ *     faster. True.
  * @property {string | URL} [wasmUrl] where vornrenderer-wasm.wasm is; beside this module. The first
  *     renderer of a page decides.
  */
@@ -32,7 +34,7 @@ export { VornError };
  * @typedef {object} DrawOptions
  * @property {PictureSource | null} [mask] decides about the picture's pixels at the same place:
  *     black ones disappear, the others have the mask's alpha. Without one the last mask stays; null
- *     draws the whole picture.
+ *     draws the whole picture this time.
  * @property {boolean} [mirrored] swaps left and right of the picture, and of each sticker in
  *     itself. False.
  * @property {0 | 90 | 180 | 270} [rotation] of the picture, clockwise. 0.
@@ -85,8 +87,7 @@ export class VornRenderer {
      * Creates a renderer.
      *
      * On a canvas it draws onto the canvas, too. In an application's own context it only draws into
-     * {@link output}, whose first row is the picture's first row, and leaves all other state as it
-     * was.
+     * {@link output}, whose first row is the picture's first row, and gives back all state.
      *
      * @param {HTMLCanvasElement | OffscreenCanvas | WebGL2RenderingContext} target
      * @param {CreateOptions} [options]
@@ -116,7 +117,7 @@ export class VornRenderer {
         this.#gl = gl;
         this.#wasm = wasm;
         this.#ownContext = ownContext;
-        this.#state = ownContext ? null : new GlState(gl);
+        this.#state = ownContext || options.keepState === false ? null : new GlState(gl);
         this.#background = options.background ?? [0, 0, 0, 1];
         this.#output = /** @type {WebGLTexture} */ (gl.createTexture());
         this.#framebuffer = gl.createFramebuffer();
@@ -167,7 +168,8 @@ export class VornRenderer {
     /**
      * Draws a picture.
      *
-     * @param {PictureSource | null} source null draws the last one again
+     * @param {PictureSource | null} source is uploaded, unless it is a texture; null draws the last
+     *     one again
      * @param {DrawOptions} [options]
      * @returns {boolean} false if there is no picture yet: a video has none before it plays.
      *     Nothing was drawn then.
@@ -176,13 +178,13 @@ export class VornRenderer {
         requireArgument([0, 90, 180, 270].includes(rotation), 'rotation is 0, 90, 180 or 270');
         return this.#guarded(() => {
             this.#source = source === null ? this.#source : this.#sources.picture.of(source);
-            if (mask !== undefined) {
-                this.#mask = mask === null ? null : this.#sources.mask.of(mask);
+            if (mask) {
+                this.#mask = this.#sources.mask.of(mask);
             }
             if (this.#source === null) {
                 return false;
             }
-            this.#drawInto(this.#source, mirrored, rotation);
+            this.#drawInto(this.#source, mask === null ? null : this.#mask, mirrored, rotation);
             return true;
         });
     }
@@ -240,16 +242,17 @@ export class VornRenderer {
 
     /**
      * @param {WebGLTexture} source
+     * @param {WebGLTexture | null} mask
      * @param {boolean} mirrored
      * @param {number} rotation
      */
-    #drawInto(source, mirrored, rotation) {
+    #drawInto(source, mask, mirrored, rotation) {
         const gl = this.#gl;
         const [red, green, blue, alpha] = this.#background;
         gl.clearColor(red, green, blue, alpha);
         this.#wasm.draw({
             source,
-            mask: this.#mask,
+            mask,
             sticker: this.#sticker,
             mirrored,
             rotation,

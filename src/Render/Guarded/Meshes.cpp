@@ -89,6 +89,9 @@ void StickerMesh::draw(const StickerPlaces& places) const {
                 --room;
             }
         }
+        if (filled == 0) {  // WebGL takes a size of 0 for all there is.
+            return;
+        }
         GLES3::glBufferSubData(GL_ARRAY_BUFFER, 0,
                                static_cast<GLsizeiptr>(sizeof(StickerVertex)) * filled, vertices);
         GLES3::glDrawArrays(GL_TRIANGLES, 0, filled);

@@ -1,0 +1,3 @@
+/** The module that Emscripten writes. */
+declare const createModule: (options: { locateFile: () => string }) => Promise<any>;
+export default createModule;
