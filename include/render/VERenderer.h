@@ -50,8 +50,8 @@
 ///
 /// A function returns 0 when it is done, even if there was nothing to do. It returns -1 for a bad
 /// argument and logs nothing then. GL errors are logged (Android log, priority INFO) and never
-/// returned. When memory runs out, std::bad_alloc leaves the function: destroy the renderer. The
-/// exception ends the process if it meets C code that is compiled without -fexceptions.
+/// returned. When memory runs out, std::bad_alloc leaves the function. The call may be repeated. In
+/// C code that is compiled without -fexceptions, the exception can end the process.
 
 #include <stdint.h>
 
