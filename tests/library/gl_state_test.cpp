@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <random>
 
 #include "gl/GLES3.h"
@@ -16,12 +17,12 @@ protected:
     GlState() { Fill(stickerTexture, Noise({2, 2}, 3)); }
 
     /// One call from the hostile state.
-    void expectKept(const char* name, StateNames given, std::function<void()> call) {
+    void expectKept(const char* name, StateNames given, const std::function<void()>& call) {
         given.insert(masked() ? "masked" : "plain");
         given.insert("raw");
         table.expectKept({name, given, 32, 16}, call);
     }
-    bool masked() const { return std::get<0>(GetParam()) == VE_OUTPUT_MASKED; }
+    static bool masked() { return std::get<0>(GetParam()) == VE_OUTPUT_MASKED; }
 
     /// One update with the pixels and stickers that are given.
     void update(const char* name, StateNames given) {
