@@ -54,8 +54,8 @@ bool TakeAddress(JNIEnv* env, jobject buffer, jint position, const void*& addres
 }
 
 jint Create(JNIEnv* env, jclass /*type*/, jint texture, jint format, jint source, jint width,
-            jint height, jint maskFormat, jint maskWidth, jint maskHeight, jboolean drawAtOnce,
-            jboolean keepState, jlongArray created) {
+            jint height, jint outputWidth, jint outputHeight, jint maskFormat, jint maskWidth,
+            jint maskHeight, jboolean drawAtOnce, jboolean keepState, jlongArray created) {
     std::unique_ptr<Peer> peer(new (std::nothrow) Peer);
     if (peer == nullptr) {
         return VE_ERROR_MEMORY;
@@ -68,6 +68,8 @@ jint Create(JNIEnv* env, jclass /*type*/, jint texture, jint format, jint source
     options.source = source;
     options.sourceWidth = width;
     options.sourceHeight = height;
+    options.outputWidth = outputWidth;
+    options.outputHeight = outputHeight;
     options.outputTexture = static_cast<uint32_t>(texture);
     options.outputFormat = format;
     options.maskFormat = maskWidth > 0 ? maskFormat : 0;
@@ -90,7 +92,8 @@ jint Create(JNIEnv* env, jclass /*type*/, jint texture, jint format, jint source
 }
 
 jint Draw(JNIEnv* env, jclass /*type*/, jlong renderer, jobject frame, jint framePosition,
-          jobject mask, jint maskPosition, jboolean mirrored, jfloat x, jfloat y, jfloat zoom) {
+          jobject mask, jint maskPosition, jint rotation, jboolean mirrored, jfloat x, jfloat y,
+          jfloat zoom) {
     Peer& peer = AsPeer(renderer);
     const VEView view = {x, y, zoom};
     VEDrawOptions options = VEMakeDrawOptions();
@@ -98,6 +101,7 @@ jint Draw(JNIEnv* env, jclass /*type*/, jlong renderer, jobject frame, jint fram
         !TakeAddress(env, mask, maskPosition, options.mask)) {
         return VE_ERROR_JAVA;
     }
+    options.rotation = rotation;
     options.mirror = mirrored != JNI_FALSE;
     options.view = &view;
     options.stickerTexture = peer.stickerTexture;
@@ -197,8 +201,8 @@ JNINativeMethod Method(const char* name, const char* signature, Function* functi
 
 bool RegisterMethods(JNIEnv* env) {
     const std::array methods = {
-        Method("create", "(IIIIIIIIZZ[J)I", Create),
-        Method("draw", "(JLjava/nio/ByteBuffer;ILjava/nio/ByteBuffer;IZFFF)I", Draw),
+        Method("create", "(IIIIIIIIIIZZ[J)I", Create),
+        Method("draw", "(JLjava/nio/ByteBuffer;ILjava/nio/ByteBuffer;IIZFFF)I", Draw),
         Method("setStickers", "(JI[I)I", SetStickers),
         Method("stickers", "(J)[I", Stickers),
         Method("isNewPicture", "(J)Z", IsNewPicture),

@@ -27,7 +27,7 @@ abstract class AbstractRenderer implements AutoCloseable {
     }
 
     /**
-     * The width of frames and destination.
+     * The width of frames.
      *
      * @return pixels
      */
@@ -36,12 +36,30 @@ abstract class AbstractRenderer implements AutoCloseable {
     }
 
     /**
-     * The height of frames and destination.
+     * The height of frames.
      *
      * @return pixels
      */
     public final int height() {
         return settings.height;
+    }
+
+    /**
+     * The width of the texture that is drawn into.
+     *
+     * @return pixels
+     */
+    public final int outputWidth() {
+        return settings.outputWidth;
+    }
+
+    /**
+     * The height of the texture that is drawn into.
+     *
+     * @return pixels
+     */
+    public final int outputHeight() {
+        return settings.outputHeight;
     }
 
     /**

@@ -54,6 +54,12 @@ final class Check {
         }
     }
 
+    static void rotation(int degrees) {
+        if (degrees != 0 && degrees != 90 && degrees != 180 && degrees != 270) {
+            throw new IllegalArgumentException("pictures are not turned by " + degrees);
+        }
+    }
+
     static void time(long timeUs) {
         if (timeUs > MOST_US || timeUs < -MOST_US) {
             throw new IllegalArgumentException("no unit has the time " + timeUs);

@@ -6,6 +6,8 @@ final class Settings {
     final int width;
     final int height;
     int texture;
+    int outputWidth;
+    int outputHeight;
     PixelLayout destination = PixelLayout.RGBA;
     PixelLayout mask;
     int maskWidth;
@@ -18,11 +20,15 @@ final class Settings {
         this.source = source;
         this.width = width;
         this.height = height;
+        outputWidth = width;
+        outputHeight = height;
     }
 
     Settings(Settings other) {
         this(other.source, other.width, other.height);
         texture = other.texture;
+        outputWidth = other.outputWidth;
+        outputHeight = other.outputHeight;
         destination = other.destination;
         mask = other.mask;
         maskWidth = other.maskWidth;
@@ -57,6 +63,8 @@ final class Settings {
                         source.code,
                         width,
                         height,
+                        outputWidth,
+                        outputHeight,
                         mask == null ? 0 : mask.maskCode,
                         maskWidth,
                         maskHeight,

@@ -61,6 +61,7 @@ public final class VideoRenderer extends DecodingRenderer {
 
     private final int frameBytes;
     private final int maskBytes;
+    private int rotation;
     private boolean mirrored;
     private float x;
     private float y;
@@ -118,7 +119,8 @@ public final class VideoRenderer extends DecodingRenderer {
         int maskPosition = Check.position(mask, maskBytes, "mask");
         RendererException.check(
                 NativeRenderer.draw(
-                        renderer, frame, framePosition, mask, maskPosition, mirrored, x, y, zoom));
+                        renderer, frame, framePosition, mask, maskPosition, rotation,
+                        mirrored, x, y, zoom));
         return NativeRenderer.isNewPicture(renderer);
     }
 
@@ -131,6 +133,19 @@ public final class VideoRenderer extends DecodingRenderer {
      */
     public long pictureTimeUs() {
         return NativeRenderer.pictureTimeUs(handle());
+    }
+
+    /**
+     * Turns the picture, from the next call of draw on. Mask and stickers keep their places.
+     *
+     * @param degrees clockwise: 0, 90, 180 or 270; 0 at the start
+     * @throws IllegalArgumentException for another angle
+     * @throws IllegalStateException if the renderer is closed or belongs to another thread
+     */
+    public void setRotation(int degrees) {
+        handle();
+        Check.rotation(degrees);
+        rotation = degrees;
     }
 
     /**
@@ -212,6 +227,15 @@ public final class VideoRenderer extends DecodingRenderer {
     }
 
     /**
+     * How far the picture is turned.
+     *
+     * @return what {@link #setRotation} set
+     */
+    public int rotation() {
+        return rotation;
+    }
+
+    /**
      * Whether the picture is mirrored.
      *
      * @return what {@link #setMirrored} set
@@ -275,8 +299,8 @@ public final class VideoRenderer extends DecodingRenderer {
          * The stream.
          *
          * @param source what the renderer will be given
-         * @param width of the frames and of the destination, in pixels; decoded pictures of another
-         *     size are stretched
+         * @param width of the frames and, without {@link #outputSize}, of the destination, in
+         *     pixels; decoded pictures of another size are stretched
          * @param height of the same, in pixels
          * @throws IllegalArgumentException if a side is not positive, or no buffer can hold a frame
          */
@@ -311,6 +335,22 @@ public final class VideoRenderer extends DecodingRenderer {
             Check.texture(texture);
             settings.destination = Objects.requireNonNull(layout);
             settings.texture = texture;
+            return this;
+        }
+
+        /**
+         * The size of the destination if it is not that of the frames. The picture is stretched.
+         *
+         * @param width in pixels
+         * @param height in pixels
+         * @return this
+         * @throws IllegalArgumentException if a side is not positive, or no buffer can hold a picture
+         */
+        @NotNull
+        public Builder outputSize(int width, int height) {
+            PixelLayout.RGBA.bytes(width, height);
+            settings.outputWidth = width;
+            settings.outputHeight = height;
             return this;
         }
 

@@ -53,6 +53,19 @@ public class DrawTest extends GlTest {
     }
 
     @Test
+    public void picturesAreTurnedInAnOutputOfAnotherSize() {
+        VideoRenderer.Builder builder =
+                builder(VideoSource.RGB, WIDTH, HEIGHT).outputSize(40, 60).drawAtOnce();
+        try (VideoRenderer renderer = builder.build()) {
+            renderer.setRotation(90); // The left half comes to the top.
+            renderer.draw(frame(PixelLayout.RGB));
+            BufferedImage image = drawn(renderer.outputWidth(), renderer.outputHeight());
+            assertEquals(LEFT, pixel(image, 35, 20));
+            assertEquals(RIGHT, pixel(image, 5, 40));
+        }
+    }
+
+    @Test
     public void aRendererKeepsWhatItWasBuiltWith() {
         VideoRenderer.Builder builder =
                 builder(VideoSource.RGB, 8, 4).mask(PixelLayout.RGBA, 3, 2).keepState(false);

@@ -79,6 +79,7 @@ public class RefusalTest extends GlTest {
             badArgument("3 numbers are no pairs", () -> renderer.setStickers(1, 1, 2, 3));
             badArgument("-1 is not a texture", () -> renderer.setStickers(-1, 1, 2));
             assertThrows(NullPointerException.class, () -> renderer.setStickers(1, (int[]) null));
+            badArgument("pictures are not turned by 45", () -> renderer.setRotation(45));
             badArgument("no view is at NaN, 0.0, zoom 2.0", () -> renderer.setView(Float.NaN, 2));
             badArgument(
                     "no view is at 0.0, 1.0, zoom 6.0", () -> renderer.setView(0, 1, 6));
