@@ -53,7 +53,7 @@ android {
 
     sourceSets {
         getByName("main") {
-            java.setSrcDirs(listOf(repository.resolve("bindings/java/src")))
+            java.srcDir(repository.resolve("bindings/java/src"))
         }
     }
 

@@ -79,10 +79,12 @@ for (const line of shown.split('\n')) {
     const head = line.match(/(?:class|interface) ([\w.$]+).*{$/);
     const member = line.match(/^ +(.*?)([\w.$]+)(?:\((.*)\)| = (.*))?(?: throws .*)?;$/);
     let known;
-    if (head) {
+    if (head && !/^ *(public|protected) /.test(line)) {
+        type = '';
+    } else if (head) {
         type = head[1].replaceAll('$', '.');
         known = classes.get(type);
-    } else if (member && !line.includes('{}')) {
+    } else if (type && member) {
         const [, modifiers, name, given, value] = member;
         const isConstructor = name.replaceAll('$', '.') === type;
         const key = (/\bstatic\b/.test(modifiers) ? 'static ' : '') +
@@ -91,7 +93,8 @@ for (const line of shown.split('\n')) {
         if (known && value && /^-?\d+$/.test(known.value) && parseInt(value) !== Number(known.value)) {
             wrong.push(`${type}.${name} is ${known.value}`);
         }
-    } else {
+    }
+    if (!type || (!head && !member)) {
         continue;
     }
     ++checked;

@@ -2,12 +2,13 @@
 # Compiles the sample and the Java code of docs/android.md as for Android: resources and manifests
 # against the system's own, classes against declarations of what they use. The declarations, and the
 # classes of the Android platform for Linux, are compared with a list of what Android has.
-# sample.sh SOURCE WORK API-JAR PLATFORM-JAR
+# sample.sh SOURCE WORK API-JAR PLATFORM-JAR KIT-JAR
 set -euo pipefail
 source=$1
 work=$2
 api=$3
 platform=$4
+kit=$5
 level=24
 declarations=$(cd "$(dirname "$0")/declarations" && pwd)
 framework=/usr/share/android-framework-res/framework-res.apk
@@ -26,7 +27,7 @@ package() {
 compile() {
     find "$@" -name '*.java' >"$work/sources"
     javac --release 11 -Xlint:all,-processing -Werror -d "$work/classes" \
-        -cp "$api:$work/declared" "@$work/sources"
+        -cp "$api:$kit:$work/declared:$platform" "@$work/sources"
 }
 # holds MODULE TEXT
 holds() {
@@ -43,7 +44,7 @@ package sample org.vornrenderer.sample -m -J "$work/java" -S "$main/res"
 activity=$(aapt dump badging "$work/sample.apk" | sed -n "s/^launchable-activity: name='\([^']*\)'.*/\1/p")
 
 find "$declarations" -name '*.java' >"$work/sources"
-javac --release 11 -d "$work/declared" "@$work/sources"
+javac --release 11 -cp "$platform" -d "$work/declared" "@$work/sources"
 check() { node "$source/tests/android/check_api.mjs" "$list" "$level" "$@"; }
 list=$("$source/scripts/android-types")
 check "$work/declared"
@@ -60,6 +61,7 @@ compile "$main/java" "$work/java"
     printf 'import %s; ' android.app.Activity 'android.opengl.*' android.os.Bundle \
         java.nio.ByteBuffer javax.microedition.khronos.egl.EGLConfig \
         javax.microedition.khronos.opengles.GL10 'org.vornrenderer.*'
-    "$source/docs/examples/extract.sh" "$source/docs/android.md" java
+    "$source/docs/examples/extract.sh" "$source/docs/android.md" java |
+        sed 's/^public final class MovieActivity/final class MovieActivity/' # A file has one public class.
 } >"$work/MainActivity.java"
 compile "$work/MainActivity.java"

@@ -8,6 +8,10 @@ import android.view.View;
 public class Activity extends Context {
     public static final int RESULT_OK = -1;
 
+    public final native String getString(int id, Object... arguments);
+
+    public native Intent getIntent();
+
     protected native void onCreate(Bundle state);
 
     protected native void onResume();
@@ -19,8 +23,6 @@ public class Activity extends Context {
     public native void setContentView(View view);
 
     public native <T extends View> T findViewById(int id);
-
-    public final native void runOnUiThread(Runnable action);
 
     public native void startActivityForResult(Intent intent, int request);
 

@@ -2,45 +2,46 @@ package org.vornrenderer.sample;
 
 import android.app.Activity;
 import android.content.Intent;
-import android.opengl.GLSurfaceView;
 import android.os.Bundle;
 import android.widget.Switch;
 import android.widget.Toast;
+import org.vornrenderer.VornVideoView;
 
-/** Plays a file that the user picks. Drag moves it, pinch zooms, tap puts a sticker. */
+/** Plays a file that the user picks. Drag moves it, pinch zooms, double tap resets. */
 public final class PlayerActivity extends Activity {
     private static final int PICK_VIDEO = 1;
 
-    private GLSurfaceView picture;
-    private Player player;
+    private VornVideoView video;
 
     @Override
     protected void onCreate(Bundle state) {
         super.onCreate(state);
         setContentView(R.layout.player);
-        player = new Player(this, e -> runOnUiThread(() -> showUnplayable(e)));
-        picture = findViewById(R.id.picture);
-        picture.setEGLContextClientVersion(3);
-        picture.setRenderer(player);
-        picture.setOnTouchListener(new Gestures(picture, player));
+        video = findViewById(R.id.video);
+        video.setLooping(true);
+        video.setErrorListener(this::showUnplayable);
         findViewById(R.id.open).setOnClickListener(button -> pickVideo());
         Switch mirror = findViewById(R.id.mirror);
-        mirror.setOnCheckedChangeListener(
-                (button, on) -> picture.queueEvent(() -> player.setMirrored(on)));
+        mirror.setOnCheckedChangeListener((button, on) -> video.setMirrored(on));
     }
 
     @Override
     protected void onResume() {
         super.onResume();
-        picture.onResume();
+        video.onResume();
     }
 
-    /** The GL thread runs the event before it pauses, while its context is current. */
     @Override
     protected void onPause() {
-        picture.queueEvent(player::close);
-        picture.onPause();
+        video.onPause();
         super.onPause();
+    }
+
+    @Override
+    protected void onActivityResult(int request, int result, Intent picked) {
+        if (request == PICK_VIDEO && result == RESULT_OK && picked != null) {
+            video.play(picked.getData());
+        }
     }
 
     private void pickVideo() {
@@ -48,13 +49,6 @@ public final class PlayerActivity extends Activity {
         intent.addCategory(Intent.CATEGORY_OPENABLE);
         intent.setType("video/*");
         startActivityForResult(intent, PICK_VIDEO);
-    }
-
-    @Override
-    protected void onActivityResult(int request, int result, Intent data) {
-        if (request == PICK_VIDEO && result == RESULT_OK && data != null) {
-            picture.queueEvent(() -> player.play(data.getData()));
-        }
     }
 
     private void showUnplayable(Exception reason) {

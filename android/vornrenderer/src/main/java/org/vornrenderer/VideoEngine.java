@@ -1,0 +1,405 @@
+package org.vornrenderer;
+
+import android.content.Context;
+import android.graphics.Bitmap;
+import android.net.Uri;
+import java.io.FileDescriptor;
+import java.io.IOException;
+import java.util.Objects;
+import java.util.function.LongSupplier;
+import org.jetbrains.annotations.NotNull;
+import org.jetbrains.annotations.Nullable;
+
+/**
+ * Plays a clip into the framebuffer of a GL thread. {@link VornVideoView} is this in a view; use the
+ * engine on a GL thread of the application.
+ *
+ * <p>All methods but the queries of position, duration and {@link #isPlaying} belong to the GL
+ * thread. A clip is an H.264 video in a file that MediaExtractor reads. It is turned as the file
+ * says, and held to the clip's time: what is late is skipped.
+ */
+public final class VideoEngine {
+    /** What happens in an engine. All methods are called on the GL thread. */
+    public interface Listener {
+        /** A clip shows its first picture. */
+        default void onStart() {}
+
+        /**
+         * Another picture was drawn into the framebuffer.
+         *
+         * @param timeUs its time in the clip, in microseconds
+         */
+        default void onFrame(long timeUs) {}
+
+        /** The last picture of a clip that does not loop was shown. */
+        default void onEnd() {}
+
+        /**
+         * The clip cannot be played, or not any further. It is closed.
+         *
+         * @param reason a {@link RendererException}, or an exception of the platform
+         */
+        default void onError(@NotNull Exception reason) {}
+    }
+
+    /** Units that are passed on in one call at most, while the picture is late. */
+    private static final int CATCH_UP = 4;
+
+    /** Draws in which a decoder can give a picture out before it gets another unit ahead of time. */
+    private static final int DRAWS_FOR_PICTURE = 3;
+
+    /** The same for a picture that stays, and so should be the right one. */
+    private static final int DRAWS_FOR_STILL = 6;
+
+    private final Listener listener;
+    private final PlaybackClock clock = new PlaybackClock();
+    private ClipFeed.Source source;
+    private boolean started;
+    private boolean looping;
+    private boolean mirrored;
+    private ScaleMode scaleMode = ScaleMode.FIT;
+    private int borderColor;
+    private final ViewPosition view = new ViewPosition();
+
+    // Not null while a clip is open.
+    private ClipFeed feed;
+    private Screen screen;
+    private VideoRenderer renderer;
+
+    /** No picture has come since the clip was opened or sought in. */
+    private boolean awaiting;
+
+    private int drawsSinceFeed;
+
+    private volatile boolean playing;
+    private volatile long positionUs;
+    private volatile long durationUs;
+
+    /**
+     * An engine without a clip.
+     *
+     * @param listener is told what happens
+     */
+    public VideoEngine(@NotNull Listener listener) {
+        this.listener = Objects.requireNonNull(listener);
+    }
+
+    /**
+     * Plays a clip from its start. It is opened by the next {@link #draw}.
+     *
+     * @param context to resolve the address
+     * @param clip the address
+     */
+    public void play(@NotNull Context context, @NotNull Uri clip) {
+        play(extractor -> extractor.setDataSource(context, clip, null));
+    }
+
+    /**
+     * Plays a clip from its start. It is opened by the next {@link #draw}.
+     *
+     * @param file stays open until the engine is closed or plays another clip
+     * @param offset of the clip in the file, in bytes
+     * @param length of the clip, in bytes
+     */
+    public void play(@NotNull FileDescriptor file, long offset, long length) {
+        Objects.requireNonNull(file);
+        play(extractor -> extractor.setDataSource(file, offset, length));
+    }
+
+    private void play(ClipFeed.Source newSource) {
+        close();
+        source = newSource;
+        clock.set(0);
+        positionUs = 0;
+        started = false;
+        playing = true;
+    }
+
+    /** Stops the time. The picture stays. */
+    public void pause() {
+        playing = false;
+        clock.run(false);
+    }
+
+    /** Continues after {@link #pause}, or from the start after the end. */
+    public void resume() {
+        if (source == null) {
+            return;
+        }
+        if (feed != null && feed.ended() && !playing) {
+            seekTo(0);
+        }
+        playing = true;
+        clock.run(!awaiting);
+    }
+
+    /**
+     * Continues at another time. Shows the pictures from the key frame before that time in quick
+     * succession.
+     *
+     * @param timeUs time in the clip, in microseconds
+     */
+    public void seekTo(long timeUs) {
+        clock.run(false);
+        clock.set(Math.max(0, timeUs));
+        positionUs = clock.positionUs();
+        awaiting = true;
+        if (renderer != null) {
+            renderer.flush();
+            feed.seek(positionUs);
+        }
+    }
+
+    /**
+     * Sets whether the clip starts again at its end.
+     *
+     * @param loop false at the start
+     */
+    public void setLooping(boolean loop) {
+        looping = loop;
+    }
+
+    /**
+     * Replaces the clock, for example with that of a player of the clip's sound.
+     *
+     * @param newClock gives the time in the clip in microseconds, on the GL thread; null for the
+     *     system's clock
+     */
+    public void setClock(@Nullable LongSupplier newClock) {
+        clock.use(newClock);
+    }
+
+    /**
+     * Sets how the picture fills the screen.
+     *
+     * @param mode {@link ScaleMode#FIT} at the start
+     */
+    public void setScaleMode(@NotNull ScaleMode mode) {
+        scaleMode = Objects.requireNonNull(mode);
+    }
+
+    /**
+     * Sets the color around the picture.
+     *
+     * @param color as in android.graphics.Color, without alpha; black at the start
+     */
+    public void setBorderColor(int color) {
+        borderColor = color;
+    }
+
+    /**
+     * Swaps left and right of the picture.
+     *
+     * @param mirror false at the start
+     */
+    public void setMirrored(boolean mirror) {
+        mirrored = mirror;
+    }
+
+    /**
+     * Moves the picture.
+     *
+     * @param right in pixels of the screen
+     * @param down in pixels of the screen
+     */
+    public void drag(float right, float down) {
+        if (screen != null) {
+            view.drag(right / screen.shownWidth(), down / screen.shownHeight());
+        }
+    }
+
+    /**
+     * Zooms the picture in or out, around its middle.
+     *
+     * @param factor more than 1 to zoom in
+     */
+    public void zoomBy(float factor) {
+        view.zoomBy(factor);
+    }
+
+    /** Shows the picture unmoved and as large as the screen allows. */
+    public void resetView() {
+        view.reset();
+    }
+
+    /**
+     * Whether the time runs. May be called on any thread.
+     *
+     * @return false without a clip, after pause and at the end
+     */
+    public boolean isPlaying() {
+        return playing;
+    }
+
+    /**
+     * The time of the picture. May be called on any thread.
+     *
+     * @return microseconds; after a seek the time that was sought
+     */
+    public long positionUs() {
+        return positionUs;
+    }
+
+    /**
+     * The length of the clip. May be called on any thread.
+     *
+     * @return microseconds; 0 until known
+     */
+    public long durationUs() {
+        return durationUs;
+    }
+
+    /**
+     * Draws the picture that is due, once per displayed frame, into the framebuffer 0.
+     *
+     * @param width of the screen in pixels
+     * @param height of the screen in pixels
+     */
+    public void draw(int width, int height) {
+        boolean isNew = false;
+        try {
+            if (renderer == null && source != null) {
+                open();
+            }
+            if (renderer != null) {
+                feed();
+                isNew = drawPicture();
+            }
+        } catch (IOException | RuntimeException e) {
+            fail(e);
+        }
+        if (screen == null) {
+            Screen.clear(borderColor);
+        } else {
+            screen.show(width, height, scaleMode, borderColor);
+        }
+        if (isNew) {
+            report();
+        }
+    }
+
+    /**
+     * The picture as it was drawn last, without borders.
+     *
+     * @return null before the first picture
+     */
+    @Nullable
+    public Bitmap capture() {
+        return renderer == null || awaiting ? null : screen.capture();
+    }
+
+    /** Frees everything but what is needed to continue: the next draw opens the clip again. */
+    public void suspend() {
+        if (screen != null) {
+            screen.close();
+        }
+        if (renderer != null) {
+            renderer.close();
+        }
+        forget();
+    }
+
+    /** Like {@link #suspend}, after the GL context was lost with all its objects. */
+    public void contextLost() {
+        if (renderer != null) {
+            renderer.closeAfterContextLoss();
+        }
+        forget();
+    }
+
+    /** Frees everything and forgets the clip. */
+    public void close() {
+        suspend();
+        source = null;
+        playing = false;
+        durationUs = 0;
+    }
+
+    private void forget() {
+        if (feed != null) {
+            feed.close();
+        }
+        feed = null;
+        screen = null;
+        renderer = null;
+        clock.run(false);
+        clock.set(positionUs);
+    }
+
+    private void fail(Exception reason) {
+        close();
+        listener.onError(reason);
+    }
+
+    private void open() throws IOException {
+        feed = new ClipFeed(source);
+        boolean upright = feed.rotation() % 180 == 0;
+        int width = upright ? feed.width() : feed.height();
+        int height = upright ? feed.height() : feed.width();
+        screen = new Screen(width, height);
+        renderer =
+                new VideoRenderer.Builder(VideoSource.H264, feed.width(), feed.height())
+                        .outputSize(width, height)
+                        .destination(screen.texture())
+                        .build();
+        renderer.setRotation(feed.rotation());
+        durationUs = feed.durationUs();
+        feed.seek(positionUs);
+        awaiting = true;
+    }
+
+    /** Passes on units while the picture is late. */
+    private void feed() {
+        int patience = playing ? DRAWS_FOR_PICTURE : DRAWS_FOR_STILL;
+        ++drawsSinceFeed;
+        for (int i = 0; i < CATCH_UP && isLate(); ++i) {
+            boolean early = feed.nextTimeUs() > clock.positionUs();
+            // The unit before may be all that the picture waits for.
+            boolean wait = early && !awaiting && drawsSinceFeed < patience;
+            if (wait || !feed.feed(renderer)) {
+                return;
+            }
+            drawsSinceFeed = 0;
+            if (early) {
+                return;
+            }
+        }
+    }
+
+    private boolean isLate() {
+        return awaiting || renderer.pictureTimeUs() + feed.frameTimeUs() <= clock.positionUs();
+    }
+
+    /** Returns whether the picture is another one than before. */
+    private boolean drawPicture() {
+        renderer.setMirrored(mirrored);
+        renderer.setView(view.x(), view.y(), view.zoom());
+        boolean isNew = renderer.draw();
+        if (isNew) {
+            awaiting = false;
+            drawsSinceFeed = playing ? DRAWS_FOR_PICTURE : 0; // Paused, more pictures may be coming.
+            clock.run(playing);
+            positionUs = renderer.pictureTimeUs();
+        } else if (playing && feed.ended() && renderer.decoderState().endOfStream) {
+            end();
+        }
+        return isNew;
+    }
+
+    private void report() {
+        if (!started) {
+            started = true;
+            listener.onStart();
+        }
+        listener.onFrame(positionUs);
+    }
+
+    private void end() {
+        if (looping) {
+            seekTo(0);
+            return;
+        }
+        pause();
+        listener.onEnd();
+    }
+}

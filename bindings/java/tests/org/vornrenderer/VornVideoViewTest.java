@@ -1,0 +1,272 @@
+package org.vornrenderer;
+
+import static org.junit.Assert.assertEquals;
+import static org.junit.Assert.assertFalse;
+import static org.junit.Assert.assertTrue;
+
+import android.content.Context;
+import android.graphics.Bitmap;
+import android.net.Uri;
+import android.opengl.GLES20;
+import android.opengl.GlThreads;
+import android.view.MotionEvent;
+import android.view.Pinch;
+import java.io.File;
+import java.io.FileInputStream;
+import java.io.IOException;
+import java.lang.management.ManagementFactory;
+import java.nio.ByteBuffer;
+import java.nio.file.Files;
+import java.nio.file.Path;
+import java.util.concurrent.BlockingQueue;
+import java.util.concurrent.CountDownLatch;
+import java.util.concurrent.LinkedBlockingQueue;
+import java.util.concurrent.TimeUnit;
+import org.junit.After;
+import org.junit.Before;
+import org.junit.Test;
+
+/** The view, unchanged, with Android's classes for the desktop. Pictures have their number in bars. */
+public class VornVideoViewTest {
+    private static final int WIDTH = 320;
+    private static final int HEIGHT = 240;
+    private static final int FRAME_US = 40_000;
+    private static final int LAST = 149;
+    private static final int BITS = 8;
+    private static final int PATIENCE_S = 60;
+
+    /** The renderer has Android fill an array with the matrix of each new picture. */
+    private static final long MATRIX_BYTES = 80;
+
+    private static final File CLIPS = new File(System.getProperty("vorn.clips"));
+
+    private final BlockingQueue<Exception> errors = new LinkedBlockingQueue<>();
+    private final CountDownLatch end = new CountDownLatch(1);
+    private VornVideoView view;
+
+    @Before
+    public void open() {
+        view = new VornVideoView(new Context() {});
+        view.setErrorListener(errors::add);
+        view.setEndListener(end::countDown);
+        view.layout(0, 0, WIDTH, HEIGHT);
+    }
+
+    @After
+    public void close() {
+        view.onPause();
+        GlThreads.end(view);
+        assertTrue(errors.toString(), errors.isEmpty());
+    }
+
+    private static Uri clip(String name) {
+        return Uri.fromFile(new File(CLIPS, name));
+    }
+
+    /** Waits until a picture of this number or a later one is shown. */
+    private long awaitPicture(int number) throws InterruptedException {
+        BlockingQueue<Long> times = new LinkedBlockingQueue<>();
+        view.setFrameListener(times::add);
+        Long time = 0L;
+        do {
+            time = times.poll(PATIENCE_S, TimeUnit.SECONDS);
+        } while (time < (long) number * FRAME_US);
+        view.setFrameListener(null);
+        return time;
+    }
+
+    private Bitmap capture() throws InterruptedException {
+        BlockingQueue<Bitmap> taken = new LinkedBlockingQueue<>();
+        view.capture(taken::add);
+        return taken.poll(PATIENCE_S, TimeUnit.SECONDS);
+    }
+
+    /** The number of the picture, once the decoder gives no more out. */
+    private int settled() throws InterruptedException {
+        int number = -1;
+        for (int same = 0; same < 10; ++same) {
+            int now = number(capture());
+            same = now == number ? same : 0;
+            number = now;
+            Thread.sleep(20);
+        }
+        return number;
+    }
+
+    private static int number(Bitmap picture) {
+        int number = 0;
+        for (int bit = 0; bit < BITS; ++bit) {
+            int x = (2 * bit + 1) * picture.getWidth() / (2 * BITS);
+            number |= (picture.getPixel(x, picture.getHeight() / 2) >> 7 & 1) << bit;
+        }
+        return number;
+    }
+
+    /** What is on the screen, on the GL thread, without garbage. */
+    private static int numberOnScreen(ByteBuffer row) {
+        GLES20.glReadPixels(0, HEIGHT / 2, WIDTH, 1, GLES20.GL_RGBA, GLES20.GL_UNSIGNED_BYTE, row);
+        int number = 0;
+        for (int bit = 0; bit < BITS; ++bit) {
+            number |= (row.get((2 * bit + 1) * WIDTH / (2 * BITS) * 4) >> 7 & 1) << bit;
+        }
+        return number;
+    }
+
+    @Test
+    public void showsEachPictureAtItsTimeWithoutGarbage() throws InterruptedException {
+        com.sun.management.ThreadMXBean threads =
+                (com.sun.management.ThreadMXBean) ManagementFactory.getThreadMXBean();
+        ByteBuffer row = ByteBuffer.allocateDirect(4 * WIDTH);
+        int[] shown = new int[LAST + 2];
+        long[] times = new long[LAST + 2];
+        long[] allocated = new long[LAST + 2];
+        int[] count = new int[1];
+        CountDownLatch begun = new CountDownLatch(1);
+        view.setFirstFrameListener(begun::countDown);
+        view.setFrameListener(
+                timeUs -> {
+                    int i = count[0]++;
+                    shown[i] = numberOnScreen(row);
+                    times[i] = timeUs;
+                    allocated[i] = threads.getThreadAllocatedBytes(Thread.currentThread().getId());
+                });
+        long start = System.nanoTime();
+        view.play(clip("bars.mp4"));
+        assertTrue(begun.await(PATIENCE_S, TimeUnit.SECONDS));
+        assertTrue(end.await(PATIENCE_S, TimeUnit.SECONDS));
+        long tookUs = (System.nanoTime() - start) / 1000;
+
+        for (int i = 0; i < count[0]; ++i) {
+            assertEquals(times[i], (long) shown[i] * FRAME_US);
+            assertTrue(i == 0 || shown[i] > shown[i - 1]);
+        }
+        assertEquals(LAST, shown[count[0] - 1]);
+        assertTrue(tookUs + " us", tookUs >= (LAST - 2) * FRAME_US);
+        assertEquals((LAST + 1L) * FRAME_US, view.durationUs());
+        int clean = 0;
+        for (int i = 1; i < count[0]; ++i) {
+            clean += allocated[i] - allocated[i - 1] <= MATRIX_BYTES ? 1 : 0;
+        }
+        assertTrue(clean + " of " + count[0], clean > count[0] * 9 / 10);
+    }
+
+    @Test
+    public void pausesSeeksAndCaptures() throws InterruptedException {
+        view.play(clip("bars.mp4"));
+        awaitPicture(5);
+        view.pause();
+        view.seekTo(100L * FRAME_US);
+        awaitPicture(100);
+        assertEquals(100, settled(), 2);
+        assertEquals(view.positionUs(), (long) settled() * FRAME_US);
+        view.setMirrored(true);
+        view.seekTo(0);
+        awaitPicture(0);
+        view.setMirrored(false);
+        view.resume();
+        awaitPicture(LAST);
+        assertTrue(end.await(PATIENCE_S, TimeUnit.SECONDS));
+        view.resume(); // From the start.
+        assertTrue(awaitPicture(1) < 100L * FRAME_US);
+    }
+
+    @Test
+    public void continuesAfterPausesTurnsAndLostContexts() throws Exception {
+        try (FileInputStream file = new FileInputStream(new File(CLIPS, "turned.mp4"))) {
+            view.play(file.getFD(), 0, new File(CLIPS, "turned.mp4").length());
+            awaitPicture(40);
+        }
+        view.layout(0, 0, HEIGHT, WIDTH); // The device is turned.
+        Bitmap picture = capture();
+        assertEquals(HEIGHT, picture.getWidth());
+        assertEquals(WIDTH, picture.getHeight());
+        GlThreads.loseContext(view);
+        view.play(clip("bars.mp4"));
+        view.seekTo(60L * FRAME_US);
+        awaitPicture(60);
+        view.pause();
+        long time = number(capture()) * (long) FRAME_US;
+        view.onPause();
+        view.onResume();
+        assertEquals(time, awaitPicture(60), 3 * FRAME_US);
+        GlThreads.loseContext(view);
+        assertEquals(time, awaitPicture(60), 3 * FRAME_US);
+    }
+
+    @Test
+    public void reportsWhatCannotBePlayed() throws InterruptedException {
+        view.play(clip("none.mp4"));
+        assertTrue(errors.poll(PATIENCE_S, TimeUnit.SECONDS) instanceof IOException);
+        view.play(clip("text.mp4"));
+        assertTrue(errors.poll(PATIENCE_S, TimeUnit.SECONDS) instanceof IOException);
+        view.queueEvent(() -> NextDecoder.fails(NextDecoder.CREATE, 0, 0));
+        assertFailure(RendererException.Reason.NO_DECODER);
+        view.queueEvent(
+                () -> NextDecoder.fails(NextDecoder.ALL, NextDecoder.ERROR_RECLAIMED, 20));
+        assertFailure(RendererException.Reason.DECODER_RECLAIMED);
+        view.play(clip("bars.mp4"));
+        awaitPicture(3);
+    }
+
+    private void assertFailure(RendererException.Reason reason) throws InterruptedException {
+        view.play(clip("bars.mp4"));
+        Exception error = errors.poll(PATIENCE_S, TimeUnit.SECONDS);
+        assertEquals(reason, ((RendererException) error).reason());
+        assertFalse(view.isPlaying());
+    }
+
+    private void touch(long timeMs, int action, float x, float y) {
+        view.onTouchEvent(MotionEvent.obtain(0, timeMs, action, x, y, 0));
+    }
+
+    @Test
+    public void fingersMoveThePicture() throws InterruptedException {
+        view.play(clip("bars.mp4"));
+        view.pause();
+        view.seekTo(65L * FRAME_US);
+        awaitPicture(65);
+        int number = settled();
+        touch(0, MotionEvent.ACTION_DOWN, 10, 10);
+        touch(10, MotionEvent.ACTION_MOVE, 90, 10); // To the right by two bars.
+        touch(20, MotionEvent.ACTION_UP, 90, 10);
+        assertEquals(number << 2 & 0xFF, settled());
+        touch(1000, MotionEvent.ACTION_DOWN, 10, 10);
+        touch(1010, MotionEvent.ACTION_UP, 10, 10);
+        touch(1020, MotionEvent.ACTION_DOWN, 10, 10);
+        assertEquals(number, settled());
+        Pinch.apply(view, 2); // Of bars 2 to 5, each is twice as wide.
+        assertEquals(number >> 2 & 1, settled() & 1);
+        assertEquals(number >> 5 & 1, settled() >> 7);
+    }
+
+    @Test
+    public void twoHundredLivesLeaveNothing() throws Exception {
+        long[] before = null;
+        for (int life = 0; life < 200; ++life) {
+            if (life == 50) {
+                before = resources();
+            }
+            view.play(clip("bars.mp4"));
+            awaitPicture(0);
+            if (life % 2 == 0) { // Else it is removed without a pause.
+                view.onPause();
+            }
+            GlThreads.end(view);
+            open();
+        }
+        long[] after = resources();
+        assertEquals("threads", before[0], after[0]);
+        assertEquals("open files", before[1], after[1]);
+        assertEquals("pages in memory", before[2], after[2], 8192); // 32 MB.
+    }
+
+    private static long[] resources() throws IOException {
+        System.gc();
+        String pages = Files.readString(Path.of("/proc/self/statm")).split(" ")[1];
+        return new long[] {
+            Thread.activeCount(),
+            new File("/proc/self/fd").list().length,
+            Long.parseLong(pages)
+        };
+    }
+}

@@ -1,0 +1,12 @@
+package android.opengl;
+
+/** OpenGL ES 3.0, as far as needed. */
+public class GLES30 extends GLES20 {
+    public static final int GL_DRAW_FRAMEBUFFER = 0x8CA9;
+    public static final int GL_READ_FRAMEBUFFER = 0x8CA8;
+
+    public static native void glBlitFramebuffer(
+            int srcX0, int srcY0, int srcX1, int srcY1,
+            int dstX0, int dstY0, int dstX1, int dstY1,
+            int mask, int filter);
+}

@@ -1,0 +1,60 @@
+package android.view;
+
+import android.content.Context;
+import android.util.AttributeSet;
+import java.util.concurrent.ExecutorService;
+import java.util.concurrent.Executors;
+
+/** A rectangle that a host lays out. */
+public class View {
+    public interface OnClickListener {
+        void onClick(View v);
+    }
+
+    private static final ExecutorService UI_THREAD =
+            Executors.newSingleThreadExecutor(
+                    task -> {
+                        Thread thread = new Thread(task, "main");
+                        thread.setDaemon(true);
+                        return thread;
+                    });
+
+    private final Context context;
+    private OnClickListener clickListener;
+
+    public View(Context context) {
+        this(context, null);
+    }
+
+    public View(Context context, AttributeSet attrs) {
+        this.context = context;
+    }
+
+    public final Context getContext() {
+        return context;
+    }
+
+    /** Runs the action on the thread of all views. */
+    public boolean post(Runnable action) {
+        UI_THREAD.execute(action);
+        return true;
+    }
+
+    /** A host calls this in place of the view's parent. */
+    public void layout(int l, int t, int r, int b) {}
+
+    public void setOnClickListener(OnClickListener l) {
+        clickListener = l;
+    }
+
+    public boolean performClick() {
+        if (clickListener != null) {
+            clickListener.onClick(this);
+        }
+        return clickListener != null;
+    }
+
+    public boolean onTouchEvent(MotionEvent event) {
+        return false;
+    }
+}
