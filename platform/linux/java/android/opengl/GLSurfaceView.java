@@ -62,7 +62,13 @@ public class GLSurfaceView extends SurfaceView {
         thread.queue(thread::endContext);
     }
 
+    @Override
+    protected void onAttachedToWindow() {
+        super.onAttachedToWindow();
+    }
+
     /** Ends the thread, as when the view leaves its window. */
+    @Override
     protected void onDetachedFromWindow() {
         thread.end();
     }

@@ -40,6 +40,10 @@ public class View {
         return true;
     }
 
+    protected void onAttachedToWindow() {}
+
+    protected void onDetachedFromWindow() {}
+
     /** A host calls this in place of the view's parent. */
     public void layout(int l, int t, int r, int b) {}
 

@@ -55,6 +55,7 @@ public final class VideoEngine {
     private final PlaybackClock clock = new PlaybackClock();
     private ClipFeed.Source source;
     private boolean started;
+    private boolean suspended;
     private boolean looping;
     private boolean mirrored;
     private ScaleMode scaleMode = ScaleMode.FIT;
@@ -258,7 +259,7 @@ public final class VideoEngine {
     public void draw(int width, int height) {
         boolean isNew = false;
         try {
-            if (renderer == null && source != null) {
+            if (renderer == null && source != null && !suspended) {
                 open();
             }
             if (renderer != null) {
@@ -288,18 +289,18 @@ public final class VideoEngine {
         return renderer == null || awaiting ? null : screen.capture();
     }
 
-    /** Frees everything but what is needed to continue: the next draw opens the clip again. */
+    /** Frees everything but what is needed to continue with {@link #wake}. */
     public void suspend() {
-        if (screen != null) {
-            screen.close();
-        }
-        if (renderer != null) {
-            renderer.close();
-        }
-        forget();
+        free();
+        suspended = true;
     }
 
-    /** Like {@link #suspend}, after the GL context was lost with all its objects. */
+    /** Continues after {@link #suspend}: the next draw opens the clip again. */
+    public void wake() {
+        suspended = false;
+    }
+
+    /** Tells that the GL context was lost with all its objects. The next draw opens the clip again. */
     public void contextLost() {
         if (renderer != null) {
             renderer.closeAfterContextLoss();
@@ -309,10 +310,20 @@ public final class VideoEngine {
 
     /** Frees everything and forgets the clip. */
     public void close() {
-        suspend();
+        free();
         source = null;
         playing = false;
         durationUs = 0;
+    }
+
+    private void free() {
+        if (screen != null) {
+            screen.close();
+        }
+        if (renderer != null) {
+            renderer.close();
+        }
+        forget();
     }
 
     private void forget() {

@@ -239,6 +239,18 @@ public class VornVideoView extends GLSurfaceView {
         super.onPause();
     }
 
+    @Override
+    public void onResume() {
+        super.onResume();
+        queueEvent(engine::wake);
+    }
+
+    @Override
+    protected void onAttachedToWindow() {
+        super.onAttachedToWindow();
+        queueEvent(engine::wake);
+    }
+
     /** Without a pause before, as for a view that is removed. The GL thread ends next. */
     @Override
     protected void onDetachedFromWindow() {
