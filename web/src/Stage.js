@@ -33,7 +33,8 @@ void main() {
     vec3 behind = kind == 1 ? blurred()
                 : kind == 2 ? texture(backdrop, (place - 0.5) * cover + 0.5).rgb
                 : color;
-    result = vec4(mix(behind, front.rgb, front.a), 1);
+    // Little confidence would show as haze.
+    result = vec4(mix(behind, front.rgb, smoothstep(0.2, 0.8, front.a)), 1);
 }`;
 
 const KINDS = { none: 0, blur: 1, picture: 2, color: 3 };

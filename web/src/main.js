@@ -82,6 +82,7 @@ function drawFrame() {
         person.update(source.picture, width, height);
     }
     const newMask = person.take(mirrored);
+    canvas.dataset.keyed = String(background !== 'none' && person.exists);
     if (stage.draw(source.newPicture, { mirrored, newMask, masked: person.exists })) {
         if (figures.frames++ === 0 && !figures.shown) {
             performance.mark('first-frame');
