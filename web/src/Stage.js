@@ -34,7 +34,7 @@ void main() {
                 : kind == 2 ? texture(backdrop, (place - 0.5) * cover + 0.5).rgb
                 : color;
     // Little confidence would show as haze.
-    result = vec4(mix(behind, front.rgb, smoothstep(0.2, 0.8, front.a)), 1);
+    result = vec4(mix(behind, front.rgb, smoothstep(0.4, 0.9, front.a)), 1);
 }`;
 
 const KINDS = { none: 0, blur: 1, picture: 2, color: 3 };
