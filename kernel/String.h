@@ -43,7 +43,7 @@ public:
             UTF8Util::DecodeNextChar(cursor_, end_);
             return *this;
         }
-        Iterator operator++(int) {
+        Iterator operator++(int) {  // NOLINT(cert-dcl21-cpp): a constant could not be moved from
             const Iterator before = *this;
             ++*this;
             return before;
