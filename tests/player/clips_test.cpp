@@ -159,3 +159,76 @@ TEST_F(ClipsTest, PicturesAreUprightAndSquare) {
     EXPECT_EQ(Probe("out.mp4", "stream=width,height").at(0).rfind("64,48", 0), 0U);
     EXPECT_EQ(Probe("out.mp4", "stream_side_data=rotation").at(0), "-90");
 }
+
+namespace {
+
+/// What is shown for a gray of PQ: its light, compressed up to 1000 cd/m², on a screen of
+/// gamma 2.4.
+double ShownPq(double signal) {
+    const double root = std::pow(signal, 32.0 / 2523.0);
+    const double light =
+        100.0 *
+        std::pow(std::max(root - 0.8359375, 0.0) / (18.8515625 - 18.6875 * root), 16384.0 / 2610.0);
+    const auto compressed = [](double x) {
+        return (x * (0.15 * x + 0.05) + 0.004) / (x * (0.15 * x + 0.5) + 0.06) - 0.02 / 0.3;
+    };
+    const double part = std::clamp(compressed(light) / compressed(10.0), 0.0, 1.0);
+    return 255.0 * std::pow(part, 1 / 2.4);
+}
+
+}  // namespace
+
+TEST_F(ClipsTest, SamplesOfEveryKindComeOutAsScreensShowThem) {
+    struct Row {
+        std::string clip;
+        std::string remark;
+        std::string stream;  ///< Of the output.
+    };
+    for (const Row& row :
+         {Row{"ten-bit.mp4", "", "64,48,smpte170m"},
+          Row{"interlaced.mp4", "interlaced.mp4: interlaced pictures are deinterlaced",
+              "64,48,smpte170m"},
+          Row{"odd.mkv", "padded to 64x48", "64,48,smpte170m"},
+          Row{"pq.mp4", "pq.mp4: PQ is tone-mapped to BT.709", "256,16,bt709"},
+          Row{"hlg.mp4", "hlg.mp4: HLG is tone-mapped to BT.709", "256,16,bt709"}}) {
+        const RunResult result = Play("--overwrite " + row.clip + " --out out.mp4");
+        EXPECT_EQ(result.status, 0) << row.clip << result.errors;
+        EXPECT_NE(result.errors.find(row.remark), std::string::npos) << result.errors;
+        EXPECT_EQ(Probe("out.mp4", "stream=width,height,color_transfer").at(0), row.stream);
+        ExpectNear(FromZero(Times("out.mp4", "v")), FromZero(Times(row.clip, "v")), 0.0011,
+                   row.clip);
+    }
+    PlayWell("pq.mp4 --out pq.png");
+    for (int bar = 0; bar < 16; ++bar) {
+        const Rgba pixel = Read("pq.png").Pixel(16 * bar + 8, 8);
+        const double signal = std::clamp((bar * 64 - 64) / 876.0, 0.0, 1.0);
+        for (size_t i = 0; i < 3; ++i) {
+            EXPECT_NEAR(pixel.at(i), ShownPq(signal), 2.5) << bar;
+        }
+    }
+    // A bar that moves leaves a comb in two fields that are shown as one picture.
+    const auto roughness = [this](const std::string& options) {
+        PlayWell("interlaced.mp4 --start 0.4 --out comb.png" + options);
+        const Image image = Read("comb.png");
+        int sum = 0;
+        for (int y = 1; y + 1 < image.size.height; ++y) {
+            for (int x = 0; x < image.size.width; ++x) {
+                sum += std::abs(2 * image.Pixel(x, y)[1] - image.Pixel(x, y - 1)[1] -
+                                image.Pixel(x, y + 1)[1]);
+            }
+        }
+        return sum;
+    };
+    EXPECT_LT(roughness(""), roughness(" --keep-interlaced"));
+}
+
+TEST_F(ClipsTest, ClipsThatBreakOffAreDrawnAsFarAsTheyGo) {
+    EXPECT_EQ(Play("truncated.mp4 --out out.mp4").status, 1);
+    ExpectNear(FromZero(Times("out.mp4", "v")), FromZero(Times("truncated.mp4", "v")), 0.0011, "");
+    for (const std::string clip : {"zero-length.mp4", "no-frames.mp4"}) {
+        const RunResult result = Play(clip + " --out none.mp4");
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.errors.rfind("vornplay: " + clip + ": ", 0), 0U) << result.errors;
+    }
+    EXPECT_FALSE(std::filesystem::exists(Path("none.mp4")));
+}

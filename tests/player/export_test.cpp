@@ -138,7 +138,7 @@ TEST_F(ExportTest, EveryKindKeepsItsAlphaLeavesNoTraceAndRepeatsFrames) {
 TEST_F(ExportTest, VideoKeepsFrameRateAndColorTags) {
     ClipKind kind;
     kind.frameRate = kNtsc;
-    kind.tags = {AVCOL_RANGE_JPEG, AVCOL_SPC_BT2020_NCL, AVCOL_PRI_BT2020, AVCOL_TRC_SMPTE2084};
+    kind.tags = {AVCOL_RANGE_JPEG, AVCOL_SPC_BT2020_NCL, AVCOL_PRI_BT2020, AVCOL_TRC_BT2020_10};
     MakeClip(Path("in.mkv"), kind);
     for (const std::string out : {"out.mp4", "out.mkv", "out.webm"}) {
         PlayWell("in.mkv --path cpu --out " + out);
@@ -147,7 +147,7 @@ TEST_F(ExportTest, VideoKeepsFrameRateAndColorTags) {
         EXPECT_EQ(file.Codec().color_range, AVCOL_RANGE_JPEG) << out;
         EXPECT_EQ(file.Codec().color_space, AVCOL_SPC_BT2020_NCL) << out;
         EXPECT_EQ(file.Codec().color_primaries, AVCOL_PRI_BT2020) << out;
-        EXPECT_EQ(file.Codec().color_trc, AVCOL_TRC_SMPTE2084) << out;
+        EXPECT_EQ(file.Codec().color_trc, AVCOL_TRC_BT2020_10) << out;
         EXPECT_TRUE(Near(ReadFrames(Path(out))[4].Pixel(32, 24), FrameColor(5))) << out;
     }
 }

@@ -16,3 +16,12 @@ std::string FrameSource::Summary(int64_t drawn) const {
          << " ms a frame";
     return text.str();
 }
+
+std::vector<std::string> FrameSource::Remarks() const {
+    const int64_t repaired = Times().Repaired();
+    if (repaired == 0) {
+        return {};
+    }
+    return {"the time stamps of " + std::to_string(repaired) +
+            " frames are missing or step back; they were repaired"};
+}

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "Renderer.h"
 #include "support/VideoFile.h"
@@ -44,6 +45,11 @@ public:
 
     /// What happened to the frames of \p drawn pictures, in a line for the user.
     virtual std::string Summary(int64_t drawn) const;
+
+    /// What was done to the frames that the user did not ask for, in lines for the user.
+    virtual std::vector<std::string> Remarks() const;
+    /// Whether the frames have other colors than File() says: those of BT.709.
+    virtual bool IsToneMapped() const { return false; }
 
     /// As "path" in the player's JSON.
     virtual const char* Name() const = 0;

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "CompressedSource.h"
+#include "CorrectedReader.h"
 #include "support/ToolError.h"
 
 namespace {
@@ -41,6 +42,14 @@ std::string Objection(const VideoFile& file, const Options& options) {
     }
     if (shape.flip) {
         return "its pictures are flipped";
+    }
+    if (options.handover != Handover::kCompressed && !options.realtime) {
+        if (IsHdr(codec.color_trc)) {
+            return "its colors are tone-mapped";
+        }
+        if (IsInterlaced(codec.field_order) && !options.keepInterlaced) {
+            return "its pictures are interlaced";
+        }
     }
     // Frames that go as pixels are scaled with more care.
     return scaled && options.handover != Handover::kCompressed ? "--size is not the input's" : "";

@@ -58,6 +58,7 @@ void AddInputOptions(CommandLine& line, Options& options) {
     line.Flag(
         "--no-autorotate", [&options] { options.autorotate = false; },
         "Do not turn the frames upright");
+    line.Flag("--keep-interlaced", options.keepInterlaced, "Do not deinterlace the frames");
     line.Option("--start", options.startSeconds, NumberIn(0.0, 1e6), "SECONDS",
                 "Begin at this time");
     line.Option("--frames", options.frames, WholeIn(1, kMostFrames), "N",

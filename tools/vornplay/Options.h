@@ -22,6 +22,7 @@ struct Options {
     bool rgb = false;
     bool rgba = false;
     bool autorotate = true;
+    bool keepInterlaced = false;
     Size size;  ///< Zero: the input's.
     double startSeconds = 0.0;
     int64_t frames = 0;  ///< Zero: all.

@@ -35,11 +35,17 @@ AVPixelFormat FormatOf(const RendererSettings& settings) {
 
 PixelSource::PixelSource(VideoFile file, const RendererSettings& settings, MaskSource nextMask)
     : FrameSource(std::move(nextMask)),
-      reader_(std::move(file)),
+      reader_(std::move(file), settings.keepInterlaced),
       first_(&reader_.First()),
-      renderer_(For(reader_.File(), *first_, settings)),
+      renderer_(For(reader_.Reader().File(), *first_, settings)),
       converter_(renderer_.Settings().sourceSize, FormatOf(settings),
                  renderer_.Settings().shape.flip) {}
+
+std::vector<std::string> PixelSource::Remarks() const {
+    std::vector<std::string> remarks = FrameSource::Remarks();
+    remarks.insert(remarks.end(), reader_.Remarks().begin(), reader_.Remarks().end());
+    return remarks;
+}
 
 bool PixelSource::Next() {
     const AVFrame* frame = first_ != nullptr ? std::exchange(first_, nullptr) : reader_.Next();

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "CorrectedReader.h"
 #include "FrameSource.h"
 #include "support/FrameConverter.h"
-#include "support/VideoReader.h"
 
 /// Decodes frames here, and hands them to the renderer as pixels.
 class PixelSource : public FrameSource {
@@ -12,16 +12,18 @@ public:
 
     bool Next() override;
     void Draw(const Shot& shot) override;
-    int64_t Lost() const override { return reader_.Lost(); }
-    int64_t Damaged() const override { return reader_.Damaged(); }
+    int64_t Lost() const override { return reader_.Reader().Lost(); }
+    int64_t Damaged() const override { return reader_.Reader().Damaged(); }
+    std::vector<std::string> Remarks() const override;
+    bool IsToneMapped() const override { return reader_.IsToneMapped(); }
     const char* Name() const override { return "cpu"; }
-    const VideoFile& File() const override { return reader_.File(); }
-    const FrameTimes& Times() const override { return reader_.Times(); }
+    const VideoFile& File() const override { return reader_.Reader().File(); }
+    const FrameTimes& Times() const override { return reader_.Reader().Times(); }
     Renderer& GetRenderer() override { return renderer_; }
     const Renderer& GetRenderer() const override { return renderer_; }
 
 private:
-    VideoReader reader_;
+    CorrectedReader reader_;
     const AVFrame* first_;  ///< Null once it was taken.
     Renderer renderer_;
     FrameConverter converter_;

@@ -18,7 +18,8 @@ std::optional<Output> Open(const Options& options, const Stage& stage) {
     const FrameSource& source = stage.Source();
     const Existing existing = options.overwrite ? Existing::kReplaced : Existing::kKept;
     return OpenOutput({options.out, existing, stage.FrameSize(), options.backdrop, source.File(),
-                       source.Times().Clock(), source.Seconds(), options.autorotate});
+                       source.Times().Clock(), source.Seconds(), source.IsToneMapped(),
+                       options.autorotate});
 }
 
 }  // namespace
@@ -127,7 +128,7 @@ int Player::Report() const {
     const FrameSource& source = stage_.Source();
     const std::optional<Mask>& mask = stage_.GetMask();
     if (!options_.quiet) {
-        ReportRepaired(options_.input, source.Times().Repaired());
+        ReportRemarks(options_.input, source.Remarks());
     }
     const bool brokenInput = ReportBroken(options_.input, source.Lost(), source.Damaged());
     const bool brokenMask = mask.has_value() && ReportBroken(options_.mask, mask->Reader().Lost(),

@@ -18,10 +18,11 @@ struct RendererSettings {
     void* javaVM = nullptr;  ///< For compressed sources.
     PictureShape shape;      ///< Raw frames come flipped and with square pixels, but not turned.
     bool turn = true;        ///< Also by what single pictures say of themselves.
-    Size sourceSize;         ///< Of raw frames, or the coded size.
-    Size size;               ///< Of the drawn pictures.
-    Size maskSize;           ///< Zero: there are no masks.
-    bool rgbMask = false;    ///< Masks have 3 bytes per pixel, not 4.
+    bool keepInterlaced = false;
+    Size sourceSize;       ///< Of raw frames, or the coded size.
+    Size size;             ///< Of the drawn pictures.
+    Size maskSize;         ///< Zero: there are no masks.
+    bool rgbMask = false;  ///< Masks have 3 bytes per pixel, not 4.
     Rgba clear = {0, 0, 0, 255};
     std::optional<Image> sticker;
 };

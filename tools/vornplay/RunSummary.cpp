@@ -46,10 +46,9 @@ bool ReportBroken(const std::string& path, int64_t lost, int64_t damaged) {
     return true;
 }
 
-void ReportRepaired(const std::string& path, int64_t frames) {
-    if (frames > 0) {
-        std::cerr << "vornplay: " << path << ": the time stamps of " << frames
-                  << " frames are missing or step back; they were repaired\n";
+void ReportRemarks(const std::string& path, const std::vector<std::string>& remarks) {
+    for (const std::string& remark : remarks) {
+        std::cerr << "vornplay: " << path << ": " << remark << '\n';
     }
 }
 

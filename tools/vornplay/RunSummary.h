@@ -31,8 +31,8 @@ struct RunSummary {
 /// Says on stderr what is broken in a file. \return whether something is
 bool ReportBroken(const std::string& path, int64_t lost, int64_t damaged);
 
-/// Says on stderr that time stamps were repaired, if some were.
-void ReportRepaired(const std::string& path, int64_t frames);
+/// Says on stderr what the user should know of a file.
+void ReportRemarks(const std::string& path, const std::vector<std::string>& remarks);
 
 /// Prints a line on stdout. \throws ToolError
 void PrintLine(const std::string& line);

@@ -98,6 +98,7 @@ RendererSettings Stage::Settings(const VideoFile& file) const {
     settings.javaVM = java_;
     settings.shape = file.Shape(options_.autorotate);
     settings.turn = options_.autorotate;
+    settings.keepInterlaced = options_.keepInterlaced;
     settings.size = options_.size;
     settings.maskSize = mask_.has_value() ? mask_->FrameSize() : Size();
     settings.rgbMask = options_.rgbMask;

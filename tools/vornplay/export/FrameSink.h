@@ -17,6 +17,7 @@ struct OutputSettings {
     const VideoFile& input;  ///< Gives the frame rate, the color tags and the audio.
     FrameClock clock;        ///< In whose ticks frames come.
     double begin;            ///< When the first frame is shown in the input, in seconds.
+    bool toneMapped;         ///< The frames have the colors of BT.709, not the input's.
     bool turned;             ///< The frames were turned by the input's display matrix.
 };
 

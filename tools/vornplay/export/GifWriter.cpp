@@ -1,15 +1,8 @@
 #include "GifWriter.h"
 
 #include <algorithm>
-#include <sstream>
 
 #include "support/ToolError.h"
-
-extern "C" {
-#include <libavfilter/avfilter.h>
-#include <libavfilter/buffersink.h>
-#include <libavfilter/buffersrc.h>
-}
 
 namespace {
 
@@ -39,35 +32,12 @@ FrameClock GifClock(FrameClock clock) {
 
 }  // namespace
 
-void GifWriter::FreeGraph::operator()(AVFilterGraph* graph) const {
-    avfilter_graph_free(&graph);
-}
-
 GifWriter::GifWriter(const OutputSettings& settings)
     : muxer_(CheckRate(settings), "gif", settings.existing),
       video_(muxer_, Coding(), settings.size, settings.input.FrameRate(), GifClock(settings.clock),
              ColorTags()),
-      graph_(avfilter_graph_alloc()),
       clock_(settings.clock) {
-    OpenPalettes(settings.size);
     muxer_.Begin({{"loop", "0"}});
-}
-
-void GifWriter::OpenPalettes(Size size) {
-    std::ostringstream text;
-    text << "buffer=width=" << size.width << ":height=" << size.height
-         << ":pix_fmt=rgba:time_base=" << kUnit.num << '/' << kUnit.den << "," << kPalettes
-         << ",buffersink";
-    AVFilterInOut* inputs = nullptr;
-    AVFilterInOut* outputs = nullptr;
-    const int parsed = avfilter_graph_parse2(graph_.get(), text.str().c_str(), &inputs, &outputs);
-    avfilter_inout_free(&inputs);
-    avfilter_inout_free(&outputs);
-    muxer_.Check(parsed);
-    muxer_.Check(avfilter_graph_config(graph_.get(), nullptr));
-    source_ = graph_->filters[0];
-    sink_ = *std::find_if(graph_->filters, graph_->filters + graph_->nb_filters,
-                          [](const AVFilterContext* filter) { return filter->nb_outputs == 0; });
 }
 
 void GifWriter::Fill(const Image& frame) {
@@ -99,24 +69,23 @@ std::string GifWriter::Remark() const {
 void GifWriter::Write(const Image& frame, int64_t time) {
     Fill(frame);
     frame_->pts = Place(time);
-    muxer_.Check(av_buffersrc_add_frame(source_, frame_.get()));
+    if (!palettes_.has_value()) {
+        palettes_.emplace(kPalettes, *frame_, kUnit);
+    }
+    palettes_->Send(frame_.get());
+    av_frame_unref(frame_.get());
     Drain();
 }
 
 /// Writes the pictures that have got their palettes.
 void GifWriter::Drain() {
-    int result = 0;
-    while ((result = av_buffersink_get_frame(sink_, frame_.get())) >= 0) {
-        video_.Write(*frame_, frame_->pts);
-        av_frame_unref(frame_.get());
-    }
-    if (result != AVERROR(EAGAIN) && result != AVERROR_EOF) {
-        muxer_.Check(result);
+    while (AVFrame* picture = palettes_->Receive()) {
+        video_.Write(*picture, picture->pts);
     }
 }
 
 void GifWriter::Finish(bool /*cutShort*/) {
-    muxer_.Check(av_buffersrc_add_frame(source_, nullptr));
+    palettes_->Send(nullptr);
     Drain();
     video_.Finish();
     muxer_.Finish();

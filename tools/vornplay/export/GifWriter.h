@@ -1,13 +1,11 @@
 #pragma once
 
-#include <memory>
+#include <optional>
 #include <string>
 
 #include "FrameSink.h"
 #include "VideoTrack.h"
-
-struct AVFilterContext;
-struct AVFilterGraph;
+#include "support/FrameFilter.h"
 
 /// Writes an animated GIF with a palette for each frame. Pixels of less than half alpha are
 /// transparent.
@@ -22,20 +20,13 @@ public:
     std::string Remark() const override;
 
 private:
-    struct FreeGraph {
-        void operator()(AVFilterGraph* graph) const;
-    };
-
-    void OpenPalettes(Size size);
     int64_t Place(int64_t time);
     void Fill(const Image& frame);
     void Drain();
 
     Muxer muxer_;
     VideoTrack video_;
-    std::unique_ptr<AVFilterGraph, FreeGraph> graph_;
-    AVFilterContext* source_ = nullptr;
-    AVFilterContext* sink_ = nullptr;
+    std::optional<FrameFilter> palettes_;
     LibavPtr<AVFrame> frame_{av_frame_alloc()};
     FrameClock clock_;   ///< Of the frames that are written here.
     int64_t last_ = -1;  ///< The time of the last one, in the format's units.

@@ -1,7 +1,7 @@
 #include "VideoWriter.h"
 
+#include <algorithm>
 #include <cmath>
-#include <filesystem>
 
 #include "support/ToolError.h"
 
@@ -9,35 +9,57 @@ namespace {
 
 constexpr int kRgbBytes = 3;
 
-/// \return the path
-const std::string& CheckSize(const VideoFormat& format, const OutputSettings& settings) {
-    const Size size = settings.size;
-    if (format.even && (size.width % 2 != 0 || size.height % 2 != 0)) {
-        throw ToolError(settings.path + ": " +
-                        std::filesystem::path(settings.path).extension().string() +
-                        " needs an even width and height, not " + std::to_string(size.width) + "x" +
-                        std::to_string(size.height) + "; give an even --size");
+/// As large as the frames, or one pixel more.
+Size SizeFor(const VideoFormat& format, Size frame) {
+    return format.even ? Size{frame.width + frame.width % 2, frame.height + frame.height % 2}
+                       : frame;
+}
+
+/// What the colors of the frames are.
+AVCodecParameters ColorsOf(const OutputSettings& settings) {
+    AVCodecParameters colors = settings.input.Codec();
+    if (settings.toneMapped) {
+        colors.format = AV_PIX_FMT_YUV420P;
+        colors.color_range = AVCOL_RANGE_MPEG;
+        colors.color_space = AVCOL_SPC_BT709;
+        colors.color_primaries = AVCOL_PRI_BT709;
+        colors.color_trc = AVCOL_TRC_BT709;
     }
-    return settings.path;
+    return colors;
+}
+
+/// Repeats the last column and the last row.
+void Pad(const Image& frame, Image& padded) {
+    for (int y = 0; y < padded.size.height; ++y) {
+        const uint8_t* row = frame.At(0, std::min(y, frame.size.height - 1));
+        const auto bytes = static_cast<size_t>(frame.size.width) * Image::kChannels;
+        uint8_t* to = std::copy_n(row, bytes, padded.At(0, y));
+        if (padded.size.width > frame.size.width) {
+            std::copy_n(row + bytes - Image::kChannels, size_t{Image::kChannels}, to);
+        }
+    }
 }
 
 }  // namespace
 
 VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settings)
     : backdrop_(settings.backdrop),
-      muxer_(CheckSize(format, settings), format.container, settings.existing),
-      video_(muxer_, format.coding, settings.size, settings.input.FrameRate(), settings.clock,
-             TagsOf(settings.input.Codec(), settings.size, format.coding.format)),
+      padded_(SizeFor(format, settings.size)),
+      pads_(padded_.size.width != settings.size.width ||
+            padded_.size.height != settings.size.height),
+      muxer_(settings.path, format.container, settings.existing),
+      video_(muxer_, format.coding, padded_.size, settings.input.FrameRate(), settings.clock,
+             TagsOf(ColorsOf(settings), settings.size, format.coding.format)),
       audio_(muxer_, settings.input, settings.begin),
       converter_(video_.Encoder(),
                  HasAlpha(format.coding.format) ? AV_PIX_FMT_RGBA : AV_PIX_FMT_RGB24) {
     picture_->format = format.coding.format;
-    picture_->width = settings.size.width;
-    picture_->height = settings.size.height;
+    picture_->width = padded_.size.width;
+    picture_->height = padded_.size.height;
     muxer_.Check(av_frame_get_buffer(picture_.get(), 0));
     if (!HasAlpha(format.coding.format)) {
-        rgb_.resize(static_cast<size_t>(settings.size.width) *
-                    static_cast<size_t>(settings.size.height) * kRgbBytes);
+        rgb_.resize(static_cast<size_t>(padded_.size.width) *
+                    static_cast<size_t>(padded_.size.height) * kRgbBytes);
     }
     if (!settings.turned && settings.input.DisplayMatrix() != nullptr) {
         video_.SetDisplayMatrix(settings.input.DisplayMatrix());
@@ -54,9 +76,19 @@ const uint8_t* VideoWriter::Pixels(const Image& frame) {
     return rgb_.data();
 }
 
+std::string VideoWriter::Remark() const {
+    return pads_ ? "padded to " + std::to_string(padded_.size.width) + "x" +
+                       std::to_string(padded_.size.height) +
+                       ", as the format needs an even width and height"
+                 : "";
+}
+
 void VideoWriter::Write(const Image& frame, int64_t time) {
     muxer_.Check(av_frame_make_writable(picture_.get()));
-    converter_.Convert(Pixels(frame), *picture_);
+    if (pads_) {
+        Pad(frame, padded_);
+    }
+    converter_.Convert(Pixels(pads_ ? padded_ : frame), *picture_);
     video_.Write(*picture_, time + lead_);
     audio_.CopyUntil(video_.Seconds());
 }

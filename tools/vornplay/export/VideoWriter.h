@@ -12,7 +12,7 @@ struct VideoFormat {
     const char* container;  ///< libavformat's name of it.
     VideoCoding coding;
     LibavOptions muxing;
-    bool even;  ///< Width and height must be even.
+    bool even;  ///< Width and height must be even; odd frames are padded.
 };
 
 /// Writes video with the audio and the color tags of the input. Frames
@@ -25,12 +25,15 @@ public:
     void Write(const Image& frame, int64_t time) override;
     void Finish(bool cutShort) override;
     void Commit() override { muxer_.Commit(); }
+    std::string Remark() const override;
     AudioReport Audio() const override { return audio_.Report(); }
 
 private:
     const uint8_t* Pixels(const Image& frame);
 
     Backdrop backdrop_;
+    Image padded_;
+    bool pads_;  ///< Frames are smaller than padded_.
     Muxer muxer_;
     VideoTrack video_;
     AudioCopy audio_;

@@ -97,7 +97,7 @@ WindowPlayer::Clock::duration WindowPlayer::Refresh() {
 int WindowPlayer::Report() {
     const FrameSource& source = stage_.Source();
     if (!options_.quiet) {
-        ReportRepaired(options_.input, source.Times().Repaired());
+        ReportRemarks(options_.input, source.Remarks());
     }
     const bool broken = ReportBroken(options_.input, source.Lost(), source.Damaged());
     if (!options_.quiet) {
