@@ -9,6 +9,7 @@ import android.graphics.Bitmap;
 import android.net.Uri;
 import android.opengl.GLES20;
 import android.opengl.GlThreads;
+import android.view.KeyEvent;
 import android.view.MotionEvent;
 import android.view.Pinch;
 import java.io.File;
@@ -154,7 +155,7 @@ public class VornVideoViewTest {
     public void pausesSeeksAndCaptures() throws InterruptedException {
         view.play(clip("bars.mp4"));
         awaitPicture(5);
-        view.pause();
+        press(KeyEvent.KEYCODE_SPACE); // Pauses.
         view.seekTo(100L * FRAME_US);
         awaitPicture(100);
         assertEquals(100, settled(), 2);
@@ -163,8 +164,10 @@ public class VornVideoViewTest {
         view.seekTo(0);
         awaitPicture(0);
         view.setMirrored(false);
-        view.resume();
-        awaitPicture(LAST);
+        press(KeyEvent.KEYCODE_SPACE);
+        awaitPicture(3);
+        press(KeyEvent.KEYCODE_DPAD_RIGHT); // By 5 s.
+        assertTrue(awaitPicture(126) < (LAST + 1L) * FRAME_US);
         assertTrue(end.await(PATIENCE_S, TimeUnit.SECONDS));
         view.resume(); // From the start.
         assertTrue(awaitPicture(1) < 100L * FRAME_US);
@@ -213,6 +216,10 @@ public class VornVideoViewTest {
         Exception error = errors.poll(PATIENCE_S, TimeUnit.SECONDS);
         assertEquals(reason, ((RendererException) error).reason());
         assertFalse(view.isPlaying());
+    }
+
+    private void press(int key) {
+        assertTrue(view.onKeyDown(key, new KeyEvent(KeyEvent.ACTION_DOWN, key)));
     }
 
     private void touch(long timeMs, int action, float x, float y) {

@@ -58,6 +58,13 @@ public class View {
         return clickListener != null;
     }
 
+    /** Every view has the focus. */
+    public void setFocusable(boolean focusable) {}
+
+    public boolean onKeyDown(int keyCode, KeyEvent event) {
+        return false;
+    }
+
     public boolean onTouchEvent(MotionEvent event) {
         return false;
     }

@@ -11,7 +11,7 @@ import org.jetbrains.annotations.NotNull;
 import org.jetbrains.annotations.Nullable;
 
 /**
- * Plays a clip into the framebuffer of a GL thread. {@link VornVideoView} is this in a view; use the
+ * Plays a clip into the framebuffer of a GL thread. {@link VornVideoView} is this in a view. Use the
  * engine on a GL thread of the application.
  *
  * <p>All methods but the queries of position, duration and {@link #isPlaying} belong to the GL
@@ -42,19 +42,11 @@ public final class VideoEngine {
         default void onError(@NotNull Exception reason) {}
     }
 
-    /** Units that are passed on in one call at most, while the picture is late. */
-    private static final int CATCH_UP = 4;
-
-    /** Draws in which a decoder can give a picture out before it gets another unit ahead of time. */
-    private static final int DRAWS_FOR_PICTURE = 3;
-
-    /** The same for a picture that stays, and so should be the right one. */
-    private static final int DRAWS_FOR_STILL = 6;
-
     private final Listener listener;
-    private final PlaybackClock clock = new PlaybackClock();
+    private final Pace pace = new Pace();
     private ClipFeed.Source source;
     private boolean started;
+    private boolean finished;
     private boolean suspended;
     private boolean looping;
     private boolean mirrored;
@@ -66,11 +58,6 @@ public final class VideoEngine {
     private ClipFeed feed;
     private Screen screen;
     private VideoRenderer renderer;
-
-    /** No picture has come since the clip was opened or sought in. */
-    private boolean awaiting;
-
-    private int drawsSinceFeed;
 
     private volatile boolean playing;
     private volatile long positionUs;
@@ -110,16 +97,16 @@ public final class VideoEngine {
     private void play(ClipFeed.Source newSource) {
         close();
         source = newSource;
-        clock.set(0);
-        positionUs = 0;
         started = false;
-        playing = true;
+        finished = false;
+        positionUs = 0;
+        pace.await(0);
+        setPlaying(true);
     }
 
     /** Stops the time. The picture stays. */
     public void pause() {
-        playing = false;
-        clock.run(false);
+        setPlaying(false);
     }
 
     /** Continues after {@link #pause}, or from the start after the end. */
@@ -127,11 +114,15 @@ public final class VideoEngine {
         if (source == null) {
             return;
         }
-        if (feed != null && feed.ended() && !playing) {
+        if (finished) {
             seekTo(0);
         }
-        playing = true;
-        clock.run(!awaiting);
+        setPlaying(source != null); // Seeking may have failed.
+    }
+
+    private void setPlaying(boolean play) {
+        playing = play;
+        pace.run(play);
     }
 
     /**
@@ -141,13 +132,17 @@ public final class VideoEngine {
      * @param timeUs time in the clip, in microseconds
      */
     public void seekTo(long timeUs) {
-        clock.run(false);
-        clock.set(Math.max(0, timeUs));
-        positionUs = clock.positionUs();
-        awaiting = true;
-        if (renderer != null) {
+        positionUs = Math.max(0, timeUs);
+        finished = false;
+        pace.await(positionUs);
+        if (renderer == null) {
+            return;
+        }
+        try {
             renderer.flush();
             feed.seek(positionUs);
+        } catch (RuntimeException e) {
+            fail(e);
         }
     }
 
@@ -167,7 +162,7 @@ public final class VideoEngine {
      *     system's clock
      */
     public void setClock(@Nullable LongSupplier newClock) {
-        clock.use(newClock);
+        pace.clock.use(newClock);
     }
 
     /**
@@ -263,7 +258,7 @@ public final class VideoEngine {
                 open();
             }
             if (renderer != null) {
-                feed();
+                pace.feed(feed, renderer);
                 isNew = drawPicture();
             }
         } catch (IOException | RuntimeException e) {
@@ -286,7 +281,7 @@ public final class VideoEngine {
      */
     @Nullable
     public Bitmap capture() {
-        return renderer == null || awaiting ? null : screen.capture();
+        return renderer == null || pace.isAwaiting() ? null : screen.capture();
     }
 
     /** Frees everything but what is needed to continue with {@link #wake}. */
@@ -300,7 +295,7 @@ public final class VideoEngine {
         suspended = false;
     }
 
-    /** Tells that the GL context was lost with all its objects. The next draw opens the clip again. */
+    /** After the GL context was lost with all its objects: the next draw opens the clip again. */
     public void contextLost() {
         if (renderer != null) {
             renderer.closeAfterContextLoss();
@@ -312,7 +307,7 @@ public final class VideoEngine {
     public void close() {
         free();
         source = null;
-        playing = false;
+        setPlaying(false);
         durationUs = 0;
     }
 
@@ -333,8 +328,7 @@ public final class VideoEngine {
         feed = null;
         screen = null;
         renderer = null;
-        clock.run(false);
-        clock.set(positionUs);
+        pace.await(positionUs);
     }
 
     private void fail(Exception reason) {
@@ -356,29 +350,6 @@ public final class VideoEngine {
         renderer.setRotation(feed.rotation());
         durationUs = feed.durationUs();
         feed.seek(positionUs);
-        awaiting = true;
-    }
-
-    /** Passes on units while the picture is late. */
-    private void feed() {
-        int patience = playing ? DRAWS_FOR_PICTURE : DRAWS_FOR_STILL;
-        ++drawsSinceFeed;
-        for (int i = 0; i < CATCH_UP && isLate(); ++i) {
-            boolean early = feed.nextTimeUs() > clock.positionUs();
-            // The unit before may be all that the picture waits for.
-            boolean wait = early && !awaiting && drawsSinceFeed < patience;
-            if (wait || !feed.feed(renderer)) {
-                return;
-            }
-            drawsSinceFeed = 0;
-            if (early) {
-                return;
-            }
-        }
-    }
-
-    private boolean isLate() {
-        return awaiting || renderer.pictureTimeUs() + feed.frameTimeUs() <= clock.positionUs();
     }
 
     /** Returns whether the picture is another one than before. */
@@ -387,9 +358,7 @@ public final class VideoEngine {
         renderer.setView(view.x(), view.y(), view.zoom());
         boolean isNew = renderer.draw();
         if (isNew) {
-            awaiting = false;
-            drawsSinceFeed = playing ? DRAWS_FOR_PICTURE : 0; // Paused, more pictures may be coming.
-            clock.run(playing);
+            pace.drawn();
             positionUs = renderer.pictureTimeUs();
         } else if (playing && feed.ended() && renderer.decoderState().endOfStream) {
             end();
@@ -410,6 +379,7 @@ public final class VideoEngine {
             seekTo(0);
             return;
         }
+        finished = true;
         pause();
         listener.onEnd();
     }

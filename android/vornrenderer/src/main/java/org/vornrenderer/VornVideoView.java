@@ -5,6 +5,7 @@ import android.graphics.Bitmap;
 import android.net.Uri;
 import android.opengl.GLSurfaceView;
 import android.util.AttributeSet;
+import android.view.KeyEvent;
 import android.view.MotionEvent;
 import java.io.FileDescriptor;
 import java.util.concurrent.CountDownLatch;
@@ -20,12 +21,16 @@ import org.jetbrains.annotations.Nullable;
 /**
  * Plays a clip. Pass the activity's onResume and onPause on to the view.
  *
+ * <p>The user drags, pinches and taps twice to reset. With the focus on the view, the space bar pauses
+ * and resumes, and the arrows go 5 s back and forth.
+ *
  * <p>All methods belong to the UI thread. They take effect with the next frame. The decoder is freed
  * in onPause; after onResume the clip continues at the same picture. Sound is the application's
  * affair: {@link #setClock} holds the pictures to it.
  */
 public class VornVideoView extends GLSurfaceView {
     private static final long PATIENCE_MS = 1000;
+    private static final long STEP_US = 5_000_000;
 
     private final VideoEngine engine = new VideoEngine(new Events());
     private final ViewGestures gestures = new ViewGestures(getContext(), new Moves());
@@ -54,6 +59,7 @@ public class VornVideoView extends GLSurfaceView {
         super(context, attributes);
         setEGLContextClientVersion(3);
         setRenderer(new Frames());
+        setFocusable(true);
     }
 
     /**
@@ -148,7 +154,7 @@ public class VornVideoView extends GLSurfaceView {
     }
 
     /**
-     * Whether the user can move and zoom the picture: drag, pinch, double tap to reset.
+     * Whether the view answers to touch and keys.
      *
      * @param on true at the start
      */
@@ -275,6 +281,27 @@ public class VornVideoView extends GLSurfaceView {
         }
         gestures.onTouch(event);
         return true;
+    }
+
+    @Override
+    public boolean onKeyDown(int keyCode, @NotNull KeyEvent event) {
+        if (gesturesOn) {
+            switch (keyCode) {
+                case KeyEvent.KEYCODE_SPACE:
+                case KeyEvent.KEYCODE_MEDIA_PLAY_PAUSE:
+                    queueEvent(engine.isPlaying() ? engine::pause : engine::resume);
+                    return true;
+                case KeyEvent.KEYCODE_DPAD_LEFT:
+                    seekTo(positionUs() - STEP_US);
+                    return true;
+                case KeyEvent.KEYCODE_DPAD_RIGHT:
+                    seekTo(positionUs() + STEP_US);
+                    return true;
+                default:
+                    break;
+            }
+        }
+        return super.onKeyDown(keyCode, event);
     }
 
     private void postIfThere(Runnable listener) {
