@@ -212,6 +212,8 @@ TEST_F(ExtLifetime, StructsOfOlderAndNewerCallersAreTaken) {
     EXPECT_EQ(VE_OK, VEDraw(renderer.handle, &older, &drawn));
     EXPECT_TRUE(drawn.picture);
     EXPECT_EQ(77, drawn.ptsUs);
+    drawn.structSize = sizeof(drawn.structSize);
+    EXPECT_EQ(VE_OK, VEDraw(renderer.handle, &older, &drawn));
 }
 
 }  // namespace

@@ -45,6 +45,9 @@ TEST(String, PositionsCountCharacters) {
     EXPECT_EQ(text.Find("", 6), String::kNotFound);
     EXPECT_EQ(std::u32string(text.begin(), text.end()), U"a\u00E9\u20AC\U0001F600z");
     EXPECT_EQ(*++std::find(text.begin(), text.end(), 0x20ACU), 0x1F600U);
+    auto position = text.begin();
+    EXPECT_EQ(*position++, U'a');
+    EXPECT_EQ(*position, 0xE9U);
 
     text.Insert(2, "-");
     EXPECT_EQ(text, "a\xC3\xA9-\xE2\x82\xAC\xF0\x9F\x98\x80z");
@@ -156,8 +159,10 @@ TEST(String, BufferBuildsTextFromPieces) {
     buffer.AppendChar(0x20AC);
     buffer.AppendFormat("=%d/%s", 42, "six");
     EXPECT_STREQ(buffer.ToCStr(), "\xE2\x82\xAC=42/six");
+    EXPECT_FALSE(buffer.IsEmpty());
     const String text = buffer.ToString();
     buffer.Clear();
+    EXPECT_TRUE(buffer.IsEmpty());
     EXPECT_STREQ(buffer.ToCStr(), "");
     EXPECT_EQ(text.GetLength(), 8U);
 }

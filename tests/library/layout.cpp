@@ -7,6 +7,7 @@
 
 #include "kernel/GlGeometry.h"
 #include "kernel/GlProgram.h"
+#include "kernel/Log.h"
 #include "kernel/VertexAttribs.h"
 #include "render/GPUTextureFilter/GLFbo.h"
 #include "render/GPUTextureFilter/GLStateSave.h"
@@ -42,6 +43,7 @@ EXPECT_SIZE(VEStickerList, 12, 24);
 
 // A table of virtual functions, then four numbers.
 EXPECT_SIZE(VERendererBase, 20, 24);
+static_assert(OVR::LogMessage_Debug == 0x201 && OVR::LogMessage_Assert == 0x202, "LogMessageType");
 static_assert(!std::has_virtual_destructor<VERendererBase>::value, "VERendererBase");
 
 EXPECT_AT(GLTexture, m_format, 0, 0);
