@@ -179,6 +179,9 @@ TEST_F(Services, ArrayGrowsByAQuarterAndGivesHalfBack) {
     array.Reserve(4);  // Less than Size: the caller takes care of it.
     EXPECT_EQ(6U, array.Size);
     EXPECT_EQ(4U, array.Capacity);
+    array.Reserve(20);
+    array.Resize(6);  // Keeps the room, since it does not shrink.
+    EXPECT_EQ(20U, array.Capacity);
     array.Reserve(0);
     EXPECT_EQ(nullptr, array.Data);
     EXPECT_EQ(0U, array.Capacity);

@@ -87,6 +87,7 @@ TEST(String, ComparesWithTextsFromBothSides) {
     ExpectOrder(b, std::string("c"));
     ExpectOrder(std::string_view("a"), b);
     EXPECT_EQ(String("same").GetHash(), String(L"same").GetHash());
+    EXPECT_EQ(String(L"x"), "x");
 }
 
 TEST(String, TakesPartsOfItself) {
