@@ -38,6 +38,8 @@ TEST_F(PlaneMesh, QuadSplitsItsFirstAndLastCellTowardsTheCenter) {
     EXPECT_EQ(Take(OVR::BuildTesselatedQuad(2, 1, false)).indices,
               (Indices{0, 4, 3, 0, 1, 4, 1, 5, 4, 1, 2, 5}));
     const MeshOnGpu grid = Take(OVR::BuildTesselatedQuad(2, 2, false));
+    EXPECT_EQ(Bits(grid.position[4]), Bits(OVR::Vector3<float>{0, 0, 0}));
+    EXPECT_EQ(Bits(grid.texCoord[5]), Bits(OVR::Vector2<float>{1, 0.5F}));
     EXPECT_EQ(grid.indices,
               (Indices{0, 4, 3, 0, 1, 4, 1, 2, 4, 4, 2, 5, 3, 4, 6, 6, 4, 7, 4, 8, 7, 4, 5, 8}));
     for (size_t i = 0; i < 9; ++i) {

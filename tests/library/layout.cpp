@@ -44,6 +44,7 @@ EXPECT_SIZE(VEStickerList, 12, 24);
 // A table of virtual functions, then four numbers.
 EXPECT_SIZE(VERendererBase, 20, 24);
 static_assert(OVR::LogMessage_Debug == 0x201 && OVR::LogMessage_Assert == 0x202, "LogMessageType");
+static_assert(static_cast<int>(OVR::ovrProgramParmType::BufferUniform) == 10, "ovrProgramParmType");
 static_assert(!std::has_virtual_destructor<VERendererBase>::value, "VERendererBase");
 
 EXPECT_AT(GLTexture, m_format, 0, 0);
