@@ -228,3 +228,30 @@ TEST_F(ExportTest, AudioIsCutAndMovedWithTheVideo) {
     EXPECT_LT(given[index - 1].seconds, offset);
     EXPECT_NEAR(static_cast<double>(copied.size()), 1.0 * 48000 / 1024, 1.1);
 }
+
+TEST_F(ExportTest, OptionsChooseCodecQualityAudioAndLength) {
+    ClipKind kind;
+    kind.frames = 50;
+    kind.audio = {"aac"};
+    MakeClip(Path("in.mkv"), kind);
+    const auto codec = [this](const std::string& name) { return VideoFile(Path(name)).Codec(); };
+    PlayWell("in.mkv --out best.mp4 --crf 1");
+    PlayWell("in.mkv --out least.mp4 --crf 51 --preset ultrafast");
+    EXPECT_GT(std::filesystem::file_size(Path("best.mp4")),
+              std::filesystem::file_size(Path("least.mp4")));
+    PlayWell("in.mkv --out new.mkv --codec h265 --start 0.4 --duration 0.8 --audio none");
+    EXPECT_EQ(codec("new.mkv").codec_id, AV_CODEC_ID_HEVC);
+    EXPECT_EQ(ReadFrames(Path("new.mkv")).size(), 20U);
+    EXPECT_TRUE(VideoFile(Path("new.mkv")).AudioCodecs().empty());
+    PlayWell("in.mkv --out new.mp4 --codec vp9 --frames 2");
+    EXPECT_EQ(codec("new.mp4").codec_id, AV_CODEC_ID_VP9);
+    EXPECT_EQ(Play("in.mkv --out new.webm --codec h264").status, 2);
+    EXPECT_EQ(Play("in.mkv --out new.gif --crf 3").status, 2);
+
+    ASSERT_EQ(Play("--version > version").status, 0);
+    const std::string version = ReadText(Path("version"));
+    EXPECT_EQ(version.rfind("vornplay and libvornrenderer ", 0), 0U) << version;
+    EXPECT_NE(version.find("\nGL: OpenGL ES 3"), std::string::npos) << version;
+    EXPECT_EQ(Play("in.mkv --no-windo").errors,
+              "vornplay: --no-windo is no option; the nearest is --no-window\n");
+}

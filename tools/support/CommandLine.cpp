@@ -4,7 +4,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <iomanip>
+#include <numeric>
 #include <sstream>
+#include <string_view>
+#include <utility>
 
 #include "support/ToolError.h"
 
@@ -29,6 +32,21 @@ void TakeFor(const std::string& name, const CommandLine::Take& take, const std::
     }
 }
 
+/// How many letters have to be added, removed or replaced to make one of the other.
+size_t Distance(const std::string& one, const std::string& other) {
+    std::vector<size_t> row(other.size() + 1);
+    std::iota(row.begin(), row.end(), 0);
+    for (size_t i = 0; i < one.size(); ++i) {
+        size_t diagonal = std::exchange(row[0], i + 1);
+        for (size_t j = 0; j < other.size(); ++j) {
+            const size_t replaced = diagonal + (one[i] != other[j] ? 1 : 0);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+        }
+    }
+    return row.back();
+}
+
 template <typename Number>
 auto ParserIn(Number low, Number high) {
     return [low, high](const std::string& text) {
@@ -47,6 +65,23 @@ auto ParserIn(Number low, Number high) {
 
 struct CommandLine::Parser {
     CLI::App app;
+
+    /// \throws ToolError that names the nearest option, for one that is not known
+    void CheckKnown(const std::string& argument) const {
+        const std::string name = argument.substr(0, argument.find('='));
+        if (name.rfind("--", 0) != 0 || app.get_option_no_throw(name) != nullptr) {
+            return;
+        }
+        std::string nearest;
+        for (const CLI::Option* option : app.get_options()) {
+            for (const std::string& known : option->get_lnames()) {
+                if (nearest.empty() || Distance(name, "--" + known) < Distance(name, nearest)) {
+                    nearest = "--" + known;
+                }
+            }
+        }
+        throw ToolError(name + " is no option; the nearest is " + nearest);
+    }
 
     /// CLI11's templates for options take long to compile; this needs none of them.
     CLI::Option& Add(const std::string& name, const Take& take, const std::string& form,
@@ -113,7 +148,14 @@ void CommandLine::Exclude(const std::string& name, const std::string& other) {
     parser_->app.get_option(name)->excludes(parser_->app.get_option(other));
 }
 
+void CommandLine::Version(const std::function<std::string()>& text) {
+    parser_->app.set_version_flag("--version", text, "Print versions and exit")->group(group_);
+}
+
 bool CommandLine::Parse(int argc, char** argv) {
+    for (int i = 1; i < argc && std::string_view(argv[i]) != "--"; ++i) {
+        parser_->CheckKnown(argv[i]);
+    }
     try {
         parser_->app.parse(argc, argv);
         return true;

@@ -47,6 +47,9 @@ public:
     void Repeated(const std::string& name, const Take& take, const std::string& form,
                   const std::string& help);
 
+    /// Prints this, and nothing else is done.
+    void Version(const std::function<std::string()>& text);
+
     void Require(const std::string& name);
     void Need(const std::string& name, const std::string& other);
     void Exclude(const std::string& name, const std::string& other);

@@ -49,6 +49,6 @@ void CompressedSource::Draw(const Shot& shot) {
     const VEDrawn drawn = renderer_.Draw(shot, nullptr, TakeMask());
     if (!drawn.picture || drawn.ptsUs != feed_.PtsUs()) {
         throw ToolError(file_.Path() + ": the decoder shows another frame than it announced" +
-                        kDecodeHere);
+                        renderer_.Settings().hint);
     }
 }

@@ -74,7 +74,7 @@ JavaVM* StartDecoding(const VideoFile& file, const Options& options, std::string
     JavaVM* java = StartJava(options.platform, objection);
     const VEResult result = java != nullptr ? VECheckSource(SourceOf(file.Codec())) : VE_OK;
     if (result != VE_OK) {
-        objection = std::string(VEResultText(result)) + kDecodeHere;
+        objection = std::string(VEResultText(result)) + (options.realtime ? "" : kDecodeHere);
     }
     return result == VE_OK ? java : nullptr;
 }

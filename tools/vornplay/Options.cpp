@@ -1,9 +1,12 @@
 #include "Options.h"
 
+#include <algorithm>
 #include <map>
+#include <vector>
 
 #include "OptionValues.h"
 #include "OutputGuard.h"
+#include "Version.h"
 #include "export/Output.h"
 #include "support/CommandLine.h"
 #include "support/ToolError.h"
@@ -61,6 +64,8 @@ void AddInputOptions(CommandLine& line, Options& options) {
     line.Flag("--keep-interlaced", options.keepInterlaced, "Do not deinterlace the frames");
     line.Option("--start", options.startSeconds, NumberIn(0.0, 1e6), "SECONDS",
                 "Begin at this time");
+    line.Option("--duration", options.durationSeconds, NumberIn(0.001, 1e6), "SECONDS",
+                "Draw no more than this");
     line.Option("--frames", options.frames, WholeIn(1, kMostFrames), "N",
                 "Draw no more frames than this");
 }
@@ -133,10 +138,36 @@ void AddViewOptions(CommandLine& line, Options& options, std::string& script) {
     }
 }
 
+auto OneOf(const std::vector<std::string>& names) {
+    return [names](const std::string& text) {
+        if (std::find(names.begin(), names.end(), text) == names.end()) {
+            throw ToolError(text + " is not known here");
+        }
+        return text;
+    };
+}
+
+bool IsCopy(const std::string& text) {
+    if (text != "copy" && text != "none") {
+        throw ToolError(text + " is neither copy nor none");
+    }
+    return text == "copy";
+}
+
 void AddOutputOptions(CommandLine& line, Options& options) {
     line.Group("Output");
     line.Option("--out", options.out, "FILE",
                 "Write to " + OutputExamples() + " (default: show it in a window)");
+    line.Option("--codec", options.encoding.codec, OneOf({"h264", "h265", "vp9"}), "h264|h265|vp9",
+                "Codec of mp4 and mkv (default: h264)");
+    line.Option("--crf", options.encoding.crf, WholeIn(0, 63), "N",
+                "Quality of mp4, mkv and webm, 0 the best (default: 18)");
+    line.Option("--preset", options.encoding.preset,
+                OneOf({"ultrafast", "superfast", "veryfast", "faster", "fast", "medium", "slow",
+                       "slower", "veryslow", "placebo"}),
+                "NAME", "From ultrafast to placebo, of h264 and h265 (default: fast)");
+    line.Option("--audio", options.encoding.copiesAudio, IsCopy, "copy|none",
+                "What becomes of the audio (default: copy)");
     line.Option("--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
                 "Behind transparent parts of output without alpha (default: checker)");
     line.Flag("--overwrite", options.overwrite, "Replace an output that exists already");
@@ -145,6 +176,7 @@ void AddOutputOptions(CommandLine& line, Options& options) {
               "Without --out: draw all frames and report how long that took");
     line.Flag("--quiet,-q", options.quiet, "No progress and no summary");
     line.Flag("-v,--verbose", options.verbose, "Show the log of the renderer and the decoders");
+    line.Version(VersionText);
     line.Exclude("--realtime", "--out");
     line.Notes("Output:\n" + OutputNotes() + kNotes);
 }

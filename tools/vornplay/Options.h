@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Script.h"
+#include "export/Encoding.h"
 #include "render/VEStickerList.h"
 #include "support/Backdrop.h"
 #include "support/Image.h"
@@ -25,7 +26,8 @@ struct Options {
     bool keepInterlaced = false;
     Size size;  ///< Zero: the input's.
     double startSeconds = 0.0;
-    int64_t frames = 0;  ///< Zero: all.
+    int64_t frames = 0;            ///< Zero: all.
+    double durationSeconds = 0.0;  ///< Zero: to the end.
 
     std::string mask;  ///< Empty: none.
     bool rgbMask = false;
@@ -41,6 +43,7 @@ struct Options {
     Rgba clear = {0, 0, 0, 255};
     Backdrop backdrop;
 
+    Encoding encoding;
     bool overwrite = false;
     bool noWindow = false;
     bool json = false;
@@ -50,7 +53,7 @@ struct Options {
     /// What is written, measured or ends by itself needs none.
     bool WantsWindow() const {
         return out.empty() && !noWindow && !json && !realtime && frames == 0 &&
-               !viewTo.has_value() && !script.has_value();
+               durationSeconds <= 0.0 && !viewTo.has_value() && !script.has_value();
     }
 };
 

@@ -1,6 +1,7 @@
 #include "Player.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iomanip>
 #include <iostream>
 
@@ -19,7 +20,7 @@ std::optional<Output> Open(const Options& options, const Stage& stage) {
     const Existing existing = options.overwrite ? Existing::kReplaced : Existing::kKept;
     return OpenOutput({options.out, existing, stage.FrameSize(), options.backdrop, source.File(),
                        source.Times().Clock(), source.Seconds(), source.IsToneMapped(),
-                       options.autorotate});
+                       options.autorotate, options.encoding});
 }
 
 }  // namespace
@@ -37,7 +38,12 @@ Player::Player(const Options& options)
 }
 
 int64_t Player::ExpectedFrames() const {
-    const int64_t available = stage_.Source().File().ExpectedFrames();
+    const VideoFile& file = stage_.Source().File();
+    int64_t available = file.ExpectedFrames();
+    if (options_.durationSeconds > 0.0) {
+        const double rate = av_q2d(file.FrameRate());
+        available = std::min<int64_t>(available, std::llround(options_.durationSeconds * rate));
+    }
     if (limit_ == 0 || available == 0) {
         return std::max(limit_, available);
     }
@@ -48,7 +54,7 @@ int Player::Play() {
     ReportAudio();
     DrawAll();
     if (output_.has_value() && out_ > 0) {
-        output_->sink->Finish(stopped_ || out_ == limit_);
+        output_->sink->Finish(stopped_ || over_ || out_ == limit_);
         Remark(output_->sink->Remark());
     }
     const int status = Report();
@@ -76,7 +82,7 @@ void Player::ReportAudio() const {
 
 void Player::DrawAll() {
     Progress progress(options_.quiet, expected_);
-    for (bool more = true; more; more = out_ != limit_ && stage_.Next()) {
+    for (bool more = true; more; more = out_ != limit_ && stage_.Next() && !IsOver()) {
         stopped_ = Interrupted();
         if (stopped_) {
             return;
@@ -84,6 +90,14 @@ void Player::DrawAll() {
         DrawFrame();
         progress.Show(out_);
     }
+}
+
+bool Player::IsOver() {
+    constexpr double kTimeTolerance = 0.001;
+    const FrameSource& source = stage_.Source();
+    const double seconds = source.Times().Clock().Seconds(source.Time() - begin_);
+    over_ = options_.durationSeconds > 0.0 && seconds > options_.durationSeconds - kTimeTolerance;
+    return over_;
 }
 
 void Player::DrawFrame() {

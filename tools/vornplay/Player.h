@@ -25,6 +25,7 @@ private:
     void Remark(const std::string& remark) const;
     void ReportAudio() const;
     void DrawAll();
+    bool IsOver();
     void DrawFrame();
     void SetShot();
     double SecondsDrawn() const;
@@ -42,5 +43,6 @@ private:
     int64_t begin_;     ///< The time of the first frame.
     int64_t end_ = 0;   ///< How far the drawn frames reach, from there.
     int64_t out_ = 0;
+    bool over_ = false;     ///< The duration that was asked for is drawn.
     bool stopped_ = false;  ///< By the user, before the end.
 };

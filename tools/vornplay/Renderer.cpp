@@ -95,7 +95,7 @@ void Renderer::Fail(VEResult result) const {
     if (code != 0) {
         text += " (code " + std::to_string(code) + ")";
     }
-    throw ToolError(text + kDecodeHere);
+    throw ToolError(text + settings_.hint);
 }
 
 double Renderer::MillisecondsPerDraw() const {

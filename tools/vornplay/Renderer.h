@@ -11,13 +11,17 @@
 #include "support/Image.h"
 #include "support/PictureShape.h"
 
+/// What a message proposes instead of the platform's decoder.
+inline constexpr char kDecodeHere[] = "; --path cpu decodes without it";
+
 /// What a renderer is created with.
 struct RendererSettings {
     std::string input;  ///< The file's name, for messages.
     int source = VE_SOURCE_RGBA;
-    void* javaVM = nullptr;  ///< For compressed sources.
-    PictureShape shape;      ///< Raw frames come flipped and with square pixels, but not turned.
-    bool turn = true;        ///< Also by what single pictures say of themselves.
+    const char* hint = kDecodeHere;  ///< Ends the messages about the platform's decoder.
+    void* javaVM = nullptr;          ///< For compressed sources.
+    PictureShape shape;  ///< Raw frames come flipped and with square pixels, but not turned.
+    bool turn = true;    ///< Also by what single pictures say of themselves.
     bool keepInterlaced = false;
     Size sourceSize;       ///< Of raw frames, or the coded size.
     Size size;             ///< Of the drawn pictures.
@@ -26,9 +30,6 @@ struct RendererSettings {
     Rgba clear = {0, 0, 0, 255};
     std::optional<Image> sticker;
 };
-
-/// What a message proposes instead of the platform's decoder.
-inline constexpr char kDecodeHere[] = "; --path cpu decodes without it";
 
 /// A renderer with the texture that it draws into. Needs a current GL context as long as it lives.
 class Renderer {

@@ -96,6 +96,9 @@ RendererSettings Stage::Settings(const VideoFile& file) const {
     RendererSettings settings;
     settings.source = options_.rgb ? VE_SOURCE_RGB : VE_SOURCE_RGBA;
     settings.javaVM = java_;
+    if (options_.realtime) {
+        settings.hint = "";  // There is no other way to keep the clip's pace.
+    }
     settings.shape = file.Shape(options_.autorotate);
     settings.turn = options_.autorotate;
     settings.keepInterlaced = options_.keepInterlaced;

@@ -22,9 +22,9 @@ bool IsRegularFile(const std::string& path) {
 
 }  // namespace
 
-AudioCopy::AudioCopy(Muxer& muxer, const VideoFile& video, double begin)
+AudioCopy::AudioCopy(Muxer& muxer, const VideoFile& video, double begin, bool copies)
     : muxer_(muxer), origin_(Origin(video) + begin), trims_(video.StartSeconds() > 0.0) {
-    if (IsRegularFile(video.Path())) {
+    if (copies && IsRegularFile(video.Path())) {
         Open(video);
     }
 }

@@ -13,7 +13,7 @@ class AudioCopy {
 public:
     /// Adds a stream to \p muxer for each audio stream that its container takes. \throws ToolError
     /// \param begin when the output begins in the video, in seconds
-    AudioCopy(Muxer& muxer, const VideoFile& video, double begin);
+    AudioCopy(Muxer& muxer, const VideoFile& video, double begin, bool copies);
 
     const AudioReport& Report() const { return report_; }
 

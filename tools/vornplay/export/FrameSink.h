@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "Encoding.h"
 #include "support/Backdrop.h"
 #include "support/Image.h"
 #include "support/OutputFile.h"
@@ -19,6 +20,7 @@ struct OutputSettings {
     double begin;            ///< When the first frame is shown in the input, in seconds.
     bool toneMapped;         ///< The frames have the colors of BT.709, not the input's.
     bool turned;             ///< The frames were turned by the input's display matrix.
+    Encoding encoding;
 };
 
 /// What becomes of the input's audio tracks, by the names of their codecs.

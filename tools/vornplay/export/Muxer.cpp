@@ -57,7 +57,7 @@ AVStream& Muxer::AddCopied(const AVStream& source) {
 void Muxer::Begin(const LibavOptions& options) {
     AVDictionary* dictionary = nullptr;
     for (const auto& [name, value] : options) {
-        av_dict_set(&dictionary, name, value, 0);
+        av_dict_set(&dictionary, name.c_str(), value.c_str(), 0);
     }
     const int result = avformat_write_header(output_.get(), &dictionary);
     av_dict_free(&dictionary);

@@ -8,7 +8,7 @@
 #include "support/Libav.h"
 #include "support/OutputFile.h"
 
-using LibavOptions = std::vector<std::pair<const char*, const char*>>;
+using LibavOptions = std::vector<std::pair<std::string, std::string>>;
 
 /// A file of one or more streams that libavformat writes. It gets its name when it is complete;
 /// after a failure there is no file.

@@ -49,6 +49,9 @@ const OutputKind& KindOf(const std::string& path) {
 
 Output OpenOutput(const OutputSettings& settings) {
     const OutputKind& kind = KindOf(settings.path);
+    if (settings.encoding.ChoosesVideo() && kind.audio == nullptr) {
+        throw ToolError(settings.path + ": --codec, --crf and --preset are for mp4, mkv and webm");
+    }
     Output output;
     output.sink = kind.make(settings);
     output.limit = kind.frames == OutputFrames::kFirst ? 1 : 0;

@@ -45,7 +45,7 @@ VideoTrack::VideoTrack(Muxer& muxer, const VideoCoding& coding, Size size, AVRat
     encoder_->flags |= muxer.HasGlobalHeader() ? AV_CODEC_FLAG_GLOBAL_HEADER : 0;
     Tag(*encoder_, tags);
     for (const auto& [name, value] : coding.options) {
-        av_opt_set(encoder_->priv_data, name, value, 0);
+        av_opt_set(encoder_->priv_data, name.c_str(), value.c_str(), 0);
     }
     muxer_.Check(avcodec_open2(encoder_.get(), &codec, nullptr));
     stream_ = &muxer_.AddEncoded(*encoder_);

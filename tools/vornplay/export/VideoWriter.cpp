@@ -15,6 +15,51 @@ Size SizeFor(const VideoFormat& format, Size frame) {
                        : frame;
 }
 
+VideoCoding CodingOf(const std::string& codec) {
+    if (codec == "vp9") {
+        return {AV_CODEC_ID_VP9,
+                "libvpx-vp9",
+                AV_PIX_FMT_YUV420P,
+                {{"crf", "18"}, {"deadline", "good"}, {"cpu-used", "4"}, {"lag-in-frames", "0"}}};
+    }
+    if (codec == "h265") {
+        return {AV_CODEC_ID_HEVC,
+                "libx265",
+                AV_PIX_FMT_YUV420P,
+                {{"crf", "18"}, {"preset", "fast"}, {"x265-params", "log-level=none"}}};
+    }
+    return {AV_CODEC_ID_H264, "libx264", AV_PIX_FMT_YUV420P, {{"crf", "18"}, {"preset", "fast"}}};
+}
+
+/// What the user chose instead of the usual.
+VideoCoding Chosen(const VideoFormat& format, const OutputSettings& settings) {
+    const Encoding& encoding = settings.encoding;
+    VideoCoding coding = format.coding;
+    if (!encoding.codec.empty() && CodingOf(encoding.codec).codec != coding.codec) {
+        coding = CodingOf(encoding.codec);
+    }
+    if (!encoding.preset.empty() && coding.codec == AV_CODEC_ID_VP9) {
+        throw ToolError(settings.path + ": vp9 has no --preset");
+    }
+    for (auto& [name, value] : coding.options) {
+        if (name == "crf" && encoding.crf >= 0) {
+            value = std::to_string(encoding.crf);
+        } else if (name == "preset" && !encoding.preset.empty()) {
+            value = encoding.preset;
+        }
+    }
+    return coding;
+}
+
+/// \return \p muxer, if its container takes the codec
+Muxer& Taking(Muxer& muxer, const VideoCoding& coding) {
+    if (!muxer.Takes(coding.codec)) {
+        throw ToolError(muxer.Target() + ": this kind of file does not take " +
+                        avcodec_get_name(coding.codec));
+    }
+    return muxer;
+}
+
 /// What the colors of the frames are.
 AVCodecParameters ColorsOf(const OutputSettings& settings) {
     AVCodecParameters colors = settings.input.Codec();
@@ -43,21 +88,21 @@ void Pad(const Image& frame, Image& padded) {
 }  // namespace
 
 VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settings)
-    : backdrop_(settings.backdrop),
+    : coding_(Chosen(format, settings)),
+      backdrop_(settings.backdrop),
       padded_(SizeFor(format, settings.size)),
       pads_(padded_.size.width != settings.size.width ||
             padded_.size.height != settings.size.height),
       muxer_(settings.path, format.container, settings.existing),
-      video_(muxer_, format.coding, padded_.size, settings.input.FrameRate(), settings.clock,
-             TagsOf(ColorsOf(settings), settings.size, format.coding.format)),
-      audio_(muxer_, settings.input, settings.begin),
-      converter_(video_.Encoder(),
-                 HasAlpha(format.coding.format) ? AV_PIX_FMT_RGBA : AV_PIX_FMT_RGB24) {
-    picture_->format = format.coding.format;
+      video_(Taking(muxer_, coding_), coding_, padded_.size, settings.input.FrameRate(),
+             settings.clock, TagsOf(ColorsOf(settings), settings.size, coding_.format)),
+      audio_(muxer_, settings.input, settings.begin, settings.encoding.copiesAudio),
+      converter_(video_.Encoder(), HasAlpha(coding_.format) ? AV_PIX_FMT_RGBA : AV_PIX_FMT_RGB24) {
+    picture_->format = coding_.format;
     picture_->width = padded_.size.width;
     picture_->height = padded_.size.height;
     muxer_.Check(av_frame_get_buffer(picture_.get(), 0));
-    if (!HasAlpha(format.coding.format)) {
+    if (!HasAlpha(coding_.format)) {
         rgb_.resize(static_cast<size_t>(padded_.size.width) *
                     static_cast<size_t>(padded_.size.height) * kRgbBytes);
     }

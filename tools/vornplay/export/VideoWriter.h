@@ -31,6 +31,7 @@ public:
 private:
     const uint8_t* Pixels(const Image& frame);
 
+    VideoCoding coding_;
     Backdrop backdrop_;
     Image padded_;
     bool pads_;  ///< Frames are smaller than padded_.
