@@ -1,9 +1,11 @@
+// The native method of NextDecoder.java.
+#include <jni.h>
 #include <linux_platform/Host.h>
 
-#include "org_vornrenderer_NextDecoder.h"
-
-void Java_org_vornrenderer_NextDecoder_fails(JNIEnv* /*env*/, jclass /*type*/, jint calls,
-                                             jint error, jlong afterPictures) {
+extern "C" JNIEXPORT void JNICALL Java_org_vornrenderer_NextDecoder_fails(JNIEnv* /*env*/,
+                                                                          jclass /*type*/,
+                                                                          jint calls, jint error,
+                                                                          jlong afterPictures) {
     HostBehavior behavior = {};
     behavior.failing = static_cast<uint32_t>(calls);
     behavior.error = error;
