@@ -78,9 +78,6 @@ function drawFrame() {
         stage.resize(width, height);
         placeStickers();
     }
-    if (background !== 'none') {
-        person.update(source.picture, width, height);
-    }
     const newMask = person.take(mirrored);
     canvas.dataset.keyed = String(background !== 'none' && person.exists);
     if (stage.draw(source.newPicture, { mirrored, newMask, masked: person.exists })) {
@@ -92,6 +89,9 @@ function drawFrame() {
         if (saveNext) {
             savePicture(canvas);
             saveNext = false;
+        }
+        if (background !== 'none') {
+            person.update(source.picture, width, height);
         }
     }
 }

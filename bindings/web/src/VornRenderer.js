@@ -267,9 +267,10 @@ export class VornRenderer {
     #present() {
         const gl = this.#gl;
         const { drawingBufferWidth: width, drawingBufferHeight: height } = gl;
+        const filter = width === this.#width && height === this.#height ? gl.NEAREST : gl.LINEAR;
         gl.bindFramebuffer(gl.READ_FRAMEBUFFER, this.#framebuffer);
         gl.blitFramebuffer(
-            0, 0, this.#width, this.#height, 0, height, width, 0, gl.COLOR_BUFFER_BIT, gl.LINEAR,
+            0, 0, this.#width, this.#height, 0, height, width, 0, gl.COLOR_BUFFER_BIT, filter,
         );
     }
 
