@@ -22,5 +22,5 @@ while IFS= read -r page; do
             failed=1
         fi
     done <<<"$targets"
-done < <(find . -name '*.md' -not -path './build/*' -not -path './out/*' -not -path './.*')
+done < <(find . -name '*.md' -not -path './build/*' -not -path './out/*' -not -path './.*' -not -path '*/node_modules/*')
 exit $failed

@@ -24,7 +24,7 @@ class ScriptElement extends EventTarget {
 const FOLDER = new URL('../selfie_segmentation/', self.location.href).href;
 importScripts(`${FOLDER}selfie_segmentation.js`);
 const segmentation = new self.SelfieSegmentation({ locateFile: (name) => FOLDER + name });
-segmentation.setOptions({ modelSelection: 0 });
+segmentation.setOptions({ modelSelection: 1 });
 
 let generation = 0;
 segmentation.onResults(({ segmentationMask }) => {
