@@ -192,9 +192,11 @@ VE_EXPORT VEResult VECreateRenderer(const VERendererOptions* options, VERenderer
 
 /// The camera's place, as in VERenderer.h: x, y in halves of the picture.
 typedef struct VEView {
-    float x;     ///< Positive moves the picture to the left.
-    float y;     ///< Positive moves the picture towards the output's first row.
-    float zoom;  ///< Less than 6. From 5.8 on, nothing shows. VE_ZOOM_FIT, or 2 for the view of a fresh VERenderer.h renderer.
+    float x;  ///< Positive moves the picture to the left.
+    float y;  ///< Positive moves the picture towards the output's first row.
+    /// Less than 6, and nothing shows from 5.8 on. VE_ZOOM_FIT fits; 2 is the start of
+    /// VERenderer.h.
+    float zoom;
 } VEView;
 
 /// The zoom at which the picture's edges meet the output's.
