@@ -62,7 +62,7 @@ TEST(Picture, TheViewIsFixedWithoutAMask) {
     EXPECT_EQ(renderer.readBack().pixels, before.pixels);
 }
 
-TEST(Picture, TheViewZoomsMovesAndTurnsRound) {
+TEST(Picture, TheViewZoomsMovesTurnsRoundAndIsEmptyNearZoomSix) {
     TestContext context;
     const Image frame = Noise({64, 48}, 3);
     const Image mask = Solid({4, 4}, {255, 255, 255, 200});
@@ -83,21 +83,10 @@ TEST(Picture, TheViewZoomsMovesAndTurnsRound) {
             }
         }
     }
-}
-
-TEST(Picture, NearZoomSixOnlyTheClearColorIsLeft) {
-    TestContext context;
-    const Image frame = Noise({16, 16}, 3);
-    const Image mask = Solid({4, 4}, {255, 255, 255, 255});
-    RendererHarness renderer(Masked(16, 16, VE_MASK_RGBA, 4, 4));
-    Scene scene;
-    scene.source = &frame;
-    scene.mask = &mask;
-    scene.clear = {1, 2, 3, 4};
     for (const float zoom : {5.81F, 6.0F, 6.19F}) {
         scene.zoom = zoom;
         renderer.show(scene);
-        EXPECT_EQ(renderer.readBack().pixels, Solid({16, 16}, {1, 2, 3, 4}).pixels) << zoom;
+        EXPECT_EQ(renderer.readBack().pixels, Solid({64, 48}, scene.clear).pixels) << zoom;
     }
     scene.zoom = 2.0F;
     renderer.expectShows(scene);
