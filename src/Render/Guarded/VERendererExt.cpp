@@ -160,7 +160,6 @@ VEResult VEGetSurface(VERenderer* renderer, void** surface, void** surfaceTextur
 VEResult VECloseRenderer(VERenderer* renderer, VEContext context) {
     return Guarded([&] {
         GuardedRenderer& guarded = AsGuarded(renderer);
-        Require(context == VE_CONTEXT_CURRENT || context == VE_CONTEXT_LOST, VE_ERROR_ARGUMENT);
         const VEResult result = guarded.close(context);
         delete &guarded;
         return result;
