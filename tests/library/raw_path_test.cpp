@@ -18,10 +18,9 @@ const char* AMEDIAFORMAT_KEY_HEIGHT = "height";
 const char* AMEDIAFORMAT_KEY_MIME = "mime";
 
 /// Reads what is logged, in place of the platform's.
-int __android_log_vprint(int /*priority*/, const char* /*tag*/, const char* format,
-                         va_list values) {
+int __android_log_vprint(int /*prio*/, const char* /*tag*/, const char* fmt, va_list ap) {
     char line[256];
-    return std::vsnprintf(line, sizeof(line), format, values);
+    return std::vsnprintf(line, sizeof(line), fmt, ap);
 }
 
 namespace {
