@@ -33,8 +33,7 @@ TEST_F(BadInputTest, BadInputGivesOneLineAndLeavesNothingBehind) {
           "in.png --overwrite --out same.png",
           "in.png --overwrite --out there/%d.png --mask clip/%04d.png",
           "clip/%04d.png --overwrite --out there/0002.png",
-          "clip/0001.png --overwrite --out in.png --at 1,2 "
-          "--sticker same.png",
+          "clip/0001.png --overwrite --out in.png --at 1,2 --sticker same.png",
           "in.png --overwrite --script script.png --out script.png",
           "in.png --out taken.png/%d.png --script /dev/zero",
           "in.png --out new.png --script deep.json",

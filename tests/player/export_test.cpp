@@ -78,7 +78,7 @@ TEST_F(ExportTest, EveryKindHoldsEveryFrameInOrderByBothPaths) {
     for (const OutputKind& kind : OutputKinds()) {
         const std::string out = kind.example;
         for (const std::string path : {"cpu", "decode"}) {
-            PlayWell(std::string("in.mkv --path ").append(path).append(" --out ").append(out));
+            PlayWell("in.mkv --path " + path + " --out " + out);
             const std::vector<Image> frames = ReadFrames(Path(out));
             ASSERT_EQ(frames.size(), Expected(kind, 23)) << out << ", " << path;
             for (size_t i = 0; i < frames.size(); ++i) {

@@ -67,8 +67,8 @@ TEST_F(StopTest, CtrlCFinishesTheFileAndSaysWhere) {
     PlayWell("in/%d.png --out in.mp4");
     for (const std::string input : {"in/%d.png", "in.mp4 --path decode"}) {
         for (const std::string out : {"out.mp4", "out.webm", "out.webp"}) {
-            const RunResult result = PlayOnTerminal(
-                std::string(input).append(" --overwrite --json --out ").append(out), " left");
+            const RunResult result =
+                PlayOnTerminal(input + " --overwrite --json --out " + out, " left");
             const std::string& text = result.errors;
             EXPECT_EQ(result.status, 130) << text;
             std::smatch bar;
@@ -131,10 +131,10 @@ TEST_F(StopTest, WhatStoodThereStandsUnlessItMayBeReplaced) {
         EXPECT_EQ(result.status, 2);
         EXPECT_EQ(result.errors,
                   "vornplay: " + out + ": exists already; --overwrite replaces it\n");
-        for (const std::string stdout_ : {" > /dev/full", " | true; exit ${PIPESTATUS[0]}"}) {
+        for (const std::string sink : {" > /dev/full", " | true; exit ${PIPESTATUS[0]}"}) {
             result =
-                Run("bash -c 'sleep 0.2; " VORNPLAY, play + " --overwrite --json" + stdout_ + "'");
-            EXPECT_EQ(result.status, 2) << stdout_;
+                Run("bash -c 'sleep 0.2; " VORNPLAY, play + " --overwrite --json" + sink + "'");
+            EXPECT_EQ(result.status, 2) << sink;
             EXPECT_EQ(result.errors.rfind("vornplay: stdout: cannot be written: ", 0), 0U)
                 << result.errors;
         }
