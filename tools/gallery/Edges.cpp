@@ -25,7 +25,7 @@ void FillSides(const OVR::Array<unsigned short>& triangles, OVR::Array<unsigned 
             sides.insert(std::minmax({triangles[i + side], triangles[i + (side + 1) % 3]}));
         }
     }
-    lines.Resize(static_cast<uint32_t>(sides.size()) * 2);
+    lines.Resize(sides.size() * 2);
     unsigned short* slot = lines.Data;
     for (const auto& [from, to] : sides) {
         *slot++ = from;
