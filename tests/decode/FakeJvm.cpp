@@ -10,7 +10,7 @@
 
 namespace {
 
-/// A SurfaceTexture, or a Surface if it has a window.
+/// A SurfaceTexture, a Surface if it has a window, or an array.
 struct Object {
     std::shared_ptr<FrameQueue> queue;
     ANativeWindow* window = nullptr;
@@ -104,7 +104,7 @@ jlong CallLongMethodV(JNIEnv*, jobject object, jmethodID, va_list) {
 }
 
 jfloatArray NewFloatArray(JNIEnv*, jsize) {
-    return reinterpret_cast<jfloatArray>(&other);
+    return reinterpret_cast<jfloatArray>(new Object);  // Counted as the others are.
 }
 
 void GetFloatArrayRegion(JNIEnv*, jfloatArray, jsize, jsize count, jfloat* values) {

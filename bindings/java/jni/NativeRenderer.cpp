@@ -15,6 +15,7 @@ namespace {
 
 constexpr char kClassName[] = "org/vornrenderer/NativeRenderer";
 constexpr jint kJniVersion = JNI_VERSION_1_6;
+constexpr jint kNewPicture = 1;  // NativeRenderer.NEW_PICTURE.
 
 /// A renderer and what is kept between its draws.
 struct Peer {
@@ -32,7 +33,6 @@ struct Peer {
     uint32_t stickerTexture = 0;
     std::vector<jint> stickers;  ///< Pairs x, y.
     int64_t pictureTimeUs = VE_NO_TIME;
-    bool newPicture = false;  ///< In the last draw.
 };
 
 Peer& AsPeer(jlong peer) {
@@ -112,8 +112,7 @@ jint Draw(JNIEnv* env, jclass /*type*/, jlong renderer, jobject frame, jint fram
     if (drawn.picture) {
         peer.pictureTimeUs = drawn.ptsUs;
     }
-    peer.newPicture = drawn.newPicture;
-    return result;
+    return drawn.newPicture ? kNewPicture : static_cast<jint>(result);
 }
 
 jint SetStickers(JNIEnv* env, jclass /*type*/, jlong renderer, jint texture, jintArray positions) {
@@ -137,10 +136,6 @@ jintArray Stickers(JNIEnv* env, jclass /*type*/, jlong renderer) {
         env->SetIntArrayRegion(positions, 0, count, stickers.data());
     }
     return positions;
-}
-
-jboolean IsNewPicture(JNIEnv* /*env*/, jclass /*type*/, jlong renderer) {
-    return AsPeer(renderer).newPicture ? JNI_TRUE : JNI_FALSE;
 }
 
 jlong PictureTimeUs(JNIEnv* /*env*/, jclass /*type*/, jlong renderer) {
@@ -205,7 +200,6 @@ bool RegisterMethods(JNIEnv* env) {
         Method("draw", "(JLjava/nio/ByteBuffer;ILjava/nio/ByteBuffer;IIZFFF)I", Draw),
         Method("setStickers", "(JI[I)I", SetStickers),
         Method("stickers", "(J)[I", Stickers),
-        Method("isNewPicture", "(J)Z", IsNewPicture),
         Method("pictureTimeUs", "(J)J", PictureTimeUs),
         Method("queueUnit", "(JLjava/nio/ByteBuffer;IIJJI)I", QueueUnit),
         Method("flush", "(J)I", Flush),

@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr size_t kBytesPerPixel = 4;
+
 void SetTightRows() {
     GLES3::glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
     GLES3::glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
@@ -36,7 +38,7 @@ void WidenToRgba(const uint8_t* rgb, size_t pixels, uint8_t* rgba) {
 
 size_t PixelLayout::pixels() const {
     const uint64_t count = static_cast<uint64_t>(width) * static_cast<uint64_t>(height);
-    Require(count <= PTRDIFF_MAX / 4, VE_ERROR_MEMORY);
+    Require(count <= PTRDIFF_MAX / kBytesPerPixel, VE_ERROR_MEMORY);
     return static_cast<size_t>(count);
 }
 

@@ -51,8 +51,6 @@ private:
     void uploadAtOnce(const void* pixels);
     void upload(uint32_t buffer, const void* pixels);
 
-    static constexpr size_t kBytesPerPixel = 4;
-
     PixelLayout layout_;
     size_t size_;  ///< Of the RGBA pixels, in bytes.
     uint32_t texture_;

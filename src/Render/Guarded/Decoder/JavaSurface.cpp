@@ -18,8 +18,24 @@ void JavaObject::keep(const JavaScope& java, jclass type, jobject local) {
     object_ = java.checked(java->NewGlobalRef(local));
 }
 
+JavaMatrix::JavaMatrix(JavaVM* vm) : vm_(vm) {
+    const JavaScope java(vm);
+    jfloatArray local = java.checked(java->NewFloatArray(kSize));
+    values_ = static_cast<jfloatArray>(java.checked(java->NewGlobalRef(local)));
+}
+
+JavaMatrix::~JavaMatrix() {
+    try {
+        const JavaScope java(vm_);
+        java->DeleteGlobalRef(values_);
+    } catch (const Failure&) {
+        // As in JavaObject.
+    }
+}
+
 JavaSurface::JavaSurface(JavaVM* vm, uint32_t texture)
     : vm_(vm),
+      matrix_(vm),
       surfaceTexture_(vm, "android/graphics/SurfaceTexture", "(I)V", static_cast<jint>(texture)),
       surface_(vm, "android/view/Surface", "(Landroid/graphics/SurfaceTexture;)V",
                surfaceTexture_.get()) {
@@ -47,9 +63,8 @@ int64_t JavaSurface::latch() const {
 
 void JavaSurface::matrix(float (&matrix)[16]) const {
     const JavaScope java(vm_);
-    jfloatArray values = java.checked(java->NewFloatArray(16));
-    java->CallVoidMethod(surfaceTexture_.get(), getTransformMatrix_, values);
+    java->CallVoidMethod(surfaceTexture_.get(), getTransformMatrix_, matrix_.get());
     java.check();
-    java->GetFloatArrayRegion(values, 0, 16, matrix);
+    java->GetFloatArrayRegion(matrix_.get(), 0, JavaMatrix::kSize, matrix);
     java.check();
 }

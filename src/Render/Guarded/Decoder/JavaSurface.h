@@ -35,6 +35,24 @@ private:
     jobject object_ = nullptr;
 };
 
+/// A global reference to a float[16], kept so that pictures do not allocate.
+class JavaMatrix {
+public:
+    static constexpr jsize kSize = 16;
+
+    /// Throws Failure.
+    explicit JavaMatrix(JavaVM* vm);
+    ~JavaMatrix();
+    JavaMatrix(const JavaMatrix&) = delete;
+    JavaMatrix& operator=(const JavaMatrix&) = delete;
+
+    jfloatArray get() const { return values_; }
+
+private:
+    JavaVM* vm_;
+    jfloatArray values_ = nullptr;
+};
+
 struct WindowRelease {
     void operator()(ANativeWindow* window) const { ANativeWindow_release(window); }
 };
@@ -61,6 +79,7 @@ public:
 
 private:
     JavaVM* vm_;
+    JavaMatrix matrix_;
     JavaObject surfaceTexture_;
     JavaObject surface_;  ///< Declared last so that it is released first.
     jmethodID updateTexImage_ = nullptr;

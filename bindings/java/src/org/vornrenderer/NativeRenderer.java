@@ -7,6 +7,8 @@ import java.nio.ByteBuffer;
  * and direct buffers. An int that is returned is a result, for {@link RendererException#check}.
  */
 final class NativeRenderer {
+    static final int NEW_PICTURE = 1;
+
     static {
         System.loadLibrary("vornrenderer_jni");
     }
@@ -29,6 +31,7 @@ final class NativeRenderer {
             boolean keepState,
             long[] created);
 
+    /** {@link #NEW_PICTURE}, 0 for the same picture or none, or an error. */
     static native int draw(
             long renderer,
             ByteBuffer frame,
@@ -46,9 +49,6 @@ final class NativeRenderer {
 
     /** A copy of the positions. */
     static native int[] stickers(long renderer);
-
-    /** Whether the last draw showed a new picture. */
-    static native boolean isNewPicture(long renderer);
 
     static native long pictureTimeUs(long renderer);
 

@@ -117,11 +117,12 @@ public final class VideoRenderer extends DecodingRenderer {
         long renderer = handle();
         int framePosition = Check.position(frame, frameBytes, "frame");
         int maskPosition = Check.position(mask, maskBytes, "mask");
-        RendererException.check(
+        int drawn =
                 NativeRenderer.draw(
                         renderer, frame, framePosition, mask, maskPosition, rotation,
-                        mirrored, x, y, zoom));
-        return NativeRenderer.isNewPicture(renderer);
+                        mirrored, x, y, zoom);
+        RendererException.check(drawn);
+        return drawn == NativeRenderer.NEW_PICTURE;
     }
 
     /**

@@ -37,6 +37,18 @@ final class Screen {
         return shownHeight;
     }
 
+    /** Once the texture has storage. */
+    void attach() {
+        bindPicture();
+        GLES30.glFramebufferTexture2D(
+                GLES30.GL_READ_FRAMEBUFFER,
+                GLES30.GL_COLOR_ATTACHMENT0,
+                GLES30.GL_TEXTURE_2D,
+                texture(),
+                0);
+        GLES30.glBindFramebuffer(GLES30.GL_READ_FRAMEBUFFER, 0);
+    }
+
     void close() {
         GLES30.glDeleteFramebuffers(1, framebuffer, 0);
         GLES30.glDeleteTextures(1, texture, 0);
@@ -83,12 +95,6 @@ final class Screen {
 
     private void bindPicture() {
         GLES30.glBindFramebuffer(GLES30.GL_READ_FRAMEBUFFER, framebuffer[0]);
-        GLES30.glFramebufferTexture2D(
-                GLES30.GL_READ_FRAMEBUFFER,
-                GLES30.GL_COLOR_ATTACHMENT0,
-                GLES30.GL_TEXTURE_2D,
-                texture(),
-                0);
     }
 
     private static float channel(int color, int shift) {

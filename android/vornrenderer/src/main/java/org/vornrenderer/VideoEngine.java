@@ -54,10 +54,8 @@ public final class VideoEngine {
     private int borderColor;
     private final ViewPosition view = new ViewPosition();
 
-    // Not null while a clip is open.
-    private ClipFeed feed;
-    private Screen screen;
-    private VideoRenderer renderer;
+    /** Null while none is open. */
+    private OpenClip clip;
 
     private volatile boolean playing;
     private volatile long positionUs;
@@ -135,12 +133,11 @@ public final class VideoEngine {
         positionUs = Math.max(0, timeUs);
         finished = false;
         pace.await(positionUs);
-        if (renderer == null) {
+        if (clip == null) {
             return;
         }
         try {
-            renderer.flush();
-            feed.seek(positionUs);
+            clip.seek(positionUs);
         } catch (RuntimeException e) {
             fail(e);
         }
@@ -199,8 +196,8 @@ public final class VideoEngine {
      * @param down in pixels of the screen
      */
     public void drag(float right, float down) {
-        if (screen != null) {
-            view.drag(right / screen.shownWidth(), down / screen.shownHeight());
+        if (clip != null) {
+            view.drag(right / clip.screen().shownWidth(), down / clip.screen().shownHeight());
         }
     }
 
@@ -254,20 +251,19 @@ public final class VideoEngine {
     public void draw(int width, int height) {
         boolean isNew = false;
         try {
-            if (renderer == null && source != null && !suspended) {
+            if (clip == null && source != null && !suspended) {
                 open();
             }
-            if (renderer != null) {
-                pace.feed(feed, renderer);
+            if (clip != null) {
                 isNew = drawPicture();
             }
         } catch (IOException | RuntimeException e) {
             fail(e);
         }
-        if (screen == null) {
+        if (clip == null) {
             Screen.clear(borderColor);
         } else {
-            screen.show(width, height, scaleMode, borderColor);
+            clip.screen().show(width, height, scaleMode, borderColor);
         }
         if (isNew) {
             report();
@@ -281,7 +277,7 @@ public final class VideoEngine {
      */
     @Nullable
     public Bitmap capture() {
-        return renderer == null || pace.isAwaiting() ? null : screen.capture();
+        return clip == null || pace.isAwaiting() ? null : clip.capture();
     }
 
     /** Frees everything but what is needed to continue with {@link #wake}. */
@@ -297,8 +293,8 @@ public final class VideoEngine {
 
     /** After the GL context was lost with all its objects: the next draw opens the clip again. */
     public void contextLost() {
-        if (renderer != null) {
-            renderer.closeAfterContextLoss();
+        if (clip != null) {
+            clip.closeAfterContextLoss();
         }
         forget();
     }
@@ -312,22 +308,14 @@ public final class VideoEngine {
     }
 
     private void free() {
-        if (screen != null) {
-            screen.close();
-        }
-        if (renderer != null) {
-            renderer.close();
+        if (clip != null) {
+            clip.close();
         }
         forget();
     }
 
     private void forget() {
-        if (feed != null) {
-            feed.close();
-        }
-        feed = null;
-        screen = null;
-        renderer = null;
+        clip = null;
         pace.await(positionUs);
     }
 
@@ -337,30 +325,17 @@ public final class VideoEngine {
     }
 
     private void open() throws IOException {
-        feed = new ClipFeed(source);
-        boolean upright = feed.rotation() % 180 == 0;
-        int width = upright ? feed.width() : feed.height();
-        int height = upright ? feed.height() : feed.width();
-        screen = new Screen(width, height);
-        renderer =
-                new VideoRenderer.Builder(VideoSource.H264, feed.width(), feed.height())
-                        .outputSize(width, height)
-                        .destination(screen.texture())
-                        .build();
-        renderer.setRotation(feed.rotation());
-        durationUs = feed.durationUs();
-        feed.seek(positionUs);
+        clip = OpenClip.open(source, positionUs);
+        durationUs = clip.durationUs();
     }
 
     /** Returns whether the picture is another one than before. */
     private boolean drawPicture() {
-        renderer.setMirrored(mirrored);
-        renderer.setView(view.x(), view.y(), view.zoom());
-        boolean isNew = renderer.draw();
+        boolean isNew = clip.draw(pace, mirrored, view);
         if (isNew) {
             pace.drawn();
-            positionUs = renderer.pictureTimeUs();
-        } else if (playing && feed.ended() && renderer.decoderState().endOfStream) {
+            positionUs = clip.pictureTimeUs();
+        } else if (playing && clip.ended()) {
             end();
         }
         return isNew;

@@ -17,12 +17,14 @@ final class ViewGestures {
         void reset();
     }
 
+    private final Target target;
     private final GestureDetector moves;
     private final ScaleGestureDetector pinches;
 
     ViewGestures(@NotNull Context context, @NotNull Target target) {
-        moves = new GestureDetector(context, new Moves(target));
-        pinches = new ScaleGestureDetector(context, new Pinches(target));
+        this.target = target;
+        moves = new GestureDetector(context, new Moves());
+        pinches = new ScaleGestureDetector(context, new Pinches());
     }
 
     void onTouch(@NotNull MotionEvent event) {
@@ -32,13 +34,7 @@ final class ViewGestures {
         }
     }
 
-    private static final class Moves extends GestureDetector.SimpleOnGestureListener {
-        private final Target target;
-
-        Moves(Target target) {
-            this.target = target;
-        }
-
+    private final class Moves extends GestureDetector.SimpleOnGestureListener {
         @Override
         public boolean onDown(MotionEvent event) {
             return true;
@@ -57,13 +53,7 @@ final class ViewGestures {
         }
     }
 
-    private static final class Pinches extends ScaleGestureDetector.SimpleOnScaleGestureListener {
-        private final Target target;
-
-        Pinches(Target target) {
-            this.target = target;
-        }
-
+    private final class Pinches extends ScaleGestureDetector.SimpleOnScaleGestureListener {
         @Override
         public boolean onScale(ScaleGestureDetector detector) {
             target.zoomBy(detector.getScaleFactor());

@@ -32,13 +32,10 @@ public class VornVideoView extends GLSurfaceView {
     private static final long PATIENCE_MS = 1000;
     private static final long STEP_US = 5_000_000;
 
-    private final VideoEngine engine = new VideoEngine(new Events());
+    private final ViewListeners listeners = new ViewListeners(this);
+    private final VideoEngine engine = new VideoEngine(listeners);
     private final ViewGestures gestures = new ViewGestures(getContext(), new Moves());
     private boolean gesturesOn = true;
-    private volatile Consumer<Exception> errorListener;
-    private volatile Runnable firstFrameListener;
-    private volatile Runnable endListener;
-    private volatile LongConsumer frameListener;
 
     /**
      * A view in code.
@@ -209,7 +206,7 @@ public class VornVideoView extends GLSurfaceView {
      *     the platform; null for none
      */
     public void setErrorListener(@Nullable Consumer<Exception> listener) {
-        errorListener = listener;
+        listeners.error = listener;
     }
 
     /**
@@ -218,7 +215,7 @@ public class VornVideoView extends GLSurfaceView {
      * @param listener called on the UI thread; null for none
      */
     public void setFirstFrameListener(@Nullable Runnable listener) {
-        firstFrameListener = listener;
+        listeners.firstFrame = listener;
     }
 
     /**
@@ -227,7 +224,7 @@ public class VornVideoView extends GLSurfaceView {
      * @param listener called on the UI thread; null for none
      */
     public void setEndListener(@Nullable Runnable listener) {
-        endListener = listener;
+        listeners.end = listener;
     }
 
     /**
@@ -236,7 +233,7 @@ public class VornVideoView extends GLSurfaceView {
      * @param listener called on the GL thread with microseconds; null for none
      */
     public void setFrameListener(@Nullable LongConsumer listener) {
-        frameListener = listener;
+        listeners.frame = listener;
     }
 
     @Override
@@ -302,41 +299,6 @@ public class VornVideoView extends GLSurfaceView {
             }
         }
         return super.onKeyDown(keyCode, event);
-    }
-
-    private void postIfThere(Runnable listener) {
-        if (listener != null) {
-            post(listener);
-        }
-    }
-
-    /** Passes the engine's events on. */
-    private final class Events implements VideoEngine.Listener {
-        @Override
-        public void onStart() {
-            postIfThere(firstFrameListener);
-        }
-
-        @Override
-        public void onFrame(long timeUs) {
-            LongConsumer listener = frameListener;
-            if (listener != null) {
-                listener.accept(timeUs);
-            }
-        }
-
-        @Override
-        public void onEnd() {
-            postIfThere(endListener);
-        }
-
-        @Override
-        public void onError(@NotNull Exception reason) {
-            Consumer<Exception> listener = errorListener;
-            if (listener != null) {
-                post(() -> listener.accept(reason));
-            }
-        }
     }
 
     /** Passes gestures on, to the GL thread. */
