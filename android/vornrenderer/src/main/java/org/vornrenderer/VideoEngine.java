@@ -70,6 +70,11 @@ public final class VideoEngine {
         this.listener = Objects.requireNonNull(listener);
     }
 
+    @NotNull
+    Listener listener() {
+        return listener;
+    }
+
     /**
      * Plays a clip from its start. It is opened by the next {@link #draw}.
      *

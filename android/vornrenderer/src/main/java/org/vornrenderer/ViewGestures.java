@@ -8,21 +8,13 @@ import org.jetbrains.annotations.NotNull;
 
 /** Drag, pinch and double tap, on the UI thread. */
 final class ViewGestures {
-    /** What they do. */
-    interface Target {
-        void drag(float right, float down);
-
-        void zoomBy(float factor);
-
-        void reset();
-    }
-
-    private final Target target;
+    private final VideoPlayer player;
     private final GestureDetector moves;
     private final ScaleGestureDetector pinches;
 
-    ViewGestures(@NotNull Context context, @NotNull Target target) {
-        this.target = target;
+    ViewGestures(@NotNull VideoPlayer player) {
+        this.player = player;
+        Context context = player.getContext();
         moves = new GestureDetector(context, new Moves());
         pinches = new ScaleGestureDetector(context, new Pinches());
     }
@@ -42,13 +34,13 @@ final class ViewGestures {
 
         @Override
         public boolean onScroll(MotionEvent first, MotionEvent now, float left, float up) {
-            target.drag(-left, -up);
+            player.drag(-left, -up);
             return true;
         }
 
         @Override
         public boolean onDoubleTap(MotionEvent event) {
-            target.reset();
+            player.resetView();
             return true;
         }
     }
@@ -56,7 +48,7 @@ final class ViewGestures {
     private final class Pinches extends ScaleGestureDetector.SimpleOnScaleGestureListener {
         @Override
         public boolean onScale(ScaleGestureDetector detector) {
-            target.zoomBy(detector.getScaleFactor());
+            player.zoomBy(detector.getScaleFactor());
             return true;
         }
     }

@@ -17,6 +17,11 @@ final class ViewListeners implements VideoEngine.Listener {
         this.view = view;
     }
 
+    /** Those of a view. */
+    static ViewListeners of(@NotNull VideoPlayer player) {
+        return (ViewListeners) player.engine().listener();
+    }
+
     @Override
     public void onStart() {
         post(firstFrame);

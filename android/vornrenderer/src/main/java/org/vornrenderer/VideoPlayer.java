@@ -1,0 +1,255 @@
+package org.vornrenderer;
+
+import android.content.Context;
+import android.graphics.Bitmap;
+import android.net.Uri;
+import java.io.FileDescriptor;
+import java.util.function.Consumer;
+import java.util.function.LongConsumer;
+import java.util.function.LongSupplier;
+import org.jetbrains.annotations.NotNull;
+import org.jetbrains.annotations.Nullable;
+
+/**
+ * What all views of this package do, like {@link VornVideoView}.
+ *
+ * <p>All methods belong to the UI thread. They take effect with the next frame. Applications implement
+ * no player.
+ */
+public interface VideoPlayer {
+    /**
+     * The context of the view.
+     *
+     * @return the activity
+     */
+    @NotNull
+    Context getContext();
+
+    /**
+     * Runs an action on the UI thread.
+     *
+     * @param action runs later
+     * @return false if it will not run
+     */
+    boolean post(@NotNull Runnable action);
+
+    /**
+     * Runs an event on the GL thread.
+     *
+     * @param event runs before the next frame
+     */
+    void queueEvent(@NotNull Runnable event);
+
+    /**
+     * The engine of the view. Its methods belong to the GL thread: {@link #queueEvent}.
+     *
+     * @return the same for the life of the view
+     */
+    @NotNull
+    VideoEngine engine();
+
+    /** Belongs into the activity's onResume: the clip continues at the same picture. */
+    void onResume();
+
+    /** Belongs into the activity's onPause: frees the decoder. */
+    void onPause();
+
+    /**
+     * Whether the view answers to touch and keys.
+     *
+     * @param on true at the start
+     */
+    void setGestures(boolean on);
+
+    /**
+     * Moves the picture.
+     *
+     * @param right in pixels of the view
+     * @param down in pixels of the view
+     */
+    default void drag(float right, float down) {
+        queueEvent(() -> engine().drag(right, down));
+    }
+
+    /**
+     * Zooms the picture in or out, around its middle.
+     *
+     * @param factor more than 1 to zoom in
+     */
+    default void zoomBy(float factor) {
+        queueEvent(() -> engine().zoomBy(factor));
+    }
+
+    /** Shows the picture unmoved and as large as the view allows. */
+    default void resetView() {
+        queueEvent(engine()::resetView);
+    }
+
+    /**
+     * Plays a clip from its start.
+     *
+     * @param clip the address of a file with H.264 video
+     */
+    default void play(@NotNull Uri clip) {
+        Context context = getContext();
+        queueEvent(() -> engine().play(context, clip));
+    }
+
+    /**
+     * Plays a clip from its start.
+     *
+     * @param file stays open until the view plays another clip or is gone
+     * @param offset of the clip in the file, in bytes
+     * @param length of the clip, in bytes
+     */
+    default void play(@NotNull FileDescriptor file, long offset, long length) {
+        queueEvent(() -> engine().play(file, offset, length));
+    }
+
+    /** Stops the time. The picture stays. */
+    default void pause() {
+        queueEvent(engine()::pause);
+    }
+
+    /** Continues after {@link #pause}, or from the start after the end. */
+    default void resume() {
+        queueEvent(engine()::resume);
+    }
+
+    /** Frees the decoder and forgets the clip. */
+    default void stop() {
+        queueEvent(engine()::close);
+    }
+
+    /**
+     * Continues at another time.
+     *
+     * @param timeUs time in the clip, in microseconds
+     */
+    default void seekTo(long timeUs) {
+        queueEvent(() -> engine().seekTo(timeUs));
+    }
+
+    /**
+     * Sets whether the clip starts again at its end.
+     *
+     * @param loop false at the start
+     */
+    default void setLooping(boolean loop) {
+        queueEvent(() -> engine().setLooping(loop));
+    }
+
+    /**
+     * Replaces the clock, for example with that of a player of the clip's sound.
+     *
+     * @param clock gives the time in the clip in microseconds, on the GL thread; null for the
+     *     system's clock
+     */
+    default void setClock(@Nullable LongSupplier clock) {
+        queueEvent(() -> engine().setClock(clock));
+    }
+
+    /**
+     * Sets how the picture fills the view.
+     *
+     * @param mode {@link ScaleMode#FIT} at the start
+     */
+    default void setScaleMode(@NotNull ScaleMode mode) {
+        queueEvent(() -> engine().setScaleMode(mode));
+    }
+
+    /**
+     * Sets the color around the picture.
+     *
+     * @param color as in android.graphics.Color, without alpha; black at the start
+     */
+    default void setBorderColor(int color) {
+        queueEvent(() -> engine().setBorderColor(color));
+    }
+
+    /**
+     * Swaps left and right of the picture.
+     *
+     * @param mirror false at the start
+     */
+    default void setMirrored(boolean mirror) {
+        queueEvent(() -> engine().setMirrored(mirror));
+    }
+
+    /**
+     * Whether the time runs.
+     *
+     * @return false without a clip, after pause and at the end
+     */
+    default boolean isPlaying() {
+        return engine().isPlaying();
+    }
+
+    /**
+     * The time of the picture.
+     *
+     * @return microseconds; after a seek the time that was sought
+     */
+    default long positionUs() {
+        return engine().positionUs();
+    }
+
+    /**
+     * The length of the clip.
+     *
+     * @return microseconds; 0 until known
+     */
+    default long durationUs() {
+        return engine().durationUs();
+    }
+
+    /**
+     * Takes the picture, without borders.
+     *
+     * @param taker gets the picture on the UI thread, or null before the first picture
+     */
+    default void capture(@NotNull Consumer<Bitmap> taker) {
+        queueEvent(
+                () -> {
+                    Bitmap picture = engine().capture();
+                    post(() -> taker.accept(picture));
+                });
+    }
+
+    /**
+     * Is told why a clip cannot be played, or not any further.
+     *
+     * @param listener called on the UI thread with a {@link RendererException} or an exception of
+     *     the platform; null for none
+     */
+    default void setErrorListener(@Nullable Consumer<Exception> listener) {
+        ViewListeners.of(this).error = listener;
+    }
+
+    /**
+     * Is told when a clip shows its first picture.
+     *
+     * @param listener called on the UI thread; null for none
+     */
+    default void setFirstFrameListener(@Nullable Runnable listener) {
+        ViewListeners.of(this).firstFrame = listener;
+    }
+
+    /**
+     * Is told when the last picture of a clip that does not loop was shown.
+     *
+     * @param listener called on the UI thread; null for none
+     */
+    default void setEndListener(@Nullable Runnable listener) {
+        ViewListeners.of(this).end = listener;
+    }
+
+    /**
+     * Is told the time of each picture that is shown.
+     *
+     * @param listener called on the GL thread with microseconds; null for none
+     */
+    default void setFrameListener(@Nullable LongConsumer listener) {
+        ViewListeners.of(this).frame = listener;
+    }
+}
