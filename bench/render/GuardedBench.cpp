@@ -38,11 +38,12 @@ public:
         options.source = mode.modeType;
         options.sourceWidth = frame.width;
         options.sourceHeight = frame.height;
-        delayed_ = make(options);
-        options.drawAtOnce = true;
         atOnce_ = make(options);
         options.keepState = true;
         keepState_ = make(options);
+        options.keepState = false;
+        options.drawLater = true;
+        delayed_ = make(options);
     }
     ~GuardedContest() {
         VEDestroyRenderer(seven_);

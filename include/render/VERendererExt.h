@@ -93,8 +93,8 @@
 ///     draw      upload         GL_UNPACK_SKIP_PIXELS                             0
 ///
 /// "picture": something is drawn. "upload": pixels of a frame or mask reach their texture, which is
-/// one call late without VERendererOptions::drawAtOnce. Where the context has no separate draw
-/// buffers, "draw buffer 0" means all of them.
+/// one call late with VERendererOptions::drawLater. Where the context has no separate draw buffers,
+/// "draw buffer 0" means all of them.
 ///
 /// VECreateRenderer and VECloseRenderer always give back all bindings. Creation reads and clears
 /// the error flags; draws do not touch them. GL itself cannot give back: a program or texture that
@@ -171,9 +171,10 @@ typedef struct VERendererOptions {
     int32_t maskFormat;    ///< Of mask pixels: VE_MASK_RGB or VE_MASK_RGBA; 0: none are given.
     int32_t maskWidth;     ///< Of mask pixels.
     int32_t maskHeight;    ///< Likewise.
-    /// Raw frames and their masks: false draws them one call later, while the copy to GL goes on;
-    /// true draws them in the call that brings them.
-    bool drawAtOnce;
+    /// Raw frames and their masks: false draws them in the call that brings them; true draws them
+    /// one call later, through pixel buffers. For GPUs that make the call wait otherwise; slower on
+    /// software GL.
+    bool drawLater;
     bool keepState;       ///< VEDraw gives back all GL state.
     int32_t closeWaitMs;  ///< How long VECloseRenderer may wait for the decoder; 0: 50 ms.
     void* javaVM;         ///< The process's JavaVM*, for compressed video.
@@ -245,9 +246,9 @@ typedef struct VEDrawn {
 
 /// Draws the newest picture into the output texture.
 ///
-/// Raw frames are drawn one call later, unless the renderer draws at once: the first call draws
-/// nothing, the second draws the first frame, and one without a frame draws the last. No frame is
-/// lost. Before there is a picture, the output stays as it is.
+/// A call without a raw frame draws the last one. With VERendererOptions::drawLater the first call
+/// draws nothing, the second draws the first frame, and no frame is lost. Before there is a
+/// picture, the output stays as it is.
 ///
 /// \param options null: all zero.
 /// \param drawn   receives what was drawn; may be null.

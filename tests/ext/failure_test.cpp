@@ -55,7 +55,9 @@ TEST(ExtFailure, SourcesAreCheckedBeforehand) {
 TEST(ExtFailure, ADrawThatFailedCanBeTriedAgain) {
     const TestContext context;
     const Image frames[2] = {Noise({8, 6}, 1), Noise({8, 6}, 2)};
-    ExtRenderer renderer(OptionsOf(VE_SOURCE_RGBA, 8, 6));
+    VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 8, 6);
+    options.drawLater = true;
+    ExtRenderer renderer(options);
     VEDrawOptions draw = VEMakeDrawOptions();
     for (int i = 0; i < 2; ++i) {
         draw.frame = frames[i].pixels.data();

@@ -27,7 +27,8 @@ protected:
     }
 };
 
-TEST_F(ExtLatency, FramesAndMasksComeOneCallLaterAndNoneIsLost) {
+TEST_F(ExtLatency, OrOneCallLaterAndNoneIsLost) {
+    options.drawLater = true;
     ExtRenderer renderer(options);
     Image before = Noise({6, 4}, 9);
     Fill(renderer.options.outputTexture, before);
@@ -43,8 +44,7 @@ TEST_F(ExtLatency, FramesAndMasksComeOneCallLaterAndNoneIsLost) {
     Expect(renderer.drawFrame(nullptr), true, false);
 }
 
-TEST_F(ExtLatency, OrAtOnce) {
-    options.drawAtOnce = true;
+TEST_F(ExtLatency, FramesAndMasksAreDrawnAtOnce) {
     ExtRenderer renderer(options);
     Expect(renderer.drawFrame(&frames[0], &maskA), true, true);
     EXPECT_EQ(WithAlpha(frames[0].Pixel(2, 3), 50), renderer.readBack().Pixel(2, 3));

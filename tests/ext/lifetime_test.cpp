@@ -65,7 +65,6 @@ TEST_F(ExtLifetime, AFrameFitsPixelByPixelAlsoStorageThatCannotChange) {
     VERendererOptions options = decoratedOptions();
     glBindTexture(GL_TEXTURE_2D, options.outputTexture);
     glTexStorage2D(GL_TEXTURE_2D, 1, GL_RGBA8, 8, 8);
-    options.drawAtOnce = true;
     ExtRenderer renderer(options);
     renderer.drawFrame(&frame);
     EXPECT_EQ(frame.pixels, renderer.readBack().pixels);

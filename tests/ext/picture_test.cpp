@@ -35,7 +35,6 @@ TEST_F(ExtPicture, EachRotationAndMirrorWithMaskStickersAndAViewInBothDirections
         VERendererOptions options = OptionsOf(source, 40, 24);
         options.outputWidth = 64;
         options.outputHeight = 48;
-        options.drawAtOnce = true;
         ExtRenderer renderer(options);
         for (const bool decorated : {false, true}) {
             if (decorated) {
@@ -82,7 +81,6 @@ TEST_F(ExtPicture, HasTheVeryBytesOfTheSevenFunctions) {
     for (const int32_t source : {VE_SOURCE_RGB, VE_SOURCE_RGBA}) {
         RendererHarness plain({VE_OUTPUT_MASKED, source, 40, 24, VE_MASK_RGBA, 9, 7});
         VERendererOptions options = WithMask(OptionsOf(source, 40, 24), mask, VE_MASK_RGBA);
-        options.drawAtOnce = true;
         const ExtRenderer guarded(options);
         for (const float zoom : {-1.0F, 0.9F, 2.0F, 3.3F}) {
             scene.zoom = zoom;
@@ -97,7 +95,6 @@ TEST_F(ExtPicture, HasTheVeryBytesOfTheSevenFunctions) {
 
 TEST_F(ExtPicture, AMaskWithLinearFiltersHasSoftEdges) {
     VERendererOptions options = OptionsOf(VE_SOURCE_RGBA, 40, 24);
-    options.drawAtOnce = true;
     const ExtRenderer renderer(options);
     Image halves = Solid({2, 1}, {255, 255, 255, 0});
     halves.At(1, 0)[3] = 200;
@@ -120,7 +117,6 @@ TEST_F(ExtPicture, AMaskWithLinearFiltersHasSoftEdges) {
 
 TEST_F(ExtPicture, TheLastMaskStaysAndBeforeTheFirstThePictureIsWhole) {
     VERendererOptions options = WithMask(OptionsOf(VE_SOURCE_RGBA, 40, 24), mask, VE_MASK_RGBA);
-    options.drawAtOnce = true;
     ExtRenderer renderer(options);
     scene.zoom = VE_ZOOM_FIT;
     renderer.drawFrame(&frame);

@@ -75,7 +75,7 @@ void ExpectDone(const std::function<VEResult()>& call) {
 TEST_P(ExtState, PictureAndStateAreRightFromAnyState) {
     VERendererOptions options = WithMask(OptionsOf(VE_SOURCE_RGB, 31, 17), mask, VE_MASK_RGB);
     options.keepState = std::get<0>(GetParam());
-    options.drawAtOnce = std::get<1>(GetParam()) % 2 != 0;
+    options.drawLater = std::get<1>(GetParam()) % 2 == 0;
     const unsigned stickerTexture = NewTexture();
     Fill(stickerTexture, sticker);
     const int32_t place[] = {15, 15};
@@ -99,10 +99,10 @@ TEST_P(ExtState, PictureAndStateAreRightFromAnyState) {
         draw.frame = pixels ? frameBytes.data() : nullptr;
         draw.mask = pixels ? maskBytes.data() : nullptr;
         StateNames given;
-        if (options.drawAtOnce ? pixels : pending) {
+        if (options.drawLater ? pending : pixels) {
             given.insert("upload");
         }
-        if (options.drawAtOnce || pending || !pixels) {
+        if (!options.drawLater || pending || !pixels) {
             given.insert("picture");
         }
         pending = pixels;
@@ -152,7 +152,6 @@ TEST(ExtTransformFeedback, GoesOn) {
 
     VERendererOptions options = OptionsOf(VE_SOURCE_RGB, 31, 17);
     options.keepState = true;
-    options.drawAtOnce = true;
     unsigned framebuffer = 0;
     glGenFramebuffers(1, &framebuffer);
     Fill(target, frame);

@@ -71,7 +71,6 @@ void Create(FuzzedDataProvider& input, World& world, Slot& slot) {
     VERendererOptions options =
         OptionsOf(input.PickValueInArray({VE_SOURCE_RGB, VE_SOURCE_RGBA, VE_SOURCE_TEXTURE_2D}),
                   kSize.width, kSize.height);
-    options.drawAtOnce = true;
     options.keepState = input.ConsumeBool();
     slot.guarded = std::make_unique<ExtRenderer>(
         masked ? WithMask(options, Image(kSize), VE_MASK_RGBA) : options);

@@ -51,14 +51,14 @@ bool DrawWithSevenFunctions(int outputMode, bool rgb) {
     return done;
 }
 
-bool DrawGuarded(bool atOnce, bool rgb) {
+bool DrawGuarded(bool later, bool rgb) {
     VERendererOptions options = VEMakeRendererOptions();
     options.source = rgb ? VE_SOURCE_RGB : VE_SOURCE_RGBA;
     options.sourceWidth = options.maskWidth = kWidth;
     options.sourceHeight = options.maskHeight = kHeight;
     options.outputTexture = 1;
     options.maskFormat = VE_MASK_RGBA;
-    options.drawAtOnce = atOnce;
+    options.drawLater = later;
     options.keepState = rgb;
     VERenderer* renderer = nullptr;
     bool done = VECreateRenderer(&options, &renderer) == VE_OK;
@@ -74,7 +74,7 @@ bool DrawGuarded(bool atOnce, bool rgb) {
         draw.frame = call == 3 ? nullptr : frame.data();
         VEDrawn drawn = VEMakeDrawn();
         done = done && VEDraw(renderer, &draw, &drawn) == VE_OK &&
-               drawn.picture == (atOnce || call > 0);
+               drawn.picture == (!later || call > 0);
     }
     return done && VECloseRenderer(renderer, VE_CONTEXT_CURRENT) == VE_OK;
 }

@@ -39,7 +39,6 @@ void Renderer::Create() {
         options.maskWidth = settings_.maskSize.width;
         options.maskHeight = settings_.maskSize.height;
     }
-    options.drawAtOnce = true;
     options.javaVM = settings_.javaVM;
     VERenderer* handle = nullptr;
     const VEResult result = VECreateRenderer(&options, &handle);

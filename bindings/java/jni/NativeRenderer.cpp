@@ -55,7 +55,7 @@ bool TakeAddress(JNIEnv* env, jobject buffer, jint position, const void*& addres
 
 jint Create(JNIEnv* env, jclass /*type*/, jint texture, jint format, jint source, jint width,
             jint height, jint outputWidth, jint outputHeight, jint maskFormat, jint maskWidth,
-            jint maskHeight, jboolean drawAtOnce, jboolean keepState, jlongArray created) {
+            jint maskHeight, jboolean drawLater, jboolean keepState, jlongArray created) {
     std::unique_ptr<Peer> peer(new (std::nothrow) Peer);
     if (peer == nullptr) {
         return VE_ERROR_MEMORY;
@@ -75,7 +75,7 @@ jint Create(JNIEnv* env, jclass /*type*/, jint texture, jint format, jint source
     options.maskFormat = maskWidth > 0 ? maskFormat : 0;
     options.maskWidth = maskWidth;
     options.maskHeight = maskHeight;
-    options.drawAtOnce = drawAtOnce != JNI_FALSE;
+    options.drawLater = drawLater != JNI_FALSE;
     options.keepState = keepState != JNI_FALSE;
     options.javaVM = jvm;
     const VEResult result = VECreateRenderer(&options, &peer->renderer);

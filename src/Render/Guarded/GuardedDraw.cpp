@@ -15,7 +15,7 @@ constexpr int32_t kCloseWaitMs = 50;
 
 bool IsDelayed(const VERendererOptions& options) {
     const bool raw = options.source == VE_SOURCE_RGB || options.source == VE_SOURCE_RGBA;
-    return raw && !options.drawAtOnce;
+    return raw && options.drawLater;
 }
 
 DecoderSettings SettingsOf(const VERendererOptions& options, const GLFeatures& features) {

@@ -110,12 +110,12 @@ abstract class AbstractRenderer implements AutoCloseable {
     }
 
     /**
-     * Whether raw frames are drawn in the call that brings them.
+     * Whether raw frames are drawn one call after the one that brings them.
      *
-     * @return true after {@link VideoRenderer.Builder#drawAtOnce}
+     * @return true after {@link VideoRenderer.Builder#drawLater}
      */
-    public final boolean drawsAtOnce() {
-        return settings.drawAtOnce;
+    public final boolean drawsLater() {
+        return settings.drawLater;
     }
 
     /**

@@ -27,7 +27,7 @@ final class NativeRenderer {
             int maskFormat,
             int maskWidth,
             int maskHeight,
-            boolean drawAtOnce,
+            boolean drawLater,
             boolean keepState,
             long[] created);
 

@@ -12,7 +12,7 @@ final class Settings {
     PixelLayout mask;
     int maskWidth;
     int maskHeight;
-    boolean drawAtOnce;
+    boolean drawLater;
     boolean keepState = true;
 
     Settings(VideoSource source, int width, int height) {
@@ -33,7 +33,7 @@ final class Settings {
         mask = other.mask;
         maskWidth = other.maskWidth;
         maskHeight = other.maskHeight;
-        drawAtOnce = other.drawAtOnce;
+        drawLater = other.drawLater;
         keepState = other.keepState;
     }
 
@@ -68,7 +68,7 @@ final class Settings {
                         mask == null ? 0 : mask.maskCode,
                         maskWidth,
                         maskHeight,
-                        drawAtOnce,
+                        drawLater,
                         keepState,
                         created));
         return created[0];

@@ -26,11 +26,11 @@ import org.jetbrains.annotations.Nullable;
  * of the two, and does not keep the buffer. A frame or a mask has exactly {@link PixelLayout#bytes}
  * bytes between the two.
  *
- * <p><b>Latency.</b> Raw frames and their masks are drawn one call after the call that takes them,
- * unless the renderer {@linkplain Builder#drawAtOnce() draws at once}. The first call draws nothing,
- * the second draws the first frame. {@link #draw()} draws the last frame that was taken. Compressed
- * video shows the newest picture of the decoder, with a mask of the same call. Before there is a
- * picture, the destination stays as it is.
+ * <p><b>Latency.</b> Raw frames and their masks are drawn in the call that takes them, or one call
+ * later if the renderer {@linkplain Builder#drawLater() draws later}: the first call draws nothing
+ * then, the second draws the first frame. {@link #draw()} draws the last frame that was taken.
+ * Compressed video shows the newest picture of the decoder, with a mask of the same call. Before
+ * there is a picture, the destination stays as it is.
  *
  * <p><b>Orientation.</b> The first row of a frame becomes the first row of the destination, at
  * t = 0.
@@ -375,14 +375,14 @@ public final class VideoRenderer extends DecodingRenderer {
         }
 
         /**
-         * Draws raw frames and their masks in the call that brings them. Without this, GL copies them
-         * while the application goes on, and the next call draws them.
+         * Draws raw frames and their masks one call later: GL copies them while the application goes
+         * on. For GPUs that make a call wait otherwise; elsewhere it is slower.
          *
          * @return this
          */
         @NotNull
-        public Builder drawAtOnce() {
-            settings.drawAtOnce = true;
+        public Builder drawLater() {
+            settings.drawLater = true;
             return this;
         }
 

@@ -54,8 +54,7 @@ public class DrawTest extends GlTest {
 
     @Test
     public void picturesAreTurnedInAnOutputOfAnotherSize() {
-        VideoRenderer.Builder builder =
-                builder(VideoSource.RGB, WIDTH, HEIGHT).outputSize(40, 60).drawAtOnce();
+        VideoRenderer.Builder builder = builder(VideoSource.RGB, WIDTH, HEIGHT).outputSize(40, 60);
         try (VideoRenderer renderer = builder.build()) {
             renderer.setRotation(90); // The left half comes to the top.
             renderer.draw(frame(PixelLayout.RGB));
@@ -70,13 +69,13 @@ public class DrawTest extends GlTest {
         VideoRenderer.Builder builder =
                 builder(VideoSource.RGB, 8, 4).mask(PixelLayout.RGBA, 3, 2).keepState(false);
         try (VideoRenderer first = builder.build();
-                VideoRenderer second = builder.drawAtOnce().mask(PixelLayout.RGB, 7, 6).build()) {
+                VideoRenderer second = builder.drawLater().mask(PixelLayout.RGB, 7, 6).build()) {
             assertEquals(texture, first.destination());
             assertEquals(PixelLayout.RGBA, first.destinationLayout());
             assertEquals(PixelLayout.RGBA, first.maskLayout());
             assertEquals(3 * 100 + 2, first.maskWidth() * 100 + first.maskHeight());
-            assertFalse(first.drawsAtOnce() || first.keepsState());
-            assertTrue(second.drawsAtOnce());
+            assertFalse(first.drawsLater() || first.keepsState());
+            assertTrue(second.drawsLater());
             assertEquals(6, second.maskHeight());
         }
     }
@@ -126,7 +125,7 @@ public class DrawTest extends GlTest {
         Color color = new Color(10, 20, 30, 40);
         int sticker = gl.newTexture();
         gl.fill(sticker, 1, 1, flat(PixelLayout.RGBA, 1, 1, color).slice());
-        VideoRenderer.Builder builder = builder(VideoSource.RGBA, 200, 100).drawAtOnce();
+        VideoRenderer.Builder builder = builder(VideoSource.RGBA, 200, 100);
         try (VideoRenderer renderer = builder.build()) {
             // The middle of a sticker lies 15 rows before its position.
             int[] given = {100, 65, VideoRenderer.HIDDEN, VideoRenderer.HIDDEN, 60, 65};

@@ -18,8 +18,7 @@ public class ViewPositionTest extends GlTest {
     private BufferedImage drawTouched(float x, float y) {
         int sticker = gl.newTexture();
         gl.fill(sticker, 1, 1, flat(PixelLayout.RGBA, 1, 1, STICKER).slice());
-        try (VideoRenderer renderer =
-                builder(VideoSource.RGBA, WIDTH, HEIGHT).drawAtOnce().build()) {
+        try (VideoRenderer renderer = builder(VideoSource.RGBA, WIDTH, HEIGHT).build()) {
             renderer.setView(view.x(), view.y(), view.zoom());
             renderer.setStickers(sticker, view.anchorX(x, WIDTH), view.anchorY(y, HEIGHT));
             renderer.draw(flat(PixelLayout.RGBA, WIDTH, HEIGHT, Color.WHITE));
