@@ -15,6 +15,7 @@ namespace {
 
 constexpr char kClassName[] = "org/vornrenderer/NativeRenderer";
 constexpr jint kJniVersion = JNI_VERSION_1_6;
+constexpr jsize kMatrixSize = 16;
 constexpr jint kNewPicture = 1;  // NativeRenderer.NEW_PICTURE.
 
 /// A renderer and what is kept between its draws.
@@ -30,6 +31,8 @@ struct Peer {
 
     VERenderer* renderer = nullptr;
     bool contextLost = false;
+    uint32_t maskTexture = 0;  ///< 0: no new one.
+    bool hideMask = false;
     uint32_t stickerTexture = 0;
     std::vector<jint> stickers;  ///< Pairs x, y.
     int64_t pictureTimeUs = VE_NO_TIME;
@@ -92,15 +95,23 @@ jint Create(JNIEnv* env, jclass /*type*/, jint texture, jint format, jint source
 }
 
 jint Draw(JNIEnv* env, jclass /*type*/, jlong renderer, jobject frame, jint framePosition,
-          jobject mask, jint maskPosition, jint rotation, jboolean mirrored, jfloat x, jfloat y,
-          jfloat zoom) {
+          jobject mask, jint maskPosition, jint texture, jfloatArray sourceMatrix, jint rotation,
+          jboolean mirrored, jfloat x, jfloat y, jfloat zoom) {
     Peer& peer = AsPeer(renderer);
+    std::array<jfloat, kMatrixSize> matrix = {};
     const VEView view = {x, y, zoom};
     VEDrawOptions options = VEMakeDrawOptions();
     if (!TakeAddress(env, frame, framePosition, options.frame) ||
         !TakeAddress(env, mask, maskPosition, options.mask)) {
         return VE_ERROR_JAVA;
     }
+    options.sourceTexture = static_cast<uint32_t>(texture);
+    if (sourceMatrix != nullptr) {
+        env->GetFloatArrayRegion(sourceMatrix, 0, kMatrixSize, matrix.data());
+        options.sourceMatrix = matrix.data();
+    }
+    options.maskTexture = mask == nullptr ? peer.maskTexture : 0;
+    options.hideMask = peer.hideMask;
     options.rotation = rotation;
     options.mirror = mirrored != JNI_FALSE;
     options.view = &view;
@@ -109,10 +120,21 @@ jint Draw(JNIEnv* env, jclass /*type*/, jlong renderer, jobject frame, jint fram
     options.stickerCount = peer.stickers.size() / 2;
     VEDrawn drawn = VEMakeDrawn();
     const VEResult result = VEDraw(peer.renderer, &options, &drawn);
+    if (result == VE_OK) {
+        peer.maskTexture = 0;  // Taken, or replaced by pixels.
+    }
     if (drawn.picture) {
         peer.pictureTimeUs = drawn.ptsUs;
     }
     return drawn.newPicture ? kNewPicture : static_cast<jint>(result);
+}
+
+void SetMask(JNIEnv* /*env*/, jclass /*type*/, jlong renderer, jint texture, jboolean hidden) {
+    Peer& peer = AsPeer(renderer);
+    if (texture != 0) {
+        peer.maskTexture = static_cast<uint32_t>(texture);
+    }
+    peer.hideMask = hidden != JNI_FALSE;
 }
 
 jint SetStickers(JNIEnv* env, jclass /*type*/, jlong renderer, jint texture, jintArray positions) {
@@ -197,7 +219,8 @@ JNINativeMethod Method(const char* name, const char* signature, Function* functi
 bool RegisterMethods(JNIEnv* env) {
     const std::array methods = {
         Method("create", "(IIIIIIIIIIZZ[J)I", Create),
-        Method("draw", "(JLjava/nio/ByteBuffer;ILjava/nio/ByteBuffer;IIZFFF)I", Draw),
+        Method("draw", "(JLjava/nio/ByteBuffer;ILjava/nio/ByteBuffer;II[FIZFFF)I", Draw),
+        Method("setMask", "(JIZ)V", SetMask),
         Method("setStickers", "(JI[I)I", SetStickers),
         Method("stickers", "(J)[I", Stickers),
         Method("pictureTimeUs", "(J)J", PictureTimeUs),

@@ -7,6 +7,7 @@ final class Check {
     /** The presentation times that a decoder can pass on. */
     private static final long MOST_US = Long.MAX_VALUE / 1000 - 1;
 
+    private static final int MATRIX_SIZE = 16;
     private static final float CAMERA_IN_PICTURE = 6;
 
     private Check() {}
@@ -38,6 +39,18 @@ final class Check {
     static void texture(int texture) {
         if (texture <= 0) {
             throw new IllegalArgumentException(texture + " is not a texture");
+        }
+    }
+
+    static void matrix(float[] matrix) {
+        if (matrix != null && matrix.length != MATRIX_SIZE) {
+            throw new IllegalArgumentException("a matrix has 16 values, not " + matrix.length);
+        }
+    }
+
+    static void drawsTextures(VideoSource source) {
+        if (source != VideoSource.TEXTURE_2D && source != VideoSource.TEXTURE_EXTERNAL) {
+            throw new IllegalArgumentException("a renderer of " + source + " draws no textures");
         }
     }
 

@@ -21,7 +21,7 @@ abstract class DecodingRenderer extends AbstractRenderer {
      *
      * @param unit the unit; an empty one does nothing
      * @throws IllegalArgumentException if the unit is not direct
-     * @throws IllegalStateException if the renderer takes raw frames, is closed, or belongs to
+     * @throws IllegalStateException if the renderer draws no compressed video, is closed, or belongs to
      *     another thread
      */
     public final void queueUnit(@NotNull ByteBuffer unit) {
@@ -43,7 +43,7 @@ abstract class DecodingRenderer extends AbstractRenderer {
      * @return what became of the unit
      * @throws IllegalArgumentException if the unit is not direct, or is empty without UNIT_END, if
      *     the time or a flag does not exist, or if the stream has ended and was not flushed
-     * @throws IllegalStateException if the renderer takes raw frames, is closed, or belongs to
+     * @throws IllegalStateException if the renderer draws no compressed video, is closed, or belongs to
      *     another thread
      */
     @NotNull
@@ -64,7 +64,7 @@ abstract class DecodingRenderer extends AbstractRenderer {
      * Drops all units and pictures in the decoder, for seeking. The next unit starts with a key
      * frame. Draws show no further picture of before the flush.
      *
-     * @throws IllegalStateException if the renderer takes raw frames, is closed, or belongs to
+     * @throws IllegalStateException if the renderer draws no compressed video, is closed, or belongs to
      *     another thread
      * @throws RendererException if the decoder is no longer of use
      */
@@ -76,7 +76,7 @@ abstract class DecodingRenderer extends AbstractRenderer {
      * The state of the decoder. Allocates an object.
      *
      * @return the state now
-     * @throws IllegalStateException if the renderer takes raw frames, is closed, or belongs to
+     * @throws IllegalStateException if the renderer draws no compressed video, is closed, or belongs to
      *     another thread
      */
     @NotNull
@@ -92,7 +92,7 @@ abstract class DecodingRenderer extends AbstractRenderer {
         long checked = handle();
         if (!source().isCompressed()) {
             throw new IllegalStateException(
-                    "a renderer of " + source() + " frames takes no units");
+                    "a renderer of " + source() + " takes no units");
         }
         return checked;
     }

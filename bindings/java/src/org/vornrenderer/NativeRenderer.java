@@ -31,18 +31,23 @@ final class NativeRenderer {
             boolean keepState,
             long[] created);
 
-    /** {@link #NEW_PICTURE}, 0 for the same picture or none, or an error. */
+    /** {@link #NEW_PICTURE}, 0 for the same picture or none, or an error. Texture 0 means none. */
     static native int draw(
             long renderer,
             ByteBuffer frame,
             int framePosition,
             ByteBuffer mask,
             int maskPosition,
+            int texture,
+            float[] matrix,
             int rotation,
             boolean mirrored,
             float x,
             float y,
             float zoom);
+
+    /** Texture 0 keeps the mask. */
+    static native void setMask(long renderer, int texture, boolean hidden);
 
     /** Copies the positions. Texture 0 means no stickers. */
     static native int setStickers(long renderer, int texture, int[] positions);

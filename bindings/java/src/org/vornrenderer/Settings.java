@@ -39,7 +39,7 @@ final class Settings {
 
     /** 0 if the renderer takes no frames. */
     int frameBytes() {
-        return source.isCompressed() ? 0 : source.layout.bytes(width, height);
+        return source.layout == null ? 0 : source.layout.bytes(width, height);
     }
 
     /** 0 if the renderer takes no masks. */
@@ -75,7 +75,7 @@ final class Settings {
     }
 
     private static PixelLayout frameLayout(VideoSource source) {
-        return source.isCompressed() ? PixelLayout.RGBA : source.layout;
+        return source.layout == null ? PixelLayout.RGBA : source.layout;
     }
 
     /** The classes are looked up here because the exception names the one that is missing. */

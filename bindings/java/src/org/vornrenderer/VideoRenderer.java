@@ -39,7 +39,7 @@ import org.jetbrains.annotations.Nullable;
  * state that it changes, and works from any state, unless {@link Builder#keepState} says otherwise.
  * Closing leaves nothing behind: neither GL names nor a thread nor Java objects.
  */
-public final class VideoRenderer extends DecodingRenderer {
+public final class VideoRenderer extends ComposingRenderer {
     /** The x and the y of a sticker that is not drawn. */
     public static final int HIDDEN = -1;
 
@@ -55,24 +55,13 @@ public final class VideoRenderer extends DecodingRenderer {
     /** Flag of the last unit of a stream, which may be empty. {@link #flush()} comes next. */
     public static final int UNIT_END = 4;
 
-    private static final float MASKED_ZOOM = 2;
-    private static final int NO_TEXTURE = 0;
-    private static final int[] NO_POSITIONS = {};
-
     private final int frameBytes;
     private final int maskBytes;
-    private int rotation;
-    private boolean mirrored;
-    private float x;
-    private float y;
-    private float zoom;
-    private int stickerTexture;
 
     private VideoRenderer(Settings settings) {
         super(settings);
         frameBytes = settings.frameBytes();
         maskBytes = settings.maskBytes();
-        zoom = maskBytes == 0 ? ZOOM_FIT : MASKED_ZOOM;
     }
 
     /**
@@ -93,7 +82,7 @@ public final class VideoRenderer extends DecodingRenderer {
      * @param frame the frame, or null for none
      * @return whether the picture is another one than in the call before
      * @throws IllegalArgumentException if the frame is not direct or has another size, or if the
-     *     renderer draws compressed video
+     *     renderer takes no frames
      * @throws IllegalStateException if the renderer is closed or belongs to another thread
      * @throws RendererException if memory runs out
      */
@@ -117,12 +106,27 @@ public final class VideoRenderer extends DecodingRenderer {
         long renderer = handle();
         int framePosition = Check.position(frame, frameBytes, "frame");
         int maskPosition = Check.position(mask, maskBytes, "mask");
-        int drawn =
-                NativeRenderer.draw(
-                        renderer, frame, framePosition, mask, maskPosition, rotation,
-                        mirrored, x, y, zoom);
-        RendererException.check(drawn);
-        return drawn == NativeRenderer.NEW_PICTURE;
+        return drawComposed(renderer, frame, framePosition, mask, maskPosition, NO_TEXTURE, null);
+    }
+
+    /**
+     * Draws the application's texture, where that is the {@linkplain VideoSource source}.
+     *
+     * @param texture GL name of a complete texture, sampled with its own filters; only read in the
+     *     call
+     * @param matrix 16 floats, column by column, as SurfaceTexture.getTransformMatrix gives them for
+     *     this texture; null if the first row of the texture is that of the picture
+     * @throws IllegalArgumentException if the texture is not positive, the matrix has not 16 values,
+     *     or the renderer draws no textures
+     * @throws IllegalStateException if the renderer is closed or belongs to another thread
+     * @throws RendererException if memory runs out
+     */
+    public void drawTexture(int texture, @Nullable float[] matrix) {
+        long renderer = handle();
+        Check.texture(texture);
+        Check.matrix(matrix);
+        Check.drawsTextures(source());
+        drawComposed(renderer, null, 0, null, 0, texture, matrix);
     }
 
     /**
@@ -136,162 +140,6 @@ public final class VideoRenderer extends DecodingRenderer {
         return NativeRenderer.pictureTimeUs(handle());
     }
 
-    /**
-     * Turns the picture, from the next call of draw on. Mask and stickers keep their places.
-     *
-     * @param degrees clockwise: 0, 90, 180 or 270; 0 at the start
-     * @throws IllegalArgumentException for another angle
-     * @throws IllegalStateException if the renderer is closed or belongs to another thread
-     */
-    public void setRotation(int degrees) {
-        handle();
-        Check.rotation(degrees);
-        rotation = degrees;
-    }
-
-    /**
-     * Swaps left and right of the picture and of each sticker, from the next call of draw on. The
-     * mask and the positions of the stickers stay.
-     *
-     * @param mirrored true to swap; false at the start
-     * @throws IllegalStateException if the renderer is closed or belongs to another thread
-     */
-    public void setMirrored(boolean mirrored) {
-        handle();
-        this.mirrored = mirrored;
-    }
-
-    /**
-     * Puts stickers over the picture, from the next call of draw on.
-     *
-     * <p>A sticker is 5 % of the output's width wide and 10 % of its height high. It is centered on
-     * x and ends 10 % of the height before row y. The view moves and scales it with the picture. The
-     * first row of its texture is nearest to (x, y).
-     *
-     * @param texture GL name of a complete GL_TEXTURE_2D
-     * @param positions x and y of each sticker in turn, in output pixels from the first row and
-     *     column; copied. A pair of {@link #HIDDEN} is left out.
-     * @throws IllegalArgumentException if the texture is not positive, or an x has no y
-     * @throws IllegalStateException if the renderer is closed or belongs to another thread
-     * @throws RendererException if memory runs out
-     */
-    public void setStickers(int texture, int... positions) {
-        long renderer = handle();
-        Check.texture(texture);
-        Check.pairs(positions);
-        putStickers(renderer, texture, positions);
-    }
-
-    /**
-     * Draws no stickers from the next call of draw on.
-     *
-     * @throws IllegalStateException if the renderer is closed or belongs to another thread
-     */
-    public void clearStickers() {
-        putStickers(handle(), NO_TEXTURE, NO_POSITIONS);
-    }
-
-    private void putStickers(long renderer, int texture, int[] positions) {
-        RendererException.check(NativeRenderer.setStickers(renderer, texture, positions));
-        stickerTexture = texture;
-    }
-
-    /**
-     * Moves the view to the left or right, and to the middle of the picture's height.
-     *
-     * @param x as in {@link #setView(float, float, float)}
-     * @param zoom likewise
-     * @throws IllegalArgumentException if a value is not finite, or the zoom is 6 or more
-     * @throws IllegalStateException if the renderer is closed or belongs to another thread
-     */
-    public void setView(float x, float zoom) {
-        setView(x, 0, zoom);
-    }
-
-    /**
-     * Moves the view, from the next call of draw on.
-     *
-     * @param x of the camera, in half widths of the picture: positive moves the picture to the left
-     * @param y of the camera, in half heights of the picture: positive moves the picture towards the
-     *     destination's first row
-     * @param zoom less than 6, where the camera reaches the picture; {@link #ZOOM_FIT} fits. At the
-     *     start 2 if the renderer takes masks, otherwise ZOOM_FIT
-     * @throws IllegalArgumentException if a value is not finite, or the zoom is 6 or more
-     * @throws IllegalStateException if the renderer is closed or belongs to another thread
-     */
-    public void setView(float x, float y, float zoom) {
-        handle();
-        Check.view(x, y, zoom);
-        this.x = x;
-        this.y = y;
-        this.zoom = zoom;
-    }
-
-    /**
-     * How far the picture is turned.
-     *
-     * @return what {@link #setRotation} set
-     */
-    public int rotation() {
-        return rotation;
-    }
-
-    /**
-     * Whether the picture is mirrored.
-     *
-     * @return what {@link #setMirrored} set
-     */
-    public boolean isMirrored() {
-        return mirrored;
-    }
-
-    /**
-     * The camera's x.
-     *
-     * @return what {@link #setView(float, float, float)} set, 0 at the start
-     */
-    public float viewX() {
-        return x;
-    }
-
-    /**
-     * The camera's y.
-     *
-     * @return what {@link #setView(float, float, float)} set, 0 at the start
-     */
-    public float viewY() {
-        return y;
-    }
-
-    /**
-     * The camera's zoom.
-     *
-     * @return what {@link #setView(float, float, float)} set
-     */
-    public float zoom() {
-        return zoom;
-    }
-
-    /**
-     * The texture of the stickers.
-     *
-     * @return GL name; 0 for no stickers
-     */
-    public int stickerTexture() {
-        return stickerTexture;
-    }
-
-    /**
-     * The positions of the stickers.
-     *
-     * @return a copy of x and y of each sticker in turn
-     * @throws IllegalStateException if the renderer is closed or belongs to another thread
-     */
-    @NotNull
-    public int[] stickers() {
-        return NativeRenderer.stickers(handle());
-    }
-
     /** What kind of renderer to build. Can be used again, on any thread. */
     public static final class Builder {
         private final Settings settings;
@@ -301,7 +149,7 @@ public final class VideoRenderer extends DecodingRenderer {
          *
          * @param source what the renderer will be given
          * @param width of the frames and, without {@link #outputSize}, of the destination, in
-         *     pixels; decoded pictures of another size are stretched
+         *     pixels; decoded pictures and textures of another size are stretched
          * @param height of the same, in pixels
          * @throws IllegalArgumentException if a side is not positive, or no buffer can hold a frame
          */
@@ -356,8 +204,8 @@ public final class VideoRenderer extends DecodingRenderer {
         }
 
         /**
-         * Keys the picture by a mask, which comes with the calls of draw. Before the first one the
-         * whole picture shows.
+         * Keys the picture by masks of pixels, which come with the calls of draw. Before the first one
+         * the whole picture shows. {@link VideoRenderer#setMaskTexture} needs no such announcement.
          *
          * @param layout of the masks
          * @param width of the masks in pixels; a mask is stretched over the picture

@@ -9,12 +9,16 @@ public enum VideoSource {
     /** Raw frames, 3 bytes a pixel. */
     RGB(3, PixelLayout.RGB),
     /** Raw frames, 4 bytes a pixel. */
-    RGBA(5, PixelLayout.RGBA);
+    RGBA(5, PixelLayout.RGBA),
+    /** The application's GL_TEXTURE_2D. */
+    TEXTURE_2D(16, null),
+    /** The application's GL_TEXTURE_EXTERNAL_OES, for example of a SurfaceTexture. */
+    TEXTURE_EXTERNAL(17, null);
 
-    /** VERendererMode::modeType. */
+    /** VERendererOptions::source. */
     final int code;
 
-    /** Of raw frames; null for compressed video. */
+    /** Of raw frames; null for all others. */
     final PixelLayout layout;
 
     VideoSource(int code, PixelLayout layout) {
@@ -25,9 +29,9 @@ public enum VideoSource {
     /**
      * Whether the platform's decoder decodes the video.
      *
-     * @return true for compressed video, false for raw frames
+     * @return true for compressed video, false for raw frames and textures
      */
     public boolean isCompressed() {
-        return layout == null;
+        return this == H264 || this == MJPEG;
     }
 }

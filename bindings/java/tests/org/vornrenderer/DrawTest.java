@@ -121,6 +121,42 @@ public class DrawTest extends GlTest {
     }
 
     @Test
+    public void texturesUnderMaskTextures() {
+        int picture = gl.newTexture();
+        int mask = gl.newTexture();
+        gl.fill(picture, WIDTH, HEIGHT, frame(PixelLayout.RGBA).slice());
+        gl.fill(mask, 2, 1, halves(PixelLayout.RGBA, 2, 1, Color.BLACK, Color.WHITE).slice());
+        Color key = new Color(169, 210, 216, 0);
+        float[] swapped = {-1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1, 0, 1, 1, 0, 1}; // Columns.
+        try (VideoRenderer renderer = builder(VideoSource.TEXTURE_2D, WIDTH, HEIGHT).build()) {
+            renderer.drawTexture(picture, null);
+            assertHalves(LEFT, RIGHT);
+            renderer.setMaskTexture(mask);
+            renderer.drawTexture(picture, swapped);
+            assertHalves(key, LEFT);
+            renderer.setMaskHidden(true);
+            renderer.drawTexture(picture, swapped);
+            assertHalves(RIGHT, LEFT);
+            renderer.setMaskHidden(false);
+            assertFalse(renderer.isMaskHidden());
+            renderer.drawTexture(picture, null);
+            assertHalves(key, RIGHT);
+        }
+        try (VideoRenderer renderer =
+                builder(VideoSource.RGB, WIDTH, HEIGHT)
+                        .mask(PixelLayout.RGB, 1, 1)
+                        .drawAtOnce()
+                        .build()) {
+            renderer.setView(0, VideoRenderer.ZOOM_FIT);
+            renderer.setMaskTexture(mask);
+            renderer.draw(frame(PixelLayout.RGB));
+            assertHalves(key, RIGHT);
+            renderer.draw(null, flat(PixelLayout.RGB, 1, 1, Color.WHITE));
+            assertHalves(LEFT, RIGHT);
+        }
+    }
+
+    @Test
     public void stickersAtEachPositionUntilCleared() {
         Color color = new Color(10, 20, 30, 40);
         int sticker = gl.newTexture();

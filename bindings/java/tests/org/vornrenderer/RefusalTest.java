@@ -63,7 +63,7 @@ public class RefusalTest extends GlTest {
                     "the frame is not in a direct buffer",
                     () -> renderer.draw(ByteBuffer.allocate(64)));
             badArgument("the renderer takes no mask", () -> renderer.draw(right, right));
-            badState("a renderer of RGBA frames takes no units", () -> renderer.queueUnit(right));
+            badState("a renderer of RGBA takes no units", () -> renderer.queueUnit(right));
             renderer.draw(right.asReadOnlyBuffer());
         }
         VideoRenderer.Builder masked = builder(VideoSource.RGBA, 4, 4).mask(PixelLayout.RGB, 4, 4);
@@ -79,6 +79,11 @@ public class RefusalTest extends GlTest {
             badArgument("3 numbers are no pairs", () -> renderer.setStickers(1, 1, 2, 3));
             badArgument("-1 is not a texture", () -> renderer.setStickers(-1, 1, 2));
             assertThrows(NullPointerException.class, () -> renderer.setStickers(1, (int[]) null));
+            badArgument("0 is not a texture", () -> renderer.setMaskTexture(0));
+            badArgument(
+                    "a renderer of RGB draws no textures", () -> renderer.drawTexture(1, null));
+            badArgument(
+                    "a matrix has 16 values, not 9", () -> renderer.drawTexture(1, new float[9]));
             badArgument("pictures are not turned by 45", () -> renderer.setRotation(45));
             badArgument("no view is at NaN, 0.0, zoom 2.0", () -> renderer.setView(Float.NaN, 2));
             badArgument(
@@ -92,6 +97,9 @@ public class RefusalTest extends GlTest {
         badState(message, () -> renderer.setMirrored(true));
         badState(message, () -> renderer.setStickers(1, 2, 3));
         badState(message, renderer::clearStickers);
+        badState(message, () -> renderer.setMaskTexture(1));
+        badState(message, () -> renderer.setMaskHidden(true));
+        badState(message, () -> renderer.drawTexture(1, null));
         badState(message, renderer::pictureTimeUs);
         badState(message, () -> renderer.setView(0, 2));
     }
