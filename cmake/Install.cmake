@@ -38,8 +38,15 @@ install(FILES ${GENERATED}/vornrendererConfig.cmake ${GENERATED}/vornrendererCon
 install(FILES ${GENERATED}/vornrenderer.pc DESTINATION ${PKGCONFIG_DIR} COMPONENT dev)
 
 if(TARGET vornplay)
+  include(CommandPage)
   set_target_properties(vornplay motionmask PROPERTIES INSTALL_RPATH "${VORN_PROGRAM_RPATH}")
   install(TARGETS vornplay motionmask RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+  install_command_page(vornplay)
+  install_command_page(motionmask)
+  install(FILES packaging/vornplay.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications
+    COMPONENT tools)
+  install(FILES packaging/vornplay.svg
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT tools)
 endif()
 
 foreach(package runtime:libvornrenderer0 dev:libvornrenderer-dev tools:vornrenderer-tools)

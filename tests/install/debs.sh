@@ -42,7 +42,8 @@ contains libvornrenderer-dev include/vornrenderer/render/VERenderer.h \
     include/vornrenderer/linux_platform/Host.h "$libraries/libvornrenderer.so" \
     "$libraries/pkgconfig/vornrenderer.pc" "$libraries/cmake/vornrenderer/vornrendererConfig.cmake" \
     share/doc/libvornrenderer-dev/copyright
-contains vornrenderer-tools bin/vornplay bin/motionmask share/doc/vornrenderer-tools/copyright
+contains vornrenderer-tools bin/vornplay bin/motionmask share/doc/vornrenderer-tools/copyright \
+    share/man/man1/vornplay.1.gz share/applications/vornplay.desktop
 
 depends libvornrenderer0 libc6
 depends libvornrenderer0 android-liblog

@@ -24,7 +24,7 @@ TEST_F(BadInputTest, BadInputGivesOneLineAndLeavesNothingBehind) {
     const std::set<std::string> before = Files();
     const Image picture = Read("in.png");
     for (const std::string arguments :
-         {"",
+         {"--quiet",
           "in.png --overwrite --out in.png",
           "in.png --overwrite --out ./clip/../in.png",
           "file:in.png --overwrite --out in.png",

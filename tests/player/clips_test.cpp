@@ -158,6 +158,9 @@ TEST_F(ClipsTest, PicturesAreUprightAndSquare) {
     PlayWell("turned-90.mp4 --frames 2 --no-autorotate --out out.mp4");
     EXPECT_EQ(Probe("out.mp4", "stream=width,height").at(0).rfind("64,48", 0), 0U);
     EXPECT_EQ(Probe("out.mp4", "stream_side_data=rotation").at(0), "-90");
+    EXPECT_NE(Play("turned-90.mp4 --frames 2 --no-autorotate --out out.mkv")
+                  .errors.find("does not keep the display matrix"),
+              std::string::npos);
 }
 
 namespace {

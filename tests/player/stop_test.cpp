@@ -7,6 +7,7 @@
 #include <array>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <regex>
 
@@ -33,8 +34,9 @@ protected:
         return json::parse(file);
     }
 
-    /// Runs the player on a terminal, and types Ctrl-C once \p sign is on the screen.
-    RunResult PlayOnTerminal(const std::string& arguments, const std::string& sign) const {
+    /// Runs the player on a terminal, and types \p keys once \p sign is on the screen.
+    RunResult PlayOnTerminal(const std::string& arguments, const std::string& sign,
+                             const std::string& keys = "\x03") const {
         const std::string command = "cd " + Path("") + " && exec " VORNPLAY " " + arguments;
         winsize window = {24, 100, 0, 0};
         int terminal = -1;
@@ -49,7 +51,7 @@ protected:
         for (ssize_t count = 0; (count = read(terminal, bytes.data(), bytes.size())) > 0;) {
             result.errors.append(bytes.data(), static_cast<size_t>(count));
             if (!typed && result.errors.find(sign) != std::string::npos) {
-                typed = write(terminal, "\x03", 1) == 1;
+                typed = write(terminal, keys.data(), keys.size()) > 0;
             }
         }
         int status = 0;
@@ -143,6 +145,12 @@ TEST_F(StopTest, WhatStoodThereStandsUnlessItMayBeReplaced) {
         EXPECT_NE(reads(), "earlier") << out;
     }
     EXPECT_EQ(Files().size(), 7U) << "no unfinished file stays";
+    for (const auto& [answer, status] : std::map<std::string, int>{{"n\n", 2}, {"y\n", 0}}) {
+        std::ofstream(Path("out.gif")) << "earlier";
+        EXPECT_EQ(PlayOnTerminal("in/%d.png --out out.gif", "Replace it? [y/N] ", answer).status,
+                  status);
+        EXPECT_EQ(std::filesystem::file_size(Path("out.gif")) == 7, status == 2);
+    }
 }
 
 TEST_F(StopTest, JsonTellsWhatBecameOfTheRun) {

@@ -4,24 +4,36 @@
 #include <algorithm>
 #include <cstdio>
 #include <iomanip>
+#include <iostream>
 #include <numeric>
 #include <sstream>
 #include <string_view>
 #include <utility>
 
+#include "support/CommandPage.h"
 #include "support/ToolError.h"
 
 namespace {
 
-/// Shows the names of the options and the forms of their values, not their rules.
-class PlainHelp : public CLI::Formatter {
-public:
-    PlainHelp() { column_width(30); }
-    std::string make_option_opts(const CLI::Option* option) const override {
-        const std::string form = option->get_type_name();
-        return form.empty() ? form : " " + form;
+/// "-q,--quiet" as a list.
+std::vector<std::string> NamesIn(const std::string& names) {
+    std::vector<std::string> list;
+    std::istringstream text(names);
+    for (std::string name; std::getline(text, name, ',');) {
+        list.push_back(name);
     }
-};
+    return list;
+}
+
+/// "a, b or c"
+std::string Listed(const std::vector<std::string>& words, const char* separator,
+                   const char* lastSeparator) {
+    std::string list;
+    for (const std::string& word : words) {
+        list += (list.empty() ? "" : &word == &words.back() ? lastSeparator : separator) + word;
+    }
+    return list;
+}
 
 /// Errors begin with the option's name.
 void TakeFor(const std::string& name, const CommandLine::Take& take, const std::string& value) {
@@ -65,6 +77,8 @@ auto ParserIn(Number low, Number high) {
 
 struct CommandLine::Parser {
     CLI::App app;
+    CommandPage page;
+    std::string printed;  ///< What the user asked for instead of a run.
 
     /// \throws ToolError that names the nearest option, for one that is not known
     void CheckKnown(const std::string& argument) const {
@@ -73,52 +87,56 @@ struct CommandLine::Parser {
             return;
         }
         std::string nearest;
-        for (const CLI::Option* option : app.get_options()) {
-            for (const std::string& known : option->get_lnames()) {
-                if (nearest.empty() || Distance(name, "--" + known) < Distance(name, nearest)) {
-                    nearest = "--" + known;
+        for (const CommandPage::Option& option : page.options) {
+            for (const std::string& known : option.names) {
+                if (nearest.empty() || Distance(name, known) < Distance(name, nearest)) {
+                    nearest = known;
                 }
             }
         }
         throw ToolError(name + " is no option; the nearest is " + nearest);
     }
 
+    void Describe(CommandPage::Option option) { page.options.push_back(std::move(option)); }
+
     /// CLI11's templates for options take long to compile; this needs none of them.
-    CLI::Option& Add(const std::string& name, const Take& take, const std::string& form,
-                     const std::string& help) {
-        const auto takeAll = [name, take](const CLI::results_t& values) {
+    CLI::Option& Add(const std::string& names, const Take& take) {
+        const auto takeAll = [name = NamesIn(names).back(), take](const CLI::results_t& values) {
             for (const std::string& value : values) {
                 TakeFor(name, take, value);
             }
             return true;
         };
-        return *app.add_option(name, takeAll, help)->type_name(form);
+        return *app.add_option(names, takeAll, "");
     }
 };
 
 CommandLine::CommandLine(const std::string& about, const std::string& program)
-    : parser_(new Parser{CLI::App(about, program)}) {
-    parser_->app.formatter(std::make_shared<PlainHelp>());
+    : parser_(new Parser{CLI::App(about, program), {program, about, {}, {}}, {}}) {
+    parser_->app.set_help_flag();
 }
 
 CommandLine::~CommandLine() = default;
 
-void CommandLine::Notes(const std::string& text) {
-    parser_->app.footer(text);
+void CommandLine::Note(const std::string& title, const std::string& text) {
+    parser_->page.notes.push_back({title, text});
 }
 
 void CommandLine::Flag(const std::string& name, bool& value, const std::string& help) {
-    parser_->app.add_flag(name, value, help)->group(group_);
+    Flag(
+        name, [&value] { value = true; }, help);
 }
 
 void CommandLine::Flag(const std::string& name, const std::function<void()>& given,
                        const std::string& help) {
-    parser_->app.add_flag_callback(name, given, help)->group(group_);
+    parser_->app.add_flag_callback(name, given, help);
+    parser_->Describe({group_, NamesIn(name), "", {}, help, false});
 }
 
 void CommandLine::Option(const std::string& name, const Take& take, const std::string& form,
                          const std::string& help) {
-    parser_->Add(name, take, form, help).group(group_);
+    parser_->Add(name, take);
+    parser_->Describe({group_, NamesIn(name), form, {}, help, false});
 }
 
 void CommandLine::Option(const std::string& name, std::string& value, const std::string& form,
@@ -127,13 +145,26 @@ void CommandLine::Option(const std::string& name, std::string& value, const std:
         name, [&value](const std::string& text) { value = text; }, form, help);
 }
 
+void CommandLine::Choice(const std::string& name, const Take& take,
+                         const std::vector<std::string>& words, const std::string& help,
+                         const std::string& form) {
+    parser_->Add(name, [take, words](const std::string& text) {
+        if (std::find(words.begin(), words.end(), text) == words.end()) {
+            throw ToolError(text + " is none of " + Listed(words, ", ", " and "));
+        }
+        take(text);
+    });
+    parser_->Describe(
+        {group_, NamesIn(name), form.empty() ? Listed(words, "|", "|") : form, words, help, false});
+}
+
 void CommandLine::Repeated(const std::string& name, const Take& take, const std::string& form,
                            const std::string& help) {
     const bool isOption = name[0] == '-';  // It takes one value each time.
-    parser_->Add(name, take, form, help)
+    parser_->Add(name, take)
         .expected(1, CLI::detail::expected_max_vector_size)
-        ->allow_extra_args(!isOption)
-        ->group(group_);
+        ->allow_extra_args(!isOption);
+    parser_->Describe({group_, NamesIn(name), form, {}, help, true});
 }
 
 void CommandLine::Require(const std::string& name) {
@@ -148,19 +179,41 @@ void CommandLine::Exclude(const std::string& name, const std::string& other) {
     parser_->app.get_option(name)->excludes(parser_->app.get_option(other));
 }
 
-void CommandLine::Version(const std::function<std::string()>& text) {
-    parser_->app.set_version_flag("--version", text, "Print versions and exit")->group(group_);
+/// The options that end a run at once. CLI11 stops on its "success".
+void CommandLine::AddOwn() {
+    const auto print = [this](const std::string& text) {
+        parser_->printed = text;
+        throw CLI::Success();
+    };
+    const CommandPage& page = parser_->page;
+    Group("This program");
+    if (version_ != nullptr) {
+        Flag(
+            "--version", [=] { print(version_() + "\n"); }, "Print versions and exit");
+    }
+    Flag(
+        "-h,--help", [=, &page] { print(HelpText(page)); }, "Print this help and exit");
+    Choice(
+        "--generate",
+        [=, &page](const std::string& what) {
+            print(what == "man"    ? ManPage(page)
+                  : what == "bash" ? BashCompletion(page)
+                                   : ZshCompletion(page));
+        },
+        {"man", "bash", "zsh"},
+        "Print the man page, or a completion script of the shell, and exit");
 }
 
 bool CommandLine::Parse(int argc, char** argv) {
+    AddOwn();
     for (int i = 1; i < argc && std::string_view(argv[i]) != "--"; ++i) {
         parser_->CheckKnown(argv[i]);
     }
     try {
         parser_->app.parse(argc, argv);
         return true;
-    } catch (const CLI::Success& request) {
-        parser_->app.exit(request);
+    } catch (const CLI::Success&) {
+        std::cout << parser_->printed;
         return false;
     } catch (const CLI::ParseError& error) {
         const std::string message = error.what();

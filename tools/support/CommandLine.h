@@ -23,8 +23,8 @@ public:
 
     /// The help shows the options that are added from here on under this heading.
     void Group(const std::string& heading) { group_ = heading; }
-    /// The help ends with this.
-    void Notes(const std::string& text);
+    /// The help ends with these. \param text lines that begin with a space stay as they are
+    void Note(const std::string& title, const std::string& text);
 
     void Flag(const std::string& name, bool& value, const std::string& help);
     void Flag(const std::string& name, const std::function<void()>& given, const std::string& help);
@@ -43,27 +43,34 @@ public:
         };
         Option(name, take, form, help);
     }
+    /// An option that takes one of some words. \param form the words if empty
+    void Choice(const std::string& name, const Take& take, const std::vector<std::string>& words,
+                const std::string& help, const std::string& form = "");
     /// An option or argument that may be given often.
     void Repeated(const std::string& name, const Take& take, const std::string& form,
                   const std::string& help);
 
-    /// Prints this, and nothing else is done.
-    void Version(const std::function<std::string()>& text);
+    /// What --version prints; nothing else is done then.
+    void Version(const std::function<std::string()>& text) { version_ = text; }
 
     void Require(const std::string& name);
     void Need(const std::string& name, const std::string& other);
     void Exclude(const std::string& name, const std::string& other);
 
-    /// Sets the variables.
-    /// \return false if the user asked for help, which was printed.
+    /// Sets the variables. Adds --help and --generate, which prints the man page or a completion
+    /// script.
+    /// \return false if the user asked for one of these, or for --version, which was printed
     /// \throws ToolError on bad arguments
     bool Parse(int argc, char** argv);
 
 private:
     struct Parser;
 
+    void AddOwn();
+
     std::unique_ptr<Parser> parser_;
     std::string group_ = "Options";
+    std::function<std::string()> version_;
 };
 
 // Parsers of values. All throw ToolError.

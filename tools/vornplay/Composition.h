@@ -13,8 +13,8 @@ using Rgba = std::array<uint8_t, 4>;
 /// The view when none is asked for: the picture fills the frame exactly.
 inline constexpr VEView kFitView = {0.0F, 0.0F, VE_ZOOM_FIT};
 
-/// The largest zoom that options and scripts may ask for: nearer than 6 there is no picture.
-inline constexpr double kNearestZoom = 5.99;
+/// The largest zoom that options and scripts may ask for: from 5.8 on nothing shows.
+inline constexpr double kNearestZoom = 5.79;
 
 /// The view at \p progress on the straight line between two; 0 is \p from, 1 is \p to.
 VEView Between(const VEView& from, const VEView& to, double progress);

@@ -36,7 +36,7 @@ VEView ParseView(const std::string& text) {
     constexpr size_t kZoom = 2;
     const std::array<double, 4> numbers = ParseNumbers<4>(text, -kFarthest, kFarthest);
     if (numbers[kZoom] > kNearestZoom) {
-        throw ToolError(text + " is no view: from a zoom of 6 on there is no picture");
+        throw ToolError(text + " is no view: from a zoom of 5.8 on nothing shows");
     }
     return {static_cast<float>(numbers[kX]), static_cast<float>(numbers[kY]),
             static_cast<float>(numbers[kZoom])};

@@ -1,9 +1,5 @@
 #include "Options.h"
 
-#include <algorithm>
-#include <map>
-#include <vector>
-
 #include "OptionValues.h"
 #include "OutputGuard.h"
 #include "Version.h"
@@ -15,38 +11,35 @@ namespace {
 
 constexpr int64_t kMostFrames = 1'000'000'000;
 
-constexpr char kNotes[] =
-    "Alpha is not premultiplied. Audio is copied as it is.\n"
-    "\n"
-    "Path: by default, H.264 and Motion-JPEG video goes to the renderer compressed, and the "
-    "platform\n"
+constexpr char kPathNote[] =
+    "By default, H.264 and Motion-JPEG video goes to the renderer compressed, and the platform "
     "decodes it. This needs a JVM ($JAVA_HOME, or the system's). Everything else goes as pixels, "
-    "and\n"
-    "so do frames of another --size; with --path decode these are scaled more simply.\n"
-    "\n"
-    "Mask: with alpha, it keys the picture out where it is transparent. Without alpha, it does so\n"
-    "where it is black, and elsewhere its brightness is the alpha; with --mask-format rgb nothing "
-    "is\n"
-    "half transparent. The mask is stretched over the picture. Its first frame goes with the "
-    "first\n"
-    "frame drawn, and its last frame is repeated.\n"
-    "\n"
-    "View: the picture is 2 wide and 2 high around 0,0. ZOOM 2 crops it by a factor of 1.15, 1.4\n"
-    "fits, less shows the clear color around it; 6 and more is no view. A positive X moves the\n"
-    "picture to the left, a positive Y up. W has no effect.\n"
-    "\n"
-    "Examples:\n"
+    "and so do frames of another --size; with --path decode these are scaled more simply.";
+
+constexpr char kMaskNote[] =
+    "With alpha, it keys the picture out where it is transparent. Without alpha, it does so where "
+    "it is black, and elsewhere its brightness is the alpha; with --mask-format rgb nothing is "
+    "half transparent. The mask is stretched over the picture. Its first frame goes with the first "
+    "frame drawn, and its last frame is repeated.";
+
+constexpr char kViewNote[] =
+    "The picture is 2 wide and 2 high around 0,0. ZOOM 2 crops it by a factor of 1.15, 1.4 fits, "
+    "less shows the clear color around it; from 5.8 on nothing shows. A positive X moves the "
+    "picture to the left, a positive Y up. W has no effect.";
+
+constexpr char kExamples[] =
     "  vornplay clip.mp4 --mirror --out clip-mirrored.mp4\n"
     "  vornplay clip.mp4 --out 'frames/%04d.png' --start 2.5 --frames 50\n"
     "  vornplay clip.mp4 --mask 'mask/%04d.png' --out keyed.mp4 --backdrop '#204060'\n"
     "  vornplay photo.png --sticker hat.png --at 320,200 --at 90,240 --out photo-hat.png\n"
     "  vornplay clip.mp4 --view 0,0,1.4,0 --view-to 0.5,0,4,0 --out zoom.mp4\n"
-    "  vornplay clip.mp4 --script move.json --out clip.webm\n"
-    "\n"
-    "Ctrl-C finishes the output with the frames so far.\n"
-    "\n"
-    "Exit status: 0 done, 1 the input is broken and was drawn as far as it decodes,\n"
-    "2 nothing could be done, 130 stopped by Ctrl-C.";
+    "  vornplay clip.mp4 --script move.json --out clip.webm";
+
+constexpr char kStatusNote[] =
+    "  0    done\n"
+    "  1    the input is broken, and was drawn as far as it decodes\n"
+    "  2    nothing could be done, or the output could not be written\n"
+    "  130  stopped by Ctrl-C; the output has the frames so far";
 
 void AddInputOptions(CommandLine& line, Options& options) {
     line.Option("INPUT", options.input, "",
@@ -70,31 +63,20 @@ void AddInputOptions(CommandLine& line, Options& options) {
                 "Draw no more frames than this");
 }
 
-Handover ParseHandover(const std::string& text) {
-    static const std::map<std::string, Handover> kNames = {
-        {"auto", Handover::kAuto}, {"decode", Handover::kCompressed}, {"cpu", Handover::kPixels}};
-    const auto found = kNames.find(text);
-    if (found == kNames.end()) {
-        throw ToolError(text + " is none of decode, cpu and auto");
-    }
-    return found->second;
-}
-
 void AddHandoverOptions(CommandLine& line, Options& options) {
     line.Group("Path");
-    line.Option("--path", options.handover, ParseHandover, "decode|cpu|auto",
-                "Hand over compressed frames or pixels (default: auto)");
+    line.Choice(
+        "--path",
+        [&options](const std::string& text) {
+            options.handover = text == "decode" ? Handover::kCompressed
+                               : text == "cpu"  ? Handover::kPixels
+                                                : Handover::kAuto;
+        },
+        {"decode", "cpu", "auto"}, "Hand over compressed frames or pixels (default: auto)");
     line.Flag("--realtime", options.realtime,
               "Keep the clip's pace, and count the frames shown and dropped");
     line.Option("--platform", options.platform, "DIR",
                 "Where libandroid.so and android.jar are (default: those linked to)");
-}
-
-bool IsRgb(const std::string& format) {
-    if (format != "rgb" && format != "rgba") {
-        throw ToolError(format + " is neither rgb nor rgba");
-    }
-    return format == "rgb";
 }
 
 void AddMaskOptions(CommandLine& line, Options& options) {
@@ -103,8 +85,9 @@ void AddMaskOptions(CommandLine& line, Options& options) {
                 "Key the picture by this video, picture or sequence");
     line.Option("--mask-size", options.maskSize, ParseSize, "WxH",
                 "Scale the mask to this size (default: its own)");
-    line.Option("--mask-format", options.rgbMask, IsRgb, "rgb|rgba",
-                "Hand the mask over as this (default: rgba)");
+    line.Choice(
+        "--mask-format", [&options](const std::string& text) { options.rgbMask = text == "rgb"; },
+        {"rgb", "rgba"}, "Hand the mask over as this (default: rgba)");
     line.Need("--mask-size", "--mask");
     line.Need("--mask-format", "--mask");
 }
@@ -138,47 +121,43 @@ void AddViewOptions(CommandLine& line, Options& options, std::string& script) {
     }
 }
 
-auto OneOf(const std::vector<std::string>& names) {
-    return [names](const std::string& text) {
-        if (std::find(names.begin(), names.end(), text) == names.end()) {
-            throw ToolError(text + " is not known here");
-        }
-        return text;
-    };
-}
-
-bool IsCopy(const std::string& text) {
-    if (text != "copy" && text != "none") {
-        throw ToolError(text + " is neither copy nor none");
-    }
-    return text == "copy";
-}
-
 void AddOutputOptions(CommandLine& line, Options& options) {
+    Encoding& encoding = options.encoding;
     line.Group("Output");
     line.Option("--out", options.out, "FILE",
                 "Write to " + OutputExamples() + " (default: show it in a window)");
-    line.Option("--codec", options.encoding.codec, OneOf({"h264", "h265", "vp9"}), "h264|h265|vp9",
-                "Codec of mp4 and mkv (default: h264)");
-    line.Option("--crf", options.encoding.crf, WholeIn(0, 63), "N",
+    line.Choice(
+        "--codec", [&encoding](const std::string& text) { encoding.codec = text; },
+        {"h264", "h265", "vp9"}, "Codec of mp4 and mkv (default: h264)");
+    line.Option("--crf", encoding.crf, WholeIn(0, 63), "N",
                 "Quality of mp4, mkv and webm, 0 the best (default: 18)");
-    line.Option("--preset", options.encoding.preset,
-                OneOf({"ultrafast", "superfast", "veryfast", "faster", "fast", "medium", "slow",
-                       "slower", "veryslow", "placebo"}),
-                "NAME", "From ultrafast to placebo, of h264 and h265 (default: fast)");
-    line.Option("--audio", options.encoding.copiesAudio, IsCopy, "copy|none",
-                "What becomes of the audio (default: copy)");
+    line.Choice(
+        "--preset", [&encoding](const std::string& text) { encoding.preset = text; },
+        {"ultrafast", "superfast", "veryfast", "faster", "fast", "medium", "slow", "slower",
+         "veryslow", "placebo"},
+        "From ultrafast to placebo, of h264 and h265 (default: fast)", "NAME");
+    line.Choice(
+        "--audio", [&encoding](const std::string& text) { encoding.copiesAudio = text == "copy"; },
+        {"copy", "none"}, "What becomes of the audio (default: copy)");
     line.Option("--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
                 "Behind transparent parts of output without alpha (default: checker)");
     line.Flag("--overwrite", options.overwrite, "Replace an output that exists already");
     line.Flag("--json", options.json, "Print the result as a line of JSON");
     line.Flag("--no-window", options.noWindow,
               "Without --out: draw all frames and report how long that took");
-    line.Flag("--quiet,-q", options.quiet, "No progress and no summary");
+    line.Flag("-q,--quiet", options.quiet, "No progress and no summary");
     line.Flag("-v,--verbose", options.verbose, "Show the log of the renderer and the decoders");
     line.Version(VersionText);
     line.Exclude("--realtime", "--out");
-    line.Notes("Output:\n" + OutputNotes() + kNotes);
+}
+
+void AddNotes(CommandLine& line) {
+    line.Note("Kinds of output", OutputNotes() + "Alpha is not premultiplied.");
+    line.Note("The path", kPathNote);
+    line.Note("The mask", kMaskNote);
+    line.Note("The view", kViewNote);
+    line.Note("Examples", kExamples);
+    line.Note("Exit status", kStatusNote);
 }
 
 void ReadScriptInto(Options& options, const std::string& path) {
@@ -200,6 +179,7 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
     AddStickerOptions(line, options);
     AddViewOptions(line, options, script);
     AddOutputOptions(line, options);
+    AddNotes(line);
     if (!line.Parse(argc, argv)) {
         return std::nullopt;
     }

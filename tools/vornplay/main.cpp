@@ -40,7 +40,18 @@ int Play(Options& options) {
     }
 }
 
+constexpr char kShortHelp[] =
+    "vornplay plays videos and pictures, with masks, stickers and a moving view.\n"
+    "\n"
+    "  vornplay clip.mp4                          in a window\n"
+    "  vornplay clip.mp4 --mirror --out new.mp4   into a file\n"
+    "  vornplay --help                            all options\n";
+
 int Run(int argc, char** argv) {
+    if (argc == 1) {
+        std::cout << kShortHelp;
+        return kExitBadInput;
+    }
     std::optional<Options> options = ParseOptions(argc, argv);
     if (!options.has_value()) {
         return kExitDone;

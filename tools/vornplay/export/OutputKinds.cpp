@@ -63,16 +63,16 @@ const std::vector<OutputKind>& OutputKinds() {
         // The index goes to the front, so that playing can begin before all of the file is there.
         {"x.mp4", "H.264 video", Frames::kAll, Alpha::kFlattened,
          "AAC, MP3, AC-3, Opus, FLAC and more",
-         Video({"mp4", H264(), {{"movflags", "+faststart"}}, true})},
+         Video({"mp4", H264(), {{"movflags", "+faststart"}}, true, true})},
         {"x.mkv", "H.264 video", Frames::kAll, Alpha::kFlattened, "almost any",
-         Video({"matroska", H264(), {}, true})},
+         Video({"matroska", H264(), {}, true, false})},
         {"x.webm", "VP9 video", Frames::kAll, Alpha::kKept, "Opus and Vorbis",
-         Video({"webm", Vp9(), {}, false})},
+         Video({"webm", Vp9(), {}, false, false})},
         {"x.webp", "an animation of lossy pictures", Frames::kAll, Alpha::kKept, nullptr, Webp},
         {"x.gif", "an animation with 256 colors for each frame", Frames::kAll, Alpha::kOneBit,
          nullptr, Gif},
         {"x.apng", "an animation without loss", Frames::kAll, Alpha::kKept, nullptr,
-         Video({"apng", Apng(), {{"plays", "0"}}, false})},
+         Video({"apng", Apng(), {{"plays", "0"}}, false, false})},
     };
     return kKinds;
 }

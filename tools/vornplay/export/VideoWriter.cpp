@@ -108,6 +108,7 @@ VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settin
     }
     if (!settings.turned && settings.input.DisplayMatrix() != nullptr) {
         video_.SetDisplayMatrix(settings.input.DisplayMatrix());
+        losesMatrix_ = !format.keepsMatrix;
     }
     lead_ = std::llround(audio_.Lead() / av_q2d(settings.clock.tick));
     muxer_.Begin(format.muxing);
@@ -122,10 +123,18 @@ const uint8_t* VideoWriter::Pixels(const Image& frame) {
 }
 
 std::string VideoWriter::Remark() const {
-    return pads_ ? "padded to " + std::to_string(padded_.size.width) + "x" +
-                       std::to_string(padded_.size.height) +
-                       ", as the format needs an even width and height"
-                 : "";
+    std::string remark;
+    if (pads_) {
+        remark = "padded to " + std::to_string(padded_.size.width) + "x" +
+                 std::to_string(padded_.size.height) +
+                 ", as the format needs an even width and height";
+    }
+    if (losesMatrix_) {
+        remark += std::string(remark.empty() ? "" : "; ") +
+                  "the format does not keep the display matrix, so players will not turn the "
+                  "pictures upright";
+    }
+    return remark;
 }
 
 void VideoWriter::Write(const Image& frame, int64_t time) {

@@ -12,7 +12,8 @@ struct VideoFormat {
     const char* container;  ///< libavformat's name of it.
     VideoCoding coding;
     LibavOptions muxing;
-    bool even;  ///< Width and height must be even; odd frames are padded.
+    bool even;         ///< Width and height must be even; odd frames are padded.
+    bool keepsMatrix;  ///< Keeps the display matrix.
 };
 
 /// Writes video with the audio and the color tags of the input. Frames
@@ -35,6 +36,7 @@ private:
     Backdrop backdrop_;
     Image padded_;
     bool pads_;  ///< Frames are smaller than padded_.
+    bool losesMatrix_ = false;
     Muxer muxer_;
     VideoTrack video_;
     AudioCopy audio_;
