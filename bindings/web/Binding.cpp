@@ -6,6 +6,7 @@
 
 extern "C" {
 
+/// \param outputTexture 0 draws onto the canvas.
 /// \param[out] result what VECreateRenderer returned.
 /// \return null on failure.
 EMSCRIPTEN_KEEPALIVE VERenderer* VornCreate(uint32_t outputTexture, int32_t width, int32_t height,
@@ -13,6 +14,7 @@ EMSCRIPTEN_KEEPALIVE VERenderer* VornCreate(uint32_t outputTexture, int32_t widt
     VERendererOptions options = VEMakeRendererOptions();
     options.source = VE_SOURCE_TEXTURE_2D;
     options.outputTexture = outputTexture;
+    options.toFramebuffer = outputTexture == 0;
     options.outputWidth = width;
     options.outputHeight = height;
     VERenderer* renderer = nullptr;

@@ -183,6 +183,11 @@ typedef struct VERendererOptions {
     /// may still find no new picture for some milliseconds. Never called after VECloseRenderer.
     void (*onPicture)(void* listener);
     void* listener;  ///< Passed to onPicture.
+    /// Draws into outputFramebuffer, the application's, at once: no copy is needed to show it. Its
+    /// last row is the picture's first row, as windows have it. outputTexture is 0 then, and
+    /// outputFormat is not used.
+    bool toFramebuffer;
+    uint32_t outputFramebuffer;  ///< 0: the window's.
 } VERendererOptions;
 
 /// Creates a renderer.
@@ -244,7 +249,7 @@ typedef struct VEDrawn {
     int64_t ptsUs;    ///< Its presentation time in µs: the unit's. VE_NO_TIME without a decoder.
 } VEDrawn;
 
-/// Draws the newest picture into the output texture.
+/// Draws the newest picture into the output.
 ///
 /// A call without a raw frame draws the last one. With VERendererOptions::drawLater the first call
 /// draws nothing, the second draws the first frame, and no frame is lost. Before there is a

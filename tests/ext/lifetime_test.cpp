@@ -126,6 +126,13 @@ TEST_F(ExtLifetime, CreationRefusesBadOptionsAndLeavesNothing) {
         {[](VERendererOptions& o) { o.sourceWidth = 0; }, VE_ERROR_ARGUMENT},
         {[](VERendererOptions& o) { o.outputHeight = -1; }, VE_ERROR_ARGUMENT},
         {[](VERendererOptions& o) { o.outputTexture = 0; }, VE_ERROR_ARGUMENT},
+        {[](VERendererOptions& o) { o.toFramebuffer = true; }, VE_ERROR_ARGUMENT},
+        {[](VERendererOptions& o) {
+             o.outputTexture = 0;
+             o.toFramebuffer = true;
+             o.outputFramebuffer = 99;
+         },
+         VE_ERROR_GL},
         {[](VERendererOptions& o) { o.outputFormat = 7; }, VE_ERROR_ARGUMENT},
         {[](VERendererOptions& o) { o.maskFormat = 4; }, VE_ERROR_ARGUMENT},
         {[](VERendererOptions& o) { o.maskWidth = 0; }, VE_ERROR_ARGUMENT},

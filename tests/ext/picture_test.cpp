@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "ext/ExtRenderer.h"
 #include "gl/GLES3.h"
@@ -74,6 +75,26 @@ TEST_F(ExtPicture, TheSourceMatrixCropsAndTurnsThePictureOnly) {
             }
         }
     }
+}
+
+TEST_F(ExtPicture, AFramebufferHasTheFirstRowOnTop) {
+    addMaskAndStickers();
+    scene.rotation = 90;
+    scene.viewY = 0.3F;
+    scene.zoom = 1.9F;
+    VERendererOptions options = OptionsOf(VE_SOURCE_TEXTURE_2D, 64, 48);
+    Fill(options.outputTexture, Noise({64, 48}, 5));
+    const unsigned texture = std::exchange(options.outputTexture, 0);
+    glGenFramebuffers(1, &options.outputFramebuffer);
+    glBindFramebuffer(GL_FRAMEBUFFER, options.outputFramebuffer);
+    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
+    options.toFramebuffer = true;
+    ExtRenderer(options).show(scene);
+    Image drawn = ReadBack(texture, {64, 48});
+    for (int row = 0; row < 24; ++row) {
+        std::swap_ranges(drawn.At(0, row), drawn.At(64, row), drawn.At(0, 47 - row));
+    }
+    ExpectShows(drawn, scene);
 }
 
 TEST_F(ExtPicture, HasTheVeryBytesOfTheSevenFunctions) {

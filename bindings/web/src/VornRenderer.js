@@ -20,7 +20,7 @@ export { VornError };
 
 /**
  * @typedef {object} CreateOptions
- * @property {number} [width] of the output in pixels; the canvas's.
+ * @property {number} [width] of the output in pixels; the canvas's. A canvas is given this size.
  * @property {number} [height] likewise.
  * @property {[number, number, number, number]} [background] around the picture: red, green, blue
  *     and alpha from 0 to 1. Black, opaque.
@@ -46,7 +46,7 @@ export const ZOOM_FIT = 1.40031481;
 const CREATE = Symbol('create');
 
 /**
- * Draws pictures into a texture, {@link output}, and onto the canvas that it was created with.
+ * Draws pictures onto a canvas, or into a texture of an application's own context, {@link output}.
  *
  * All functions throw {@link VornError}. A renderer belongs to the thread that created it, which may
  * be a worker with an OffscreenCanvas.
@@ -62,7 +62,6 @@ export class VornRenderer {
     /** @type {GlState | null} */
     #state;
     #output;
-    #framebuffer;
     #background;
     #width = 0;
     #height = 0;
@@ -86,7 +85,7 @@ export class VornRenderer {
     /**
      * Creates a renderer.
      *
-     * On a canvas it draws onto the canvas, too. In an application's own context it only draws into
+     * On a canvas it draws straight onto the canvas. In an application's own context it draws into
      * {@link output}, whose first row is the picture's first row, and gives back all state.
      *
      * @param {HTMLCanvasElement | OffscreenCanvas | WebGL2RenderingContext} target
@@ -119,8 +118,7 @@ export class VornRenderer {
         this.#ownContext = ownContext;
         this.#state = ownContext || options.keepState === false ? null : new GlState(gl);
         this.#background = options.background ?? [0, 0, 0, 1];
-        this.#output = /** @type {WebGLTexture} */ (gl.createTexture());
-        this.#framebuffer = gl.createFramebuffer();
+        this.#output = ownContext ? null : gl.createTexture();
         this.#sources = {
             picture: new PictureTexture(gl),
             mask: new PictureTexture(gl),
@@ -135,7 +133,10 @@ export class VornRenderer {
         }
     }
 
-    /** The texture with what was drawn, straight alpha. It exists until {@link close}. */
+    /**
+     * The texture with what was drawn, straight alpha. It exists until {@link close}. Null with a
+     * canvas.
+     */
     get output() {
         return this.#output;
     }
@@ -151,17 +152,20 @@ export class VornRenderer {
     }
 
     /**
-     * Gives the output another size. Its contents are lost; the canvas keeps its size.
+     * Gives the output another size. Its contents are lost. A canvas is given this size; after a
+     * canvas was given another one elsewhere, the next draw follows.
      * @param {number} width in pixels
      * @param {number} height
      */
     resize(width, height) {
         requireArgument(isSize(width) && isSize(height), 'width and height are whole and positive');
         this.#guarded(() => {
-            this.#wasm.create(this.#output, width, height);
-            this.#width = width;
-            this.#height = height;
-            this.#attachOutput();
+            if (this.#ownContext) {
+                Object.assign(this.#gl.canvas, { width, height });
+                this.#followCanvas();
+            } else {
+                this.#createRenderer(width, height);
+            }
         });
     }
 
@@ -184,7 +188,8 @@ export class VornRenderer {
             if (this.#source === null) {
                 return false;
             }
-            this.#drawInto(this.#source, mask === null ? null : this.#mask, mirrored, rotation);
+            this.#followCanvas();
+            this.#drawSource(this.#source, mask === null ? null : this.#mask, mirrored, rotation);
             return true;
         });
     }
@@ -227,7 +232,6 @@ export class VornRenderer {
         this.#wasm.close(lost);
         if (!lost) {
             this.#gl.deleteTexture(this.#output);
-            this.#gl.deleteFramebuffer(this.#framebuffer);
             Object.values(this.#sources).forEach((texture) => texture.delete());
         }
         this.#state?.restore();
@@ -246,7 +250,7 @@ export class VornRenderer {
      * @param {boolean} mirrored
      * @param {number} rotation
      */
-    #drawInto(source, mask, mirrored, rotation) {
+    #drawSource(source, mask, mirrored, rotation) {
         const gl = this.#gl;
         const [red, green, blue, alpha] = this.#background;
         gl.clearColor(red, green, blue, alpha);
@@ -258,28 +262,23 @@ export class VornRenderer {
             rotation,
             view: this.#view,
         });
-        if (this.#ownContext) {
-            this.#present();
+    }
+
+    #followCanvas() {
+        const { drawingBufferWidth: width, drawingBufferHeight: height } = this.#gl;
+        if (this.#ownContext && (width !== this.#width || height !== this.#height)) {
+            this.#createRenderer(width, height);
         }
     }
 
-    /** The canvas counts its rows from below. */
-    #present() {
-        const gl = this.#gl;
-        const { drawingBufferWidth: width, drawingBufferHeight: height } = gl;
-        const filter = width === this.#width && height === this.#height ? gl.NEAREST : gl.LINEAR;
-        gl.bindFramebuffer(gl.READ_FRAMEBUFFER, this.#framebuffer);
-        gl.blitFramebuffer(
-            0, 0, this.#width, this.#height, 0, height, width, 0, gl.COLOR_BUFFER_BIT, filter,
-        );
-    }
-
-    #attachOutput() {
-        const gl = this.#gl;
-        gl.bindFramebuffer(gl.READ_FRAMEBUFFER, this.#framebuffer);
-        gl.framebufferTexture2D(
-            gl.READ_FRAMEBUFFER, gl.COLOR_ATTACHMENT0, gl.TEXTURE_2D, this.#output, 0,
-        );
+    /**
+     * @param {number} width
+     * @param {number} height
+     */
+    #createRenderer(width, height) {
+        this.#wasm.create(this.#output, width, height);
+        this.#width = width;
+        this.#height = height;
     }
 
     /**

@@ -55,7 +55,7 @@ export class Wasm {
 
     /**
      * Creates the renderer, or creates it again with another size.
-     * @param {WebGLTexture} output
+     * @param {WebGLTexture | null} output null for the canvas
      * @param {number} width
      * @param {number} height
      */

@@ -87,9 +87,7 @@ OVR::Matrix4<float> ViewOf(const VEDrawOptions& options) {
 GuardedDraw::GuardedDraw(const GLFeatures& features, const VERendererOptions& options)
     : features_(features),
       keepState_(options.keepState),
-      output_(names_, options.outputTexture,
-              options.outputFormat == VE_FORMAT_RGB ? GL_RGB : GL_RGBA, options.outputWidth,
-              options.outputHeight),
+      output_(names_, options),
       pictureMesh_(names_),
       stickerMesh_(names_),
       source_(MakeSource(names_, features, options)),
@@ -106,7 +104,7 @@ VEDrawn GuardedDraw::draw(const VEDrawOptions& options) {
     if (!hasPicture) {
         return {sizeof(VEDrawn), false, false, VE_NO_TIME};
     }
-    const OVR::Matrix4<float> view = ViewOf(options);
+    const OVR::Matrix4<float> view = output_.upright(ViewOf(options));
     output_.begin();
     drawPicture(picture, options, view);
     if (options.stickerTexture != 0) {

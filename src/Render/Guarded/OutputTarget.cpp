@@ -21,19 +21,36 @@ bool GiveStorage(uint32_t format, int32_t width, int32_t height) {
     return true;
 }
 
-}  // namespace
-
-OutputTarget::OutputTarget(GLNames& names, uint32_t texture, uint32_t format, int32_t width,
-                           int32_t height)
-    : framebuffer_(names.makeFramebuffer()), width_(width), height_(height) {
-    GLES3::glBindTexture(GL_TEXTURE_2D, texture);
-    const bool isNew = GiveStorage(format, width, height);
-    GLES3::glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffer_);
-    GLES3::glFramebufferTexture2D(GL_DRAW_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture,
-                                  0);
+void RequireDrawable() {
     RequireNoGLError();
     Require(GLES3::glCheckFramebufferStatus(GL_DRAW_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE,
             VE_ERROR_GL);
+}
+
+}  // namespace
+
+OutputTarget::OutputTarget(GLNames& names, const VERendererOptions& options)
+    : framebuffer_(options.toFramebuffer ? options.outputFramebuffer : names.makeFramebuffer()),
+      firstRowOnTop_(options.toFramebuffer),
+      width_(options.outputWidth),
+      height_(options.outputHeight) {
+    if (!options.toFramebuffer) {
+        attach(options);
+        return;
+    }
+    Require(framebuffer_ == 0 || GLES3::glIsFramebuffer(framebuffer_) != GL_FALSE, VE_ERROR_GL);
+    GLES3::glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffer_);
+    RequireDrawable();
+}
+
+void OutputTarget::attach(const VERendererOptions& options) const {
+    GLES3::glBindTexture(GL_TEXTURE_2D, options.outputTexture);
+    const bool isNew =
+        GiveStorage(options.outputFormat == VE_FORMAT_RGB ? GL_RGB : GL_RGBA, width_, height_);
+    GLES3::glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffer_);
+    GLES3::glFramebufferTexture2D(GL_DRAW_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D,
+                                  options.outputTexture, 0);
+    RequireDrawable();
     if (isNew) {
         static constexpr GLfloat kTransparentBlack[4] = {};
         GLES3::glClearBufferfv(GL_COLOR, 0, kTransparentBlack);
@@ -44,4 +61,10 @@ void OutputTarget::begin() const {
     GLES3::glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffer_);
     GLES3::glViewport(0, 0, width_, height_);
     GLES3::glClear(GL_COLOR_BUFFER_BIT);
+}
+
+OVR::Matrix4<float> OutputTarget::upright(const OVR::Matrix4<float>& view) const {
+    static constexpr OVR::Matrix4<float> kFlip = {
+        {{1, 0, 0, 0}, {0, -1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}}};
+    return firstRowOnTop_ ? Multiply(kFlip, view) : view;
 }

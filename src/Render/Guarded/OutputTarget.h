@@ -2,26 +2,32 @@
 
 #include <cstdint>
 
+#include "../GPUTextureFilter/ViewTransform.h"
 #include "GLNames.h"
+#include "render/VERendererExt.h"
 
-/// The application's texture as something to draw into.
+/// The application's texture or framebuffer as something to draw into.
 class OutputTarget {
 public:
     /// Gives a texture without immutable storage its storage, transparent black. Needs the state
     /// that draws need. Changes the bindings of GL_TEXTURE_2D, GL_PIXEL_UNPACK_BUFFER and
     /// GL_DRAW_FRAMEBUFFER. Throws Failure.
-    ///
-    /// \param format GL_RGB or GL_RGBA.
-    OutputTarget(GLNames& names, uint32_t texture, uint32_t format, int32_t width, int32_t height);
+    OutputTarget(GLNames& names, const VERendererOptions& options);
 
     /// Binds it for drawing and clears it.
     void begin() const;
+
+    /// \return \p view so that the picture's first row is drawn where this output has it.
+    OVR::Matrix4<float> upright(const OVR::Matrix4<float>& view) const;
 
     int32_t width() const { return width_; }
     int32_t height() const { return height_; }
 
 private:
+    void attach(const VERendererOptions& options) const;
+
     uint32_t framebuffer_;
+    bool firstRowOnTop_;
     int32_t width_;
     int32_t height_;
 };
