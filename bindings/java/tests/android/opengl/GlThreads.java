@@ -1,15 +1,16 @@
 package android.opengl;
 
-/** What only the system does to views. */
+import android.view.View;
+
+/** What only the system does to GL threads. */
 public final class GlThreads {
     private GlThreads() {}
 
-    public static void loseContext(GLSurfaceView view) {
-        view.loseContext();
-    }
-
-    /** As when the view leaves its window. */
-    public static void end(GLSurfaceView view) {
-        view.onDetachedFromWindow();
+    public static void loseContext(View view) {
+        if (view instanceof GLSurfaceView) {
+            ((GLSurfaceView) view).loseContext();
+        } else {
+            EGL14.contextIsLost = true;
+        }
     }
 }

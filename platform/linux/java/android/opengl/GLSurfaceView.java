@@ -21,7 +21,9 @@ public class GLSurfaceView extends SurfaceView {
         void onDrawFrame(GL10 gl);
     }
 
+    private Renderer renderer;
     private GlThread thread;
+    private boolean ended;
 
     public GLSurfaceView(Context context) {
         super(context);
@@ -34,7 +36,12 @@ public class GLSurfaceView extends SurfaceView {
     /** The context has version 3 in any case. */
     public void setEGLContextClientVersion(int version) {}
 
-    public void setRenderer(Renderer renderer) {
+    public void setRenderer(Renderer newRenderer) {
+        renderer = newRenderer;
+        start();
+    }
+
+    private void start() {
         thread = new GlThread(renderer);
         thread.start();
     }
@@ -45,6 +52,7 @@ public class GLSurfaceView extends SurfaceView {
 
     @Override
     public void layout(int l, int t, int r, int b) {
+        super.layout(l, t, r, b);
         thread.setSize(r - l, b - t);
     }
 
@@ -65,11 +73,15 @@ public class GLSurfaceView extends SurfaceView {
     @Override
     protected void onAttachedToWindow() {
         super.onAttachedToWindow();
+        if (ended) {
+            start();
+        }
     }
 
     /** Ends the thread, as when the view leaves its window. */
     @Override
     protected void onDetachedFromWindow() {
         thread.end();
+        ended = true;
     }
 }

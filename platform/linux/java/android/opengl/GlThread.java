@@ -8,10 +8,6 @@ import java.util.concurrent.TimeUnit;
 final class GlThread extends Thread {
     private static final long FRAME_NS = TimeUnit.SECONDS.toNanos(1) / 60;
 
-    static {
-        System.loadLibrary("android");
-    }
-
     private final GLSurfaceView.Renderer renderer;
     private final Queue<Runnable> events = new ArrayDeque<>();
     private int width;
@@ -21,8 +17,13 @@ final class GlThread extends Thread {
     private boolean paused;
     private boolean ending;
 
-    /** The native context, on this thread only; 0 for none. */
-    private long context;
+    private final EGLDisplay display = EGL14.eglGetDisplay(EGL14.EGL_DEFAULT_DISPLAY);
+
+    /** On this thread only; null for none. */
+    private EGLContext context;
+
+    private EGLConfig config;
+    private EGLSurface surface = EGL14.EGL_NO_SURFACE;
 
     GlThread(GLSurfaceView.Renderer renderer) {
         super("GLThread");
@@ -59,9 +60,10 @@ final class GlThread extends Thread {
     }
 
     void endContext() {
-        if (context != 0) {
-            nativeEnd(context);
-            context = 0;
+        if (context != null) {
+            dropSurface();
+            EGL14.eglDestroyContext(display, context);
+            context = null;
         }
     }
 
@@ -109,7 +111,7 @@ final class GlThread extends Thread {
     }
 
     private void drawFrame() {
-        boolean created = context == 0;
+        boolean created = context == null;
         boolean changed;
         int w;
         int h;
@@ -120,10 +122,10 @@ final class GlThread extends Thread {
             h = height;
         }
         if (created) {
-            context = nativeBegin();
+            begin();
         }
         if (changed) {
-            nativeResize(context, w, h);
+            resize(w, h);
         }
         if (created) {
             renderer.onSurfaceCreated(null, null);
@@ -132,7 +134,7 @@ final class GlThread extends Thread {
             renderer.onSurfaceChanged(null, w, h);
         }
         renderer.onDrawFrame(null);
-        nativeSwap(context);
+        EGL14.eglSwapBuffers(display, surface);
     }
 
     private void waitUninterruptibly() {
@@ -151,11 +153,33 @@ final class GlThread extends Thread {
         }
     }
 
-    private static native long nativeBegin();
+    private void begin() {
+        int[] attributes = {
+            EGL14.EGL_SURFACE_TYPE, EGL14.EGL_PBUFFER_BIT,
+            EGL14.EGL_RENDERABLE_TYPE, EGLExt.EGL_OPENGL_ES3_BIT_KHR,
+            EGL14.EGL_RED_SIZE, 8, EGL14.EGL_GREEN_SIZE, 8, EGL14.EGL_BLUE_SIZE, 8, EGL14.EGL_NONE
+        };
+        int[] version = {EGL14.EGL_CONTEXT_CLIENT_VERSION, 3, EGL14.EGL_NONE};
+        EGLConfig[] chosen = new EGLConfig[1];
+        EGL14.eglInitialize(display, null, 0, null, 0);
+        EGL14.eglChooseConfig(display, attributes, 0, chosen, 0, 1, new int[1], 0);
+        config = chosen[0];
+        context = EGL14.eglCreateContext(display, config, EGL14.EGL_NO_CONTEXT, version, 0);
+    }
 
-    private static native void nativeResize(long context, int width, int height);
+    private void resize(int w, int h) {
+        int[] size = {EGL14.EGL_WIDTH, w, EGL14.EGL_HEIGHT, h, EGL14.EGL_NONE};
+        dropSurface();
+        surface = EGL14.eglCreatePbufferSurface(display, config, size, 0);
+        EGL14.eglMakeCurrent(display, surface, surface, context);
+    }
 
-    private static native void nativeSwap(long context);
-
-    private static native void nativeEnd(long context);
+    private void dropSurface() {
+        EGL14.eglMakeCurrent(
+                display, EGL14.EGL_NO_SURFACE, EGL14.EGL_NO_SURFACE, EGL14.EGL_NO_CONTEXT);
+        if (surface != EGL14.EGL_NO_SURFACE) {
+            EGL14.eglDestroySurface(display, surface);
+            surface = EGL14.EGL_NO_SURFACE;
+        }
+    }
 }

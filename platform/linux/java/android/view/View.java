@@ -21,6 +21,7 @@ public class View {
 
     private final Context context;
     private OnClickListener clickListener;
+    private boolean attached;
 
     public View(Context context) {
         this(context, null);
@@ -44,8 +45,23 @@ public class View {
 
     protected void onDetachedFromWindow() {}
 
-    /** A host calls this in place of the view's parent. */
-    public void layout(int l, int t, int r, int b) {}
+    public boolean isAttachedToWindow() {
+        return attached;
+    }
+
+    /** A host calls this in place of the view's parent. The first time puts the view into a window. */
+    public void layout(int l, int t, int r, int b) {
+        if (!attached) {
+            attached = true;
+            onAttachedToWindow();
+        }
+    }
+
+    /** As when the view is removed from its parent. */
+    void leaveWindow() {
+        attached = false;
+        onDetachedFromWindow();
+    }
 
     public void setOnClickListener(OnClickListener l) {
         clickListener = l;

@@ -11,7 +11,8 @@ import org.jetbrains.annotations.NotNull;
 import org.jetbrains.annotations.Nullable;
 
 /**
- * What all views of this package do, like {@link VornVideoView}.
+ * What both views do. {@link VornVideoView} has a window behind that of the activity, which costs the
+ * device least. {@link VornTextureView} moves, scrolls and fades like any other view.
  *
  * <p>All methods belong to the UI thread. They take effect with the next frame. Applications implement
  * no player.

@@ -12,6 +12,8 @@ import android.opengl.GlThreads;
 import android.view.KeyEvent;
 import android.view.MotionEvent;
 import android.view.Pinch;
+import android.view.View;
+import android.view.Windows;
 import java.io.File;
 import java.io.FileInputStream;
 import java.io.IOException;
@@ -19,16 +21,22 @@ import java.lang.management.ManagementFactory;
 import java.nio.ByteBuffer;
 import java.nio.file.Files;
 import java.nio.file.Path;
+import java.util.List;
 import java.util.concurrent.BlockingQueue;
 import java.util.concurrent.CountDownLatch;
 import java.util.concurrent.LinkedBlockingQueue;
 import java.util.concurrent.TimeUnit;
+import java.util.function.Function;
 import org.junit.After;
 import org.junit.Before;
 import org.junit.Test;
+import org.junit.runner.RunWith;
+import org.junit.runners.Parameterized;
+import org.junit.runners.Parameterized.Parameters;
 
-/** The view, unchanged, with Android's classes for the desktop. Pictures have their number in bars. */
-public class VornVideoViewTest {
+/** Both views, unchanged, with Android's classes for the desktop. Pictures have their number in bars. */
+@RunWith(Parameterized.class)
+public class VideoPlayerTest {
     private static final int WIDTH = 320;
     private static final int HEIGHT = 240;
     private static final int FRAME_US = 40_000;
@@ -40,20 +48,41 @@ public class VornVideoViewTest {
 
     private final BlockingQueue<Exception> errors = new LinkedBlockingQueue<>();
     private final CountDownLatch end = new CountDownLatch(1);
-    private VornVideoView view;
+    private final Function<Context, VideoPlayer> make;
+    private VideoPlayer view;
+
+    public VideoPlayerTest(String name, Function<Context, VideoPlayer> make) {
+        this.make = make;
+    }
+
+    @Parameters(name = "{0}")
+    public static List<Object[]> views() {
+        Function<Context, VideoPlayer> surface = VornVideoView::new;
+        Function<Context, VideoPlayer> texture = VornTextureView::new;
+        return List.of(
+                new Object[] {"VornVideoView", surface}, new Object[] {"VornTextureView", texture});
+    }
 
     @Before
     public void open() {
-        view = new VornVideoView(new Context() {});
+        view = make.apply(new Context() {});
         view.setErrorListener(errors::add);
         view.setEndListener(end::countDown);
-        view.layout(0, 0, WIDTH, HEIGHT);
+        layOut(WIDTH, HEIGHT);
+    }
+
+    private View asView() {
+        return (View) view;
+    }
+
+    private void layOut(int width, int height) {
+        asView().layout(0, 0, width, height);
     }
 
     @After
     public void close() {
         view.onPause();
-        GlThreads.end(view);
+        Windows.leave(asView());
         assertTrue(errors.toString(), errors.isEmpty());
     }
 
@@ -176,11 +205,11 @@ public class VornVideoViewTest {
             view.play(file.getFD(), 0, new File(CLIPS, "turned.mp4").length());
             awaitPicture(40);
         }
-        view.layout(0, 0, HEIGHT, WIDTH); // The device is turned.
+        layOut(HEIGHT, WIDTH); // The device is turned.
         Bitmap picture = capture();
         assertEquals(HEIGHT, picture.getWidth());
         assertEquals(WIDTH, picture.getHeight());
-        GlThreads.loseContext(view);
+        GlThreads.loseContext(asView());
         view.play(clip("bars.mp4"));
         view.seekTo(60L * FRAME_US);
         awaitPicture(60);
@@ -189,8 +218,17 @@ public class VornVideoViewTest {
         view.onPause();
         view.onResume();
         assertEquals(time, awaitPicture(60), 3 * FRAME_US);
-        GlThreads.loseContext(view);
+        GlThreads.loseContext(asView());
         assertEquals(time, awaitPicture(60), 3 * FRAME_US);
+        Windows.leave(asView()); // As in a list.
+        layOut(WIDTH, HEIGHT);
+        assertEquals(time, awaitPicture(60), 3 * FRAME_US);
+        if (view instanceof VornTextureView) {
+            Windows.loseSurface((VornTextureView) view);
+            view.seekTo(80L * FRAME_US); // Runs in the context that was kept.
+            layOut(WIDTH, HEIGHT);
+            awaitPicture(80);
+        }
     }
 
     @Test
@@ -216,11 +254,11 @@ public class VornVideoViewTest {
     }
 
     private void press(int key) {
-        assertTrue(view.onKeyDown(key, new KeyEvent(KeyEvent.ACTION_DOWN, key)));
+        assertTrue(asView().onKeyDown(key, new KeyEvent(KeyEvent.ACTION_DOWN, key)));
     }
 
     private void touch(long timeMs, int action, float x, float y) {
-        view.onTouchEvent(MotionEvent.obtain(0, timeMs, action, x, y, 0));
+        asView().onTouchEvent(MotionEvent.obtain(0, timeMs, action, x, y, 0));
     }
 
     @Test
@@ -238,7 +276,7 @@ public class VornVideoViewTest {
         touch(1010, MotionEvent.ACTION_UP, 10, 10);
         touch(1020, MotionEvent.ACTION_DOWN, 10, 10);
         assertEquals(number, settled());
-        Pinch.apply(view, 2); // Of bars 2 to 5, each is twice as wide.
+        Pinch.apply(asView(), 2); // Of bars 2 to 5, each is twice as wide.
         assertEquals(number >> 2 & 1, settled() & 1);
         assertEquals(number >> 5 & 1, settled() >> 7);
     }
@@ -255,7 +293,7 @@ public class VornVideoViewTest {
             if (life % 2 == 0) { // Else it is removed without a pause.
                 view.onPause();
             }
-            GlThreads.end(view);
+            Windows.leave(asView());
             open();
         }
         long[] after = resources();
