@@ -145,7 +145,6 @@ public class DrawTest extends GlTest {
         try (VideoRenderer renderer =
                 builder(VideoSource.RGB, WIDTH, HEIGHT)
                         .mask(PixelLayout.RGB, 1, 1)
-                        .drawAtOnce()
                         .build()) {
             renderer.setView(0, VideoRenderer.ZOOM_FIT);
             renderer.setMaskTexture(mask);
