@@ -74,6 +74,7 @@
 ///     draw                     GL_VERTEX_ARRAY_BINDING                           0
 ///     draw                     GL_ARRAY_BUFFER_BINDING                           0
 ///     draw                     GL_DRAW_FRAMEBUFFER_BINDING                       0
+///     draw                     GL_READ_FRAMEBUFFER_BINDING                       0
 ///     draw                     GL_PIXEL_UNPACK_BUFFER_BINDING                    0
 ///     draw                     GL_ACTIVE_TEXTURE                                 GL_TEXTURE0
 ///     draw                     GL_SAMPLER_BINDING, unit 0                        0

@@ -7,6 +7,7 @@
 
 #include "ext/ExtRenderer.h"
 #include "gl/GLES3.h"
+#include "support/GlRecorder.h"
 
 namespace {
 
@@ -110,6 +111,37 @@ TEST_F(ExtPicture, HasTheVeryBytesOfTheSevenFunctions) {
             plain.show(scene);
             guarded.show(scene);
             EXPECT_EQ(plain.readBack().pixels, guarded.readBack().pixels) << "zoom " << zoom;
+        }
+    }
+}
+
+/// Whether showing the scene copies the frame.
+bool Copies(const ExtRenderer& renderer, const Scene& scene) {
+    const GlRecorder recorder;
+    renderer.show(scene);
+    const std::vector<std::string> calls = GlRecorder::take();
+    return std::any_of(calls.begin(), calls.end(), [](const std::string& call) {
+        return call.rfind("glBlitFramebuffer", 0) == 0;
+    });
+}
+
+TEST_F(ExtPicture, WhatFitsPixelByPixelIsCopiedAndHasTheSameBytes) {
+    const Image white = Solid({1, 1}, {255, 255, 255, 255});
+    scene.zoom = VE_ZOOM_FIT;
+    scene.sticker = &sticker;
+    scene.stickers = {{20, 20}, {22, 18}};
+    for (const int32_t format : {VE_FORMAT_RGB, VE_FORMAT_RGBA}) {
+        RendererHarness seven({VE_OUTPUT_MASKED, VE_MODE_RGB, 40, 24, VE_MASK_RGBA, 1, 1}, format);
+        VERendererOptions options = OptionsOf(VE_SOURCE_RGB, 40, 24);
+        options.outputFormat = format;
+        const ExtRenderer guarded(options);
+        for (const bool mirror : {false, true}) {
+            scene.colorMirror = !mirror;
+            scene.mask = &white;
+            seven.show(scene);
+            scene.mask = nullptr;
+            EXPECT_NE(mirror, Copies(guarded, scene));
+            EXPECT_EQ(seven.readBack().pixels, guarded.readBack().pixels) << mirror;
         }
     }
 }

@@ -98,6 +98,7 @@ TEST_P(ExtState, PictureAndStateAreRightFromAnyState) {
     for (const bool pixels : {true, true, false, false}) {
         draw.frame = pixels ? frameBytes.data() : nullptr;
         draw.mask = pixels ? maskBytes.data() : nullptr;
+        draw.hideMask = pixels;  // Frames are copied, later ones drawn.
         StateNames given;
         if (options.drawLater ? pending : pixels) {
             given.insert("upload");

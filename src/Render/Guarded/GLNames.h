@@ -35,7 +35,7 @@ private:
     uint32_t keep(uint32_t name, Delete remove);
 
     /// With so many, keeping one cannot fail. A texture and two buffers for the frames, likewise
-    /// for the mask; two meshes of a buffer and a vertex array; a framebuffer; three programs.
-    static constexpr size_t kMost = 6 + 4 + 1 + 3;
+    /// for the mask; two meshes of a buffer and a vertex array; two framebuffers; three programs.
+    static constexpr size_t kMost = 6 + 4 + 2 + 3;
     std::vector<Entry> entries_;
 };

@@ -71,7 +71,8 @@ void GLStateGuard::captureBindings() {
     program_ = Get(GL_CURRENT_PROGRAM);
     vertexArray_ = Get(GL_VERTEX_ARRAY_BINDING);
     arrayBuffer_ = Get(GL_ARRAY_BUFFER_BINDING);
-    framebuffer_ = Get(GL_DRAW_FRAMEBUFFER_BINDING);
+    drawFramebuffer_ = Get(GL_DRAW_FRAMEBUFFER_BINDING);
+    readFramebuffer_ = Get(GL_READ_FRAMEBUFFER_BINDING);
     unpackBuffer_ = Get(GL_PIXEL_UNPACK_BUFFER_BINDING);
     activeUnit_ = Get(GL_ACTIVE_TEXTURE);
 }
@@ -106,7 +107,8 @@ void GLStateGuard::restoreDrawing() const {
     GLES3::glUseProgram(Name(program_));
     GLES3::glBindVertexArray(Name(vertexArray_));
     GLES3::glBindBuffer(GL_ARRAY_BUFFER, Name(arrayBuffer_));
-    GLES3::glBindFramebuffer(GL_DRAW_FRAMEBUFFER, Name(framebuffer_));
+    GLES3::glBindFramebuffer(GL_DRAW_FRAMEBUFFER, Name(drawFramebuffer_));
+    GLES3::glBindFramebuffer(GL_READ_FRAMEBUFFER, Name(readFramebuffer_));
     GLES3::glViewport(viewport_[0], viewport_[1], viewport_[2], viewport_[3]);
     SetColorMask(features_, colorMask_);
     SetBlending(features_, blend_);
@@ -135,7 +137,7 @@ void SetDrawState(const GLFeatures& features) {
 }
 
 void UnbindAll(const GLFeatures& features) {
-    GLES3::glBindFramebuffer(GL_DRAW_FRAMEBUFFER, 0);
+    GLES3::glBindFramebuffer(GL_FRAMEBUFFER, 0);
     GLES3::glUseProgram(0);
     GLES3::glBindVertexArray(0);
     GLES3::glBindBuffer(GL_ARRAY_BUFFER, 0);

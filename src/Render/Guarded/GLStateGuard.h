@@ -5,9 +5,9 @@
 /// Captures all GL state that the guarded renderer changes, and puts it back when destroyed. Pauses
 /// transform feedback meanwhile.
 ///
-/// Not touched, since the output has neither depth nor stencil, meshes have a vertex array and no
-/// indices, and reads are not made: depth and stencil state, vertex array 0 and the caller's, index
-/// buffers and primitive restart, GL_READ_FRAMEBUFFER, all units from 2 on.
+/// Not touched, since the output has neither depth nor stencil, and meshes have a vertex array and
+/// no indices: depth and stencil state, vertex array 0 and the caller's, index buffers and
+/// primitive restart, all units from 2 on.
 ///
 /// \thread the GL thread.
 class GLStateGuard {
@@ -40,7 +40,8 @@ private:
     GLint program_ = 0;
     GLint vertexArray_ = 0;
     GLint arrayBuffer_ = 0;
-    GLint framebuffer_ = 0;
+    GLint drawFramebuffer_ = 0;
+    GLint readFramebuffer_ = 0;
     GLint unpackBuffer_ = 0;
     GLint activeUnit_ = 0;
     GLint external_ = 0;

@@ -42,8 +42,10 @@ std::unique_ptr<PictureSource> MakeSource(GLNames& names, const GLFeatures& feat
         default: break;
     }
     const bool isRgb = options.source == VE_SOURCE_RGB;
-    return std::make_unique<FrameSource>(
-        names, PixelLayout{isRgb, options.sourceWidth, options.sourceHeight}, IsDelayed(options));
+    const PixelLayout layout = {isRgb, options.sourceWidth, options.sourceHeight};
+    const bool fits =
+        options.sourceWidth == options.outputWidth && options.sourceHeight == options.outputHeight;
+    return std::make_unique<FrameSource>(names, layout, IsDelayed(options), fits);
 }
 
 Mask MakeMask(GLNames& names, const VERendererOptions& options) {
@@ -77,8 +79,15 @@ private:
     std::optional<GLStateGuard> guard_;
 };
 
-OVR::Matrix4<float> ViewOf(const VEDrawOptions& options) {
-    const VEView view = options.view != nullptr ? *options.view : VEView{0, 0, VE_ZOOM_FIT};
+VEView ViewOf(const VEDrawOptions& options) {
+    return options.view != nullptr ? *options.view : VEView{0, 0, VE_ZOOM_FIT};
+}
+
+bool Fits(const VEView& view) {
+    return view.x == 0 && view.y == 0 && view.zoom == VE_ZOOM_FIT;
+}
+
+OVR::Matrix4<float> MatrixOf(const VEView& view) {
     return Multiply(CameraProjection(), CameraView(view.x, view.y, view.zoom));
 }
 
@@ -104,9 +113,13 @@ VEDrawn GuardedDraw::draw(const VEDrawOptions& options) {
     if (!hasPicture) {
         return {sizeof(VEDrawn), false, false, VE_NO_TIME};
     }
-    const OVR::Matrix4<float> view = output_.upright(ViewOf(options));
-    output_.begin();
-    drawPicture(picture, options, view);
+    const OVR::Matrix4<float> view = output_.upright(MatrixOf(ViewOf(options)));
+    if (canCopy(picture, options)) {
+        output_.beginWith(picture.framebuffer);
+    } else {
+        output_.begin();
+        drawPicture(picture, options, view);
+    }
     if (options.stickerTexture != 0) {
         drawStickers(options, view);
     }
@@ -125,9 +138,20 @@ void GuardedDraw::stage(const VEDrawOptions& options) {
     source_->stage(options);
 }
 
+/// A draw would give the picture's pixels as they are. The copy gives the same, several times
+/// faster.
+bool GuardedDraw::canCopy(const Picture& picture, const VEDrawOptions& options) const {
+    return picture.framebuffer != 0 && output_.takesCopies() && Fits(ViewOf(options)) &&
+           options.rotation == 0 && !options.mirror && !isMasked(options);
+}
+
+bool GuardedDraw::isMasked(const VEDrawOptions& options) const {
+    return mask_.texture() != 0 && !options.hideMask;
+}
+
 void GuardedDraw::drawPicture(const Picture& picture, const VEDrawOptions& options,
                               const OVR::Matrix4<float>& view) const {
-    const bool masked = mask_.texture() != 0 && !options.hideMask;
+    const bool masked = isMasked(options);
     const PictureProgram& program = masked ? maskedProgram_ : pictureProgram_;
     program.use(view, Multiply(picture.place, TurnedPlace(options.rotation, options.mirror)));
     if (masked) {

@@ -43,23 +43,22 @@ OutputTarget::OutputTarget(GLNames& names, const VERendererOptions& options)
     RequireDrawable();
 }
 
-void OutputTarget::attach(const VERendererOptions& options) const {
+void OutputTarget::attach(const VERendererOptions& options) {
     GLES3::glBindTexture(GL_TEXTURE_2D, options.outputTexture);
-    const bool isNew =
+    takesCopies_ =
         GiveStorage(options.outputFormat == VE_FORMAT_RGB ? GL_RGB : GL_RGBA, width_, height_);
     GLES3::glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffer_);
     GLES3::glFramebufferTexture2D(GL_DRAW_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D,
                                   options.outputTexture, 0);
     RequireDrawable();
-    if (isNew) {
+    if (takesCopies_) {
         static constexpr GLfloat kTransparentBlack[4] = {};
         GLES3::glClearBufferfv(GL_COLOR, 0, kTransparentBlack);
     }
 }
 
 void OutputTarget::begin() const {
-    GLES3::glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffer_);
-    GLES3::glViewport(0, 0, width_, height_);
+    bind();
     GLES3::glClear(GL_COLOR_BUFFER_BIT);
 }
 
@@ -67,4 +66,16 @@ OVR::Matrix4<float> OutputTarget::upright(const OVR::Matrix4<float>& view) const
     static constexpr OVR::Matrix4<float> kFlip = {
         {{1, 0, 0, 0}, {0, -1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}}};
     return firstRowOnTop_ ? Multiply(kFlip, view) : view;
+}
+
+void OutputTarget::beginWith(uint32_t framebuffer) const {
+    bind();
+    GLES3::glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer);
+    GLES3::glBlitFramebuffer(0, 0, width_, height_, 0, 0, width_, height_, GL_COLOR_BUFFER_BIT,
+                             GL_NEAREST);
+}
+
+void OutputTarget::bind() const {
+    GLES3::glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffer_);
+    GLES3::glViewport(0, 0, width_, height_);
 }

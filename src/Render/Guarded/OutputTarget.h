@@ -16,6 +16,12 @@ public:
 
     /// Binds it for drawing and clears it.
     void begin() const;
+    /// Binds it for drawing and copies the pixels of a framebuffer of its size. Changes the binding
+    /// of GL_READ_FRAMEBUFFER.
+    void beginWith(uint32_t framebuffer) const;
+
+    /// Whether a copy of RGBA pixels gives what drawing them gives.
+    bool takesCopies() const { return takesCopies_; }
 
     /// \return \p view so that the picture's first row is drawn where this output has it.
     OVR::Matrix4<float> upright(const OVR::Matrix4<float>& view) const;
@@ -24,10 +30,12 @@ public:
     int32_t height() const { return height_; }
 
 private:
-    void attach(const VERendererOptions& options) const;
+    void attach(const VERendererOptions& options);
+    void bind() const;
 
     uint32_t framebuffer_;
     bool firstRowOnTop_;
+    bool takesCopies_ = false;  ///< The storage is known.
     int32_t width_;
     int32_t height_;
 };

@@ -10,6 +10,8 @@ class DecoderSource;
 /// A picture in a GL texture.
 struct Picture {
     uint32_t texture;
+    /// One whose color buffer is the picture, as large as the output; 0 if there is none.
+    uint32_t framebuffer;
     /// From (s, t, 0, 1), t = 0 at the picture's first row, to the texture's coordinates.
     OVR::Matrix4<float> place;
     bool isNew;

@@ -12,8 +12,15 @@ void RequireNoTexture(const VEDrawOptions& options) {
 
 }  // namespace
 
-FrameSource::FrameSource(GLNames& names, const PixelLayout& layout, bool delayed)
-    : pixels_(names, layout, delayed) {}
+FrameSource::FrameSource(GLNames& names, const PixelLayout& layout, bool delayed, bool fits)
+    : pixels_(names, layout, delayed) {
+    if (fits) {
+        framebuffer_ = names.makeFramebuffer();
+        GLES3::glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer_);
+        GLES3::glFramebufferTexture2D(GL_READ_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D,
+                                      pixels_.name(), 0);
+    }
+}
 
 void FrameSource::stage(const VEDrawOptions& options) {
     RequireNoTexture(options);
@@ -22,7 +29,7 @@ void FrameSource::stage(const VEDrawOptions& options) {
 
 bool FrameSource::take(const VEDrawOptions& options, Picture& picture) {
     const bool isNew = pixels_.commit(options.frame);
-    picture = {pixels_.name(), IdentityPlace(), isNew, VE_NO_TIME};
+    picture = {pixels_.name(), framebuffer_, IdentityPlace(), isNew, VE_NO_TIME};
     return pixels_.filled();
 }
 
@@ -31,7 +38,7 @@ void TextureSource::stage(const VEDrawOptions& options) {
 }
 
 bool TextureSource::take(const VEDrawOptions& options, Picture& picture) {
-    picture = {options.sourceTexture, SourcePlace(options.sourceMatrix), true, VE_NO_TIME};
+    picture = {options.sourceTexture, 0, SourcePlace(options.sourceMatrix), true, VE_NO_TIME};
     return options.sourceTexture != 0;
 }
 
@@ -64,7 +71,7 @@ void DecodedSource::stage(const VEDrawOptions& options) {
 }
 
 bool DecodedSource::take(const VEDrawOptions& /*options*/, Picture& picture) {
-    picture = {texture_, SourcePlace(latched_.matrix), hasNewPicture_, latched_.ptsUs};
+    picture = {texture_, 0, SourcePlace(latched_.matrix), hasNewPicture_, latched_.ptsUs};
     hasNewPicture_ = false;
     return hasPicture_;
 }

@@ -9,8 +9,9 @@
 /// Frames from the application's memory.
 class FrameSource : public PictureSource {
 public:
-    /// Throws Failure, as PixelTexture does.
-    FrameSource(GLNames& names, const PixelLayout& layout, bool delayed);
+    /// \param fits whether a frame has the output's size. Changes the binding of
+    ///             GL_READ_FRAMEBUFFER then. Throws Failure, as PixelTexture does.
+    FrameSource(GLNames& names, const PixelLayout& layout, bool delayed, bool fits);
 
     void stage(const VEDrawOptions& options) override;
     bool take(const VEDrawOptions& options, Picture& picture) override;
@@ -18,6 +19,7 @@ public:
 
 private:
     PixelTexture pixels_;
+    uint32_t framebuffer_ = 0;
 };
 
 /// The application's texture, given with each draw.
