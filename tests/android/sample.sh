@@ -58,7 +58,7 @@ compile "$main/java" "$work/java"
 
 {
     # On the line of the page's title, so that errors name the page's lines.
-    printf 'import %s; ' android.app.Activity 'android.opengl.*' android.os.Bundle \
+    printf 'import %s; ' android.app.Activity android.graphics.Bitmap 'android.opengl.*' android.os.Bundle \
         java.nio.ByteBuffer javax.microedition.khronos.egl.EGLConfig \
         javax.microedition.khronos.opengles.GL10 'org.vornrenderer.*'
     "$source/docs/examples/extract.sh" "$source/docs/android.md" java |

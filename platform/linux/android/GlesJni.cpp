@@ -95,4 +95,76 @@ void Java_android_opengl_GLES30_glBlitFramebuffer(JNIEnv* /*env*/, jclass /*type
                       static_cast<GLbitfield>(mask), Enum(filter));
 }
 
+void Java_android_opengl_GLES20_glActiveTexture(JNIEnv* /*env*/, jclass /*type*/, jint unit) {
+    glActiveTexture(Enum(unit));
+}
+
+void Java_android_opengl_GLES20_glBlendFuncSeparate(JNIEnv* /*env*/, jclass /*type*/,
+                                                    jint sourceColor, jint belowColor,
+                                                    jint sourceAlpha, jint belowAlpha) {
+    glBlendFuncSeparate(Enum(sourceColor), Enum(belowColor), Enum(sourceAlpha), Enum(belowAlpha));
+}
+
+void Java_android_opengl_GLES20_glDisable(JNIEnv* /*env*/, jclass /*type*/, jint feature) {
+    glDisable(Enum(feature));
+}
+
+void Java_android_opengl_GLES20_glDrawArrays(JNIEnv* /*env*/, jclass /*type*/, jint mode,
+                                             jint first, jint count) {
+    glDrawArrays(Enum(mode), first, count);
+}
+
+void Java_android_opengl_GLES20_glEnable(JNIEnv* /*env*/, jclass /*type*/, jint feature) {
+    glEnable(Enum(feature));
+}
+
+jint Java_android_opengl_GLES20_glGetError(JNIEnv* /*env*/, jclass /*type*/) {
+    return static_cast<jint>(glGetError());
+}
+
+void Java_android_opengl_GLES20_glGetIntegerv(JNIEnv* env, jclass /*type*/, jint name,
+                                              jintArray values, jint offset) {
+    GLint value = 0;
+    glGetIntegerv(Enum(name), &value);
+    env->SetIntArrayRegion(values, offset, 1, &value);
+}
+
+void Java_android_opengl_GLES20_glPixelStorei(JNIEnv* /*env*/, jclass /*type*/, jint name,
+                                              jint value) {
+    glPixelStorei(Enum(name), value);
+}
+
+void Java_android_opengl_GLES20_nativeTexSubImage2D(JNIEnv* env, jclass /*type*/, jint target,
+                                                    jint level, jint x, jint y, jint width,
+                                                    jint height, jint format, jint kind,
+                                                    jobject pixels, jint position) {
+    const auto* bytes = static_cast<const char*>(env->GetDirectBufferAddress(pixels));
+    glTexSubImage2D(Enum(target), level, x, y, width, height, Enum(format), Enum(kind),
+                    bytes + position);
+}
+
+void Java_android_opengl_GLES20_glViewport(JNIEnv* /*env*/, jclass /*type*/, jint x, jint y,
+                                           jint width, jint height) {
+    glViewport(x, y, width, height);
+}
+
+void Java_android_opengl_GLES30_glBindVertexArray(JNIEnv* /*env*/, jclass /*type*/, jint array) {
+    glBindVertexArray(static_cast<GLuint>(array));
+}
+
+void Java_android_opengl_GLES30_glDeleteVertexArrays(JNIEnv* env, jclass /*type*/, jint count,
+                                                     jintArray names, jint offset) {
+    glDeleteVertexArrays(count, Names(env, names, offset, count).data());
+}
+
+void Java_android_opengl_GLES30_glGenVertexArrays(JNIEnv* env, jclass /*type*/, jint count,
+                                                  jintArray names, jint offset) {
+    Generate(env, count, names, offset, glGenVertexArrays);
+}
+
+void Java_android_opengl_GLES30_glTexStorage2D(JNIEnv* /*env*/, jclass /*type*/, jint target,
+                                               jint levels, jint format, jint width, jint height) {
+    glTexStorage2D(Enum(target), levels, Enum(format), width, height);
+}
+
 }  // extern "C"

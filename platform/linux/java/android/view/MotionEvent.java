@@ -5,6 +5,7 @@ public final class MotionEvent {
     public static final int ACTION_DOWN = 0;
     public static final int ACTION_UP = 1;
     public static final int ACTION_MOVE = 2;
+    public static final int ACTION_CANCEL = 3;
     public static final int ACTION_POINTER_DOWN = 5;
     public static final int ACTION_POINTER_UP = 6;
 

@@ -1,52 +1,45 @@
 package org.vornrenderer;
 
-import android.graphics.Bitmap;
 import java.io.IOException;
 import org.jetbrains.annotations.NotNull;
 
 /** A clip while it is open: its units, their decoder, and the picture. Runs on the GL thread. */
 final class OpenClip {
-    private final ClipFeed feed;
-    private final Screen screen;
-    private final VideoRenderer renderer;
+    private static final int FULL_TURN = 360;
 
-    private OpenClip(ClipFeed feed, Screen screen, VideoRenderer renderer) {
+    private final ClipFeed feed;
+    private final Picture picture;
+
+    private OpenClip(ClipFeed feed, Picture picture) {
         this.feed = feed;
-        this.screen = screen;
-        this.renderer = renderer;
+        this.picture = picture;
     }
 
     /**
      * Opens a clip, and continues with the key frame before a time.
      *
+     * @param rotation clockwise in degrees, beyond what the clip says
      * @throws IOException if it cannot be read
      * @throws RuntimeException if it cannot be played; nothing is left behind
      */
     @NotNull
-    static OpenClip open(@NotNull ClipFeed.Source source, long timeUs) throws IOException {
+    static OpenClip open(@NotNull ClipFeed.Source source, long timeUs, int rotation)
+            throws IOException {
         ClipFeed feed = new ClipFeed(source);
-        Screen screen = null;
         try {
-            boolean upright = feed.rotation() % 180 == 0;
-            int width = upright ? feed.width() : feed.height();
-            int height = upright ? feed.height() : feed.width();
-            screen = new Screen(width, height);
-            VideoRenderer renderer =
-                    new VideoRenderer.Builder(VideoSource.H264, feed.width(), feed.height())
-                            .outputSize(width, height)
-                            .destination(screen.texture())
-                            .build();
-            screen.attach();
-            renderer.setRotation(feed.rotation());
+            int turn = (feed.rotation() + rotation) % FULL_TURN;
+            Picture picture = Picture.open(VideoSource.H264, feed.width(), feed.height(), turn);
             feed.seek(timeUs);
-            return new OpenClip(feed, screen, renderer);
+            return new OpenClip(feed, picture);
         } catch (RuntimeException e) {
-            if (screen != null) {
-                screen.close();
-            }
             feed.close();
             throw e;
         }
+    }
+
+    /** Whether the clip was opened with this rotation. */
+    boolean isTurnedBy(int rotation) {
+        return picture.rotation() == (feed.rotation() + rotation) % FULL_TURN;
     }
 
     long durationUs() {
@@ -54,46 +47,33 @@ final class OpenClip {
     }
 
     @NotNull
-    Screen screen() {
-        return screen;
+    Picture picture() {
+        return picture;
     }
 
     /** Continues with the key frame before a time. */
     void seek(long timeUs) {
-        renderer.flush();
+        picture.renderer().flush();
         feed.seek(timeUs);
     }
 
     /** Passes on the units that are due, and draws. Returns whether there is another picture. */
-    boolean draw(@NotNull Pace pace, boolean mirrored, @NotNull ViewPosition view) {
-        pace.feed(feed, renderer);
-        renderer.setMirrored(mirrored);
-        renderer.setView(view.x(), view.y(), view.zoom());
-        return renderer.draw();
+    boolean draw(@NotNull Pace pace, @NotNull Look look) {
+        pace.feed(feed, picture.renderer());
+        return picture.draw(look);
     }
 
     long pictureTimeUs() {
-        return renderer.pictureTimeUs();
+        return picture.renderer().pictureTimeUs();
     }
 
     /** Whether the last picture was drawn. */
     boolean ended() {
-        return feed.ended() && renderer.decoderState().endOfStream;
+        return feed.ended() && picture.renderer().decoderState().endOfStream;
     }
 
-    @NotNull
-    Bitmap capture() {
-        return screen.capture();
-    }
-
-    void close() {
-        screen.close();
-        renderer.close();
-        feed.close();
-    }
-
-    void closeAfterContextLoss() {
-        renderer.closeAfterContextLoss();
+    void close(boolean contextLost) {
+        picture.close(contextLost);
         feed.close();
     }
 }

@@ -5,29 +5,31 @@ import android.graphics.Bitmap;
 import android.net.Uri;
 import java.io.FileDescriptor;
 import java.io.IOException;
+import java.nio.ByteBuffer;
 import java.util.Objects;
-import java.util.function.LongSupplier;
 import org.jetbrains.annotations.NotNull;
 import org.jetbrains.annotations.Nullable;
 
 /**
- * Plays a clip into the framebuffer of a GL thread. {@link VornVideoView} is this in a view. Use the
- * engine on a GL thread of the application.
+ * Shows clips and pictures in the framebuffer of a GL thread. {@link VornVideoView} is this in a view.
+ * Use the engine on a GL thread of the application.
  *
- * <p>All methods but the queries of position, duration and {@link #isPlaying} belong to the GL
- * thread. A clip is an H.264 video in a file that MediaExtractor reads. It is turned as the file
- * says, and held to the clip's time: what is late is skipped.
+ * <p>All methods but those of stickers and the queries of position, duration and {@link #isPlaying}
+ * belong to the GL thread. What is played or shown last replaces what was before.
+ *
+ * <p>A clip is an H.264 video in a file that MediaExtractor reads. It is turned as the file says, and
+ * held to the clip's time: what is late is skipped.
  */
-public final class VideoEngine {
+public final class VideoEngine extends ClipEngine {
     /** What happens in an engine. All methods are called on the GL thread. */
     public interface Listener {
-        /** A clip shows its first picture. */
+        /** A clip, or another kind of source than before, shows its first picture. */
         default void onStart() {}
 
         /**
          * Another picture was drawn into the framebuffer.
          *
-         * @param timeUs its time in the clip, in microseconds
+         * @param timeUs its time in the clip, in microseconds; 0 for bitmaps and pixels
          */
         default void onFrame(long timeUs) {}
 
@@ -35,7 +37,8 @@ public final class VideoEngine {
         default void onEnd() {}
 
         /**
-         * The clip cannot be played, or not any further. It is closed.
+         * The clip or picture cannot be shown, or not any further, and is closed; or the mask or the
+         * stickers cannot be shown, and are forgotten.
          *
          * @param reason a {@link RendererException}, or an exception of the platform
          */
@@ -43,36 +46,53 @@ public final class VideoEngine {
     }
 
     private final Listener listener;
-    private final Pace pace = new Pace();
-    private ClipFeed.Source source;
+    private final Painter painter = new Painter();
+    private final StillSource stills = new StillSource();
+
+    /** Null for none. */
+    private PictureSource source;
+
     private boolean started;
-    private boolean finished;
     private boolean suspended;
-    private boolean looping;
-    private boolean mirrored;
-    private ScaleMode scaleMode = ScaleMode.FIT;
-    private int borderColor;
-    private final ViewPosition view = new ViewPosition();
 
-    /** Null while none is open. */
-    private OpenClip clip;
-
-    private volatile boolean playing;
-    private volatile long positionUs;
-    private volatile long durationUs;
+    /** Shows the pixels in the slot. Kept, so that a call makes no garbage. */
+    final Runnable takeStill =
+            () -> {
+                if (stills.takePixels()) {
+                    change(stills);
+                }
+            };
 
     /**
-     * An engine without a clip.
+     * An engine that shows nothing.
      *
      * @param listener is told what happens
      */
     public VideoEngine(@NotNull Listener listener) {
-        this.listener = Objects.requireNonNull(listener);
+        super(listener);
+        this.listener = listener;
     }
 
     @NotNull
     Listener listener() {
         return listener;
+    }
+
+    /** Where other threads put pixels before they call {@link #takeStill} on the GL thread. */
+    @NotNull
+    PixelSlot stillSlot() {
+        return stills.slot();
+    }
+
+    private void change(PictureSource next) {
+        if (source == next) {
+            return;
+        }
+        if (source != null) {
+            source.close();
+        }
+        source = next;
+        started = false;
     }
 
     /**
@@ -82,13 +102,14 @@ public final class VideoEngine {
      * @param clip the address
      */
     public void play(@NotNull Context context, @NotNull Uri clip) {
+        Objects.requireNonNull(clip);
         play(extractor -> extractor.setDataSource(context, clip, null));
     }
 
     /**
      * Plays a clip from its start. It is opened by the next {@link #draw}.
      *
-     * @param file stays open until the engine is closed or plays another clip
+     * @param file stays open until the engine is closed or shows something else
      * @param offset of the clip in the file, in bytes
      * @param length of the clip, in bytes
      */
@@ -97,253 +118,165 @@ public final class VideoEngine {
         play(extractor -> extractor.setDataSource(file, offset, length));
     }
 
-    private void play(ClipFeed.Source newSource) {
-        close();
-        source = newSource;
-        started = false;
-        finished = false;
-        positionUs = 0;
-        pace.await(0);
-        setPlaying(true);
-    }
-
-    /** Stops the time. The picture stays. */
-    public void pause() {
-        setPlaying(false);
-    }
-
-    /** Continues after {@link #pause}, or from the start after the end. */
-    public void resume() {
-        if (source == null) {
-            return;
-        }
-        if (finished) {
-            seekTo(0);
-        }
-        setPlaying(source != null); // Seeking may have failed.
-    }
-
-    private void setPlaying(boolean play) {
-        playing = play;
-        pace.run(play);
+    private void play(ClipFeed.Source clip) {
+        change(null);
+        change(clips);
+        clips.play(clip);
     }
 
     /**
-     * Continues at another time. Shows the pictures from the key frame before that time in quick
-     * succession.
+     * Shows a bitmap.
      *
-     * @param timeUs time in the clip, in microseconds
+     * @param picture copied; translucent parts are over black
+     * @throws IllegalArgumentException if it is recycled
      */
-    public void seekTo(long timeUs) {
-        positionUs = Math.max(0, timeUs);
-        finished = false;
-        pace.await(positionUs);
-        if (clip == null) {
-            return;
-        }
-        try {
-            clip.seek(positionUs);
-        } catch (RuntimeException e) {
-            fail(e);
-        }
+    public void show(@NotNull Bitmap picture) {
+        stills.slot().offer(picture);
+        takeStill.run();
     }
 
     /**
-     * Sets whether the clip starts again at its end.
+     * Shows pixels. Memory is used again, so frames of one size make no garbage.
      *
-     * @param loop false at the start
+     * @param pixels direct or not; read from its position, which stays, and copied: rows without
+     *     padding, first row first; alpha is ignored
+     * @param layout of the pixels
+     * @param width in pixels
+     * @param height in pixels
+     * @throws IllegalArgumentException if a size is not positive, or the buffer ends too early
      */
-    public void setLooping(boolean loop) {
-        looping = loop;
+    public void show(
+            @NotNull ByteBuffer pixels, @NotNull PixelLayout layout, int width, int height) {
+        show(pixels, layout, width, height, layout.bytes(width, 1));
     }
 
     /**
-     * Replaces the clock, for example with that of a player of the clip's sound.
+     * Shows pixels whose rows have padding.
      *
-     * @param newClock gives the time in the clip in microseconds, on the GL thread; null for the
-     *     system's clock
+     * @param pixels as in {@link #show(ByteBuffer, PixelLayout, int, int)}
+     * @param layout of the pixels
+     * @param width in pixels
+     * @param height in pixels
+     * @param rowBytes from the begin of a row to that of the next; the last row needs no padding
+     * @throws IllegalArgumentException if a size is not positive, a row is longer than rowBytes, or
+     *     the buffer ends too early
      */
-    public void setClock(@Nullable LongSupplier newClock) {
-        pace.clock.use(newClock);
+    public void show(
+            @NotNull ByteBuffer pixels,
+            @NotNull PixelLayout layout,
+            int width,
+            int height,
+            int rowBytes) {
+        stills.slot().offer(pixels, layout, width, height, rowBytes);
+        takeStill.run();
     }
 
     /**
-     * Sets how the picture fills the screen.
-     *
-     * @param mode {@link ScaleMode#FIT} at the start
-     */
-    public void setScaleMode(@NotNull ScaleMode mode) {
-        scaleMode = Objects.requireNonNull(mode);
-    }
-
-    /**
-     * Sets the color around the picture.
-     *
-     * @param color as in android.graphics.Color, without alpha; black at the start
-     */
-    public void setBorderColor(int color) {
-        borderColor = color;
-    }
-
-    /**
-     * Swaps left and right of the picture.
-     *
-     * @param mirror false at the start
-     */
-    public void setMirrored(boolean mirror) {
-        mirrored = mirror;
-    }
-
-    /**
-     * Moves the picture.
-     *
-     * @param right in pixels of the screen
-     * @param down in pixels of the screen
-     */
-    public void drag(float right, float down) {
-        if (clip != null) {
-            view.drag(right / clip.screen().shownWidth(), down / clip.screen().shownHeight());
-        }
-    }
-
-    /**
-     * Zooms the picture in or out, around its middle.
-     *
-     * @param factor more than 1 to zoom in
-     */
-    public void zoomBy(float factor) {
-        view.zoomBy(factor);
-    }
-
-    /** Shows the picture unmoved and as large as the screen allows. */
-    public void resetView() {
-        view.reset();
-    }
-
-    /**
-     * Whether the time runs. May be called on any thread.
-     *
-     * @return false without a clip, after pause and at the end
-     */
-    public boolean isPlaying() {
-        return playing;
-    }
-
-    /**
-     * The time of the picture. May be called on any thread.
-     *
-     * @return microseconds; after a seek the time that was sought
-     */
-    public long positionUs() {
-        return positionUs;
-    }
-
-    /**
-     * The length of the clip. May be called on any thread.
-     *
-     * @return microseconds; 0 until known
-     */
-    public long durationUs() {
-        return durationUs;
-    }
-
-    /**
-     * Draws the picture that is due, once per displayed frame, into the framebuffer 0.
+     * Draws the picture that is due, once per displayed frame, into the framebuffer that is bound. Sets
+     * viewport, clear color and blend function; leaves blending off, and no program, vertex array, and
+     * texture of unit 0 bound.
      *
      * @param width of the screen in pixels
      * @param height of the screen in pixels
      */
     public void draw(int width, int height) {
+        if (suspended) {
+            Painter.clear(look.borderColor);
+            return;
+        }
+        prepareMask();
         boolean isNew = false;
         try {
-            if (clip == null && source != null && !suspended) {
-                open();
-            }
-            if (clip != null) {
-                isNew = drawPicture();
-            }
+            isNew = source != null && source.draw(look);
         } catch (IOException | RuntimeException e) {
             fail(e);
         }
-        if (clip == null) {
-            Screen.clear(borderColor);
-        } else {
-            clip.screen().show(width, height, scaleMode, borderColor);
-        }
+        paint(width, height);
         if (isNew) {
             report();
         }
     }
 
+    private void prepareMask() {
+        try {
+            look.mask.prepare();
+        } catch (RuntimeException e) {
+            look.mask.clear();
+            listener.onError(e);
+        }
+    }
+
+    private void paint(int width, int height) {
+        Painter.clear(look.borderColor);
+        Picture picture = source == null ? null : source.picture();
+        if (picture == null && stickers.isEmpty()) {
+            return;
+        }
+        painter.begin(width, height);
+        if (picture != null) {
+            place.fit(picture, width, height, look.scaleMode);
+            painter.draw(
+                    picture.texture(), place.left(), place.top(), place.width(), place.height(),
+                    look.mask.isShown() ? Painter.Blend.STRAIGHT : Painter.Blend.OPAQUE);
+        }
+        try {
+            stickers.draw(painter);
+        } catch (RuntimeException e) {
+            stickers.clear();
+            listener.onError(e);
+        }
+        painter.end();
+    }
+
     /**
-     * The picture as it was drawn last, without borders.
+     * The picture as it was drawn last, with its mask, without borders and stickers.
      *
      * @return null before the first picture
      */
     @Nullable
     public Bitmap capture() {
-        return clip == null || pace.isAwaiting() ? null : clip.capture();
+        Picture picture = source == null ? null : source.picture();
+        return picture == null ? null : Capture.take(picture, painter, look.mask.isShown());
     }
 
     /** Frees everything but what is needed to continue with {@link #wake}. */
     public void suspend() {
-        free();
+        free(false);
         suspended = true;
     }
 
-    /** Continues after {@link #suspend}: the next draw opens the clip again. */
+    /** Continues after {@link #suspend}: the next draw shows the same picture, mask and stickers. */
     public void wake() {
         suspended = false;
     }
 
-    /** After the GL context was lost with all its objects: the next draw opens the clip again. */
+    /**
+     * After the GL context was lost with all its objects: the next draw shows the same picture, mask
+     * and stickers. Only a mask from a texture is gone.
+     */
     public void contextLost() {
-        if (clip != null) {
-            clip.closeAfterContextLoss();
-        }
-        forget();
+        free(true);
     }
 
-    /** Frees everything and forgets the clip. */
+    private void free(boolean contextLost) {
+        if (source != null) {
+            source.free(contextLost);
+        }
+        look.mask.free(contextLost);
+        stickers.free(contextLost);
+        painter.free(contextLost);
+    }
+
+    /** Frees everything and forgets what is shown. Mask and stickers stay for what is shown next. */
     public void close() {
-        free();
-        source = null;
-        setPlaying(false);
-        durationUs = 0;
+        change(null);
+        free(false);
     }
 
-    private void free() {
-        if (clip != null) {
-            clip.close();
-        }
-        forget();
-    }
-
-    private void forget() {
-        clip = null;
-        pace.await(positionUs);
-    }
-
-    private void fail(Exception reason) {
-        close();
+    @Override
+    void fail(@NotNull Exception reason) {
+        change(null);
         listener.onError(reason);
-    }
-
-    private void open() throws IOException {
-        clip = OpenClip.open(source, positionUs);
-        durationUs = clip.durationUs();
-    }
-
-    /** Returns whether the picture is another one than before. */
-    private boolean drawPicture() {
-        boolean isNew = clip.draw(pace, mirrored, view);
-        if (isNew) {
-            pace.drawn();
-            positionUs = clip.pictureTimeUs();
-        } else if (playing && clip.ended()) {
-            end();
-        }
-        return isNew;
     }
 
     private void report() {
@@ -351,16 +284,6 @@ public final class VideoEngine {
             started = true;
             listener.onStart();
         }
-        listener.onFrame(positionUs);
-    }
-
-    private void end() {
-        if (looping) {
-            seekTo(0);
-            return;
-        }
-        finished = true;
-        pause();
-        listener.onEnd();
+        listener.onFrame(source.timeUs());
     }
 }

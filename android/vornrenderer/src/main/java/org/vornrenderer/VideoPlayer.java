@@ -17,7 +17,7 @@ import org.jetbrains.annotations.Nullable;
  * <p>All methods belong to the UI thread. They take effect with the next frame. Applications implement
  * no player.
  */
-public interface VideoPlayer {
+public interface VideoPlayer extends PictureView {
     /**
      * The context of the view.
      *
@@ -33,21 +33,6 @@ public interface VideoPlayer {
      * @return false if it will not run
      */
     boolean post(@NotNull Runnable action);
-
-    /**
-     * Runs an event on the GL thread.
-     *
-     * @param event runs before the next frame
-     */
-    void queueEvent(@NotNull Runnable event);
-
-    /**
-     * The engine of the view. Its methods belong to the GL thread: {@link #queueEvent}.
-     *
-     * @return the same for the life of the view
-     */
-    @NotNull
-    VideoEngine engine();
 
     /** Belongs into the activity's onResume: the clip continues at the same picture. */
     void onResume();
@@ -99,7 +84,7 @@ public interface VideoPlayer {
     /**
      * Plays a clip from its start.
      *
-     * @param file stays open until the view plays another clip or is gone
+     * @param file stays open until the view shows something else or is gone
      * @param offset of the clip in the file, in bytes
      * @param length of the clip, in bytes
      */
@@ -117,7 +102,7 @@ public interface VideoPlayer {
         queueEvent(engine()::resume);
     }
 
-    /** Frees the decoder and forgets the clip. */
+    /** Frees the decoder and shows nothing. */
     default void stop() {
         queueEvent(engine()::close);
     }
@@ -160,7 +145,7 @@ public interface VideoPlayer {
     }
 
     /**
-     * Sets the color around the picture.
+     * Sets the color around the picture, and where a mask hides it.
      *
      * @param color as in android.graphics.Color, without alpha; black at the start
      */
@@ -205,7 +190,7 @@ public interface VideoPlayer {
     }
 
     /**
-     * Takes the picture, without borders.
+     * Takes the picture with its mask, without borders and stickers.
      *
      * @param taker gets the picture on the UI thread, or null before the first picture
      */
@@ -218,7 +203,8 @@ public interface VideoPlayer {
     }
 
     /**
-     * Is told why a clip cannot be played, or not any further.
+     * Is told why a clip or picture cannot be shown, or not any further, or why a mask or stickers
+     * cannot.
      *
      * @param listener called on the UI thread with a {@link RendererException} or an exception of
      *     the platform; null for none
@@ -228,7 +214,7 @@ public interface VideoPlayer {
     }
 
     /**
-     * Is told when a clip shows its first picture.
+     * Is told when a clip, or another kind of source than before, shows its first picture.
      *
      * @param listener called on the UI thread; null for none
      */
@@ -248,7 +234,8 @@ public interface VideoPlayer {
     /**
      * Is told the time of each picture that is shown.
      *
-     * @param listener called on the GL thread with microseconds; null for none
+     * @param listener called on the GL thread with microseconds, 0 for bitmaps and pixels; null for
+     *     none
      */
     default void setFrameListener(@Nullable LongConsumer listener) {
         ViewListeners.of(this).frame = listener;

@@ -11,11 +11,13 @@ final class ViewInput {
 
     private final VideoPlayer player;
     private final ViewGestures gestures;
+    private final StickerDrag stickers;
     private boolean on = true;
 
     ViewInput(@NotNull VideoPlayer player) {
         this.player = player;
         gestures = new ViewGestures(player);
+        stickers = new StickerDrag(player);
     }
 
     void turn(boolean turnOn) {
@@ -24,7 +26,7 @@ final class ViewInput {
 
     /** Returns whether the event was for the view. */
     boolean touch(@NotNull MotionEvent event) {
-        if (on) {
+        if (on && !stickers.onTouch(event)) {
             gestures.onTouch(event);
         }
         return on;

@@ -1,0 +1,145 @@
+package org.vornrenderer;
+
+import java.io.IOException;
+import java.util.function.LongSupplier;
+import org.jetbrains.annotations.NotNull;
+import org.jetbrains.annotations.Nullable;
+
+/** A clip in time. Runs on the GL thread, but for the queries of volatile values. */
+final class ClipPlayer implements PictureSource {
+    private final Runnable onEnd;
+    private final Pace pace = new Pace();
+    private ClipFeed.Source source;
+    private boolean finished;
+    private boolean looping;
+
+    /** Null while none is open. */
+    private OpenClip clip;
+
+    private boolean hasPicture;
+    private volatile boolean playing;
+    private volatile long positionUs;
+    private volatile long durationUs;
+
+    ClipPlayer(@NotNull Runnable onEnd) {
+        this.onEnd = onEnd;
+    }
+
+    /** Plays from the start. The next draw opens the clip. */
+    void play(@NotNull ClipFeed.Source newSource) {
+        close();
+        source = newSource;
+        finished = false;
+        positionUs = 0;
+        pace.await(0);
+        setPlaying(true);
+    }
+
+    void pause() {
+        setPlaying(false);
+    }
+
+    /** Continues after pause, or from the start after the end. */
+    void resume() {
+        if (source == null) {
+            return;
+        }
+        if (finished) {
+            seekTo(0);
+        }
+        setPlaying(true);
+    }
+
+    private void setPlaying(boolean play) {
+        playing = play;
+        pace.run(play);
+    }
+
+    void seekTo(long timeUs) {
+        positionUs = Math.max(0, timeUs);
+        finished = false;
+        pace.await(positionUs);
+        if (clip != null) {
+            clip.seek(positionUs);
+        }
+    }
+
+    void setLooping(boolean loop) {
+        looping = loop;
+    }
+
+    void setClock(@Nullable LongSupplier newClock) {
+        pace.clock.use(newClock);
+    }
+
+    boolean isPlaying() {
+        return playing;
+    }
+
+    long durationUs() {
+        return durationUs;
+    }
+
+    @Override
+    public long timeUs() {
+        return positionUs;
+    }
+
+    @Override
+    @Nullable
+    public Picture picture() {
+        return hasPicture ? clip.picture() : null;
+    }
+
+    @Override
+    public boolean draw(@NotNull Look look) throws IOException {
+        if (clip != null && !clip.isTurnedBy(look.rotation)) {
+            free(false);
+        }
+        if (clip == null && source != null) {
+            clip = OpenClip.open(source, positionUs, look.rotation);
+            durationUs = clip.durationUs();
+        }
+        return clip != null && drawPicture(look);
+    }
+
+    private boolean drawPicture(Look look) {
+        boolean isNew = clip.draw(pace, look);
+        if (isNew) {
+            hasPicture = true;
+            pace.drawn();
+            positionUs = clip.pictureTimeUs();
+        } else if (playing && clip.ended()) {
+            end();
+        }
+        return isNew;
+    }
+
+    private void end() {
+        if (looping) {
+            seekTo(0);
+            return;
+        }
+        finished = true;
+        pause();
+        onEnd.run();
+    }
+
+    @Override
+    public void free(boolean contextLost) {
+        if (clip != null) {
+            clip.close(contextLost);
+            clip = null;
+        }
+        hasPicture = false;
+        pace.await(positionUs);
+    }
+
+    @Override
+    public void close() {
+        free(false);
+        source = null;
+        setPlaying(false);
+        durationUs = 0;
+    }
+}
