@@ -80,11 +80,7 @@ Image Picture(const Arguments& arguments) {
 
     Image drawn(frame.size);
     TextureReader().Read(texture, drawn);
-    std::vector<uint8_t> rgb(drawn.pixels.size() / 4 * 3);
-    Backdrop().Flatten(drawn, rgb.data());
-    for (size_t i = 0; i < drawn.pixels.size(); ++i) {
-        drawn.pixels[i] = i % 4 == 3 ? uint8_t{255} : rgb[i / 4 * 3 + i % 4];
-    }
+    Backdrop().Flatten(drawn);
     return drawn;
 }
 

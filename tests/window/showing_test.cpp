@@ -23,13 +23,8 @@ Image SlopingMask() {
 }
 
 Image OnCheckerboard(const Image& image) {
-    std::vector<uint8_t> rgb(image.pixels.size() / 4 * 3);
-    Backdrop().Flatten(image, rgb.data());
-    Image flat(image.size);
-    for (size_t i = 0; i < rgb.size() / 3; ++i) {
-        std::copy_n(&rgb[3 * i], 3, &flat.pixels[4 * i]);
-        flat.pixels[4 * i + 3] = 255;
-    }
+    Image flat = image;
+    Backdrop().Flatten(flat);
     return flat;
 }
 

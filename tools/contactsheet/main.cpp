@@ -42,15 +42,11 @@ Cell LoadCell(const std::string& text, int width) {
 }
 
 void DrawPicture(Image& sheet, int left, int top, const Image& picture) {
-    const Size size = picture.size;
-    std::vector<uint8_t> rgb(picture.pixels.size());
-    Backdrop().Flatten(picture, rgb.data());
-    const uint8_t* from = rgb.data();
-    for (int y = 0; y < size.height; ++y) {
-        uint8_t* to = sheet.At(left, top + y);
-        for (int x = 0; x < size.width; ++x, from += 3, to += Image::kChannels) {
-            std::copy_n(from, 3, to);
-        }
+    Image flat = picture;
+    Backdrop().Flatten(flat);
+    const auto rowBytes = static_cast<size_t>(flat.size.width) * Image::kChannels;
+    for (int y = 0; y < flat.size.height; ++y) {
+        std::copy_n(flat.At(0, y), rowBytes, sheet.At(left, top + y));
     }
 }
 

@@ -15,12 +15,12 @@ public:
     Backdrop() = default;
     explicit Backdrop(Rgb color) : color_(color) {}
 
-    /// Lays \p image, whose alpha is not premultiplied, over the backdrop. \p rgb has room for
-    /// three bytes for each pixel.
-    void Flatten(const Image& image, uint8_t* rgb) const;
+    /// Lays \p image, whose alpha is not premultiplied, over the backdrop. It is opaque then.
+    void Flatten(Image& image) const;
 
 private:
     Rgb At(int x, int y) const;
+    void FlattenRow(Image& image, int y) const;
 
     std::optional<Rgb> color_;
 };

@@ -32,6 +32,9 @@ Player::Player(const Options& options)
       limit_(output_.has_value() && output_->limit > 0 ? output_->limit : options.frames),
       expected_(ExpectedFrames()),
       begin_(stage_.Source().Time()) {
+    if (output_.has_value()) {
+        queue_.emplace(*output_->sink, stage_.FrameSize());
+    }
     if (options.viewTo.has_value() && expected_ == 0) {
         throw ToolError(options.input + ": its length is not known; --view-to needs --frames here");
     }
@@ -54,6 +57,7 @@ int Player::Play() {
     ReportAudio();
     DrawAll();
     if (output_.has_value() && out_ > 0) {
+        queue_->Finish();
         output_->sink->Finish(stopped_ || over_ || out_ == limit_);
         Remark(output_->sink->Remark());
     }
@@ -104,7 +108,8 @@ void Player::DrawFrame() {
     SetShot();
     stage_.Draw();
     if (output_.has_value()) {
-        output_->sink->Write(stage_.ReadBack(), stage_.Source().Time() - begin_);
+        stage_.ReadBack(queue_->Next());
+        queue_->Push(stage_.Source().Time() - begin_);
     }
     ++out_;
     end_ = stage_.Source().Time() - begin_ + stage_.Source().Times().Clock().frame;

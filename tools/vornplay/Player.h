@@ -7,6 +7,7 @@
 #include "Options.h"
 #include "RunSummary.h"
 #include "Stage.h"
+#include "export/FrameQueue.h"
 #include "export/Output.h"
 #include "offscreen/OffscreenContext.h"
 
@@ -38,10 +39,11 @@ private:
     OffscreenContext context_;
     Stage stage_;
     std::optional<Output> output_;
-    int64_t limit_;     ///< Frames to draw at most; 0 for all.
-    int64_t expected_;  ///< Frames that will be drawn; 0 if not known.
-    int64_t begin_;     ///< The time of the first frame.
-    int64_t end_ = 0;   ///< How far the drawn frames reach, from there.
+    std::optional<FrameQueue> queue_;  ///< To the output.
+    int64_t limit_;                    ///< Frames to draw at most; 0 for all.
+    int64_t expected_;                 ///< Frames that will be drawn; 0 if not known.
+    int64_t begin_;                    ///< The time of the first frame.
+    int64_t end_ = 0;                  ///< How far the drawn frames reach, from there.
     int64_t out_ = 0;
     bool over_ = false;     ///< The duration that was asked for is drawn.
     bool stopped_ = false;  ///< By the user, before the end.

@@ -5,8 +5,7 @@
 
 #include "support/ToolError.h"
 
-Renderer::Renderer(RendererSettings settings)
-    : settings_(std::move(settings)), image_(settings_.size) {
+Renderer::Renderer(RendererSettings settings) : settings_(std::move(settings)) {
     CheckSizes();
     constexpr float kFull = 255.0F;
     const auto [red, green, blue, alpha] = settings_.clear;
@@ -102,6 +101,9 @@ double Renderer::MillisecondsPerDraw() const {
 }
 
 const Image& Renderer::ReadBack() {
-    reader_.Read(texture_, image_);
+    if (image_.pixels.empty()) {
+        image_ = Image(settings_.size);
+    }
+    ReadBack(image_);
     return image_;
 }

@@ -54,6 +54,8 @@ public:
 
     /// The picture that was drawn last; valid until the next call. \throws ToolError
     const Image& ReadBack();
+    /// The same into an image of FrameSize(). \throws ToolError
+    void ReadBack(Image& image) { reader_.Read(texture_, image); }
 
     /// The texture with the picture that was drawn last.
     GLuint TextureName() const { return texture_.Name(); }
@@ -75,7 +77,7 @@ private:
     std::optional<Texture> sticker_;
     std::unique_ptr<VERenderer, Close> handle_;
     TextureReader reader_;
-    Image image_;
+    Image image_;  ///< Empty until ReadBack() returns it.
     std::chrono::duration<double, std::milli> drawingTime_{};
     int64_t draws_ = 0;
 };

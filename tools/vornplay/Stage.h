@@ -21,6 +21,8 @@ public:
     void Draw() { source_->Draw(shot_); }
     /// The picture that was drawn last; valid until the next call. \throws ToolError
     const Image& ReadBack() { return source_->GetRenderer().ReadBack(); }
+    /// The same into an image of FrameSize(). \throws ToolError
+    void ReadBack(Image& image) { source_->GetRenderer().ReadBack(image); }
 
     /// Takes the frame of this time of the clip, or the nearest one. \throws ToolError
     void Seek(double seconds);

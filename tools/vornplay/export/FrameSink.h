@@ -37,9 +37,10 @@ public:
     FrameSink(const FrameSink&) = delete;
     FrameSink& operator=(const FrameSink&) = delete;
 
+    /// \param frame it may be changed
     /// \param time when the frame is shown, in ticks since the first frame; later than the frame
     ///        before. \throws ToolError
-    virtual void Write(const Image& frame, int64_t time) = 0;
+    virtual void Write(Image& frame, int64_t time) = 0;
 
     /// Completes the output, which still lacks its name.
     /// \param cutShort the input goes on after the last frame that was written

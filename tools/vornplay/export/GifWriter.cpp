@@ -66,7 +66,7 @@ std::string GifWriter::Remark() const {
                              " frames are rounded to hundredths of a second";
 }
 
-void GifWriter::Write(const Image& frame, int64_t time) {
+void GifWriter::Write(Image& frame, int64_t time) {
     Fill(frame);
     frame_->pts = Place(time);
     if (!palettes_.has_value()) {

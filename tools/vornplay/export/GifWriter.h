@@ -14,7 +14,7 @@ public:
     /// \throws ToolError
     explicit GifWriter(const OutputSettings& settings);
 
-    void Write(const Image& frame, int64_t time) override;
+    void Write(Image& frame, int64_t time) override;
     void Finish(bool cutShort) override;
     void Commit() override { muxer_.Commit(); }
     std::string Remark() const override;

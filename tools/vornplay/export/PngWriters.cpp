@@ -2,13 +2,13 @@
 
 #include "support/PngFile.h"
 
-void PngWriter::Write(const Image& frame, int64_t /*time*/) {
+void PngWriter::Write(Image& frame, int64_t /*time*/) {
     const std::vector<uint8_t> bytes = EncodePng(path_, frame);
     file_.Write(bytes.data(), bytes.size());
     file_.Close();
 }
 
-void PngSequence::Write(const Image& frame, int64_t time) {
+void PngSequence::Write(Image& frame, int64_t time) {
     varies_ = varies_ || time != number_ * clock_.frame;
     const std::string path = path_.At(++number_);
     if (number_ == 1) {

@@ -13,7 +13,7 @@ public:
     explicit PngWriter(const OutputSettings& settings)
         : path_(settings.path), file_(settings.path, settings.existing) {}
 
-    void Write(const Image& frame, int64_t time) override;
+    void Write(Image& frame, int64_t time) override;
     void Commit() override { file_.Commit(); }
 
 private:
@@ -28,7 +28,7 @@ public:
     explicit PngSequence(const OutputSettings& settings)
         : path_(settings.path), existing_(settings.existing), clock_(settings.clock) {}
 
-    void Write(const Image& frame, int64_t time) override;
+    void Write(Image& frame, int64_t time) override;
     std::string Remark() const override;
 
 private:

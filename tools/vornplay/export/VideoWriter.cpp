@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int kRgbBytes = 3;
-
 /// As large as the frames, or one pixel more.
 Size SizeFor(const VideoFormat& format, Size frame) {
     return format.even ? Size{frame.width + frame.width % 2, frame.height + frame.height % 2}
@@ -90,21 +88,18 @@ void Pad(const Image& frame, Image& padded) {
 VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settings)
     : coding_(Chosen(format, settings)),
       backdrop_(settings.backdrop),
-      padded_(SizeFor(format, settings.size)),
-      pads_(padded_.size.width != settings.size.width ||
-            padded_.size.height != settings.size.height),
+      size_(SizeFor(format, settings.size)),
       muxer_(settings.path, format.container, settings.existing),
-      video_(Taking(muxer_, coding_), coding_, padded_.size, settings.input.FrameRate(),
-             settings.clock, TagsOf(ColorsOf(settings), settings.size, coding_.format)),
+      video_(Taking(muxer_, coding_), coding_, size_, settings.input.FrameRate(), settings.clock,
+             TagsOf(ColorsOf(settings), settings.size, coding_.format)),
       audio_(muxer_, settings.input, settings.begin, settings.encoding.copiesAudio),
-      converter_(video_.Encoder(), HasAlpha(coding_.format) ? AV_PIX_FMT_RGBA : AV_PIX_FMT_RGB24) {
+      converter_(video_.Encoder(), HasAlpha(coding_.format) ? AV_PIX_FMT_RGBA : AV_PIX_FMT_RGB0) {
     picture_->format = coding_.format;
-    picture_->width = padded_.size.width;
-    picture_->height = padded_.size.height;
+    picture_->width = size_.width;
+    picture_->height = size_.height;
     muxer_.Check(av_frame_get_buffer(picture_.get(), 0));
-    if (!HasAlpha(coding_.format)) {
-        rgb_.resize(static_cast<size_t>(padded_.size.width) *
-                    static_cast<size_t>(padded_.size.height) * kRgbBytes);
+    if (size_.width != settings.size.width || size_.height != settings.size.height) {
+        padded_.emplace(size_);
     }
     if (!settings.turned && settings.input.DisplayMatrix() != nullptr) {
         video_.SetDisplayMatrix(settings.input.DisplayMatrix());
@@ -114,19 +109,10 @@ VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settin
     muxer_.Begin(format.muxing);
 }
 
-const uint8_t* VideoWriter::Pixels(const Image& frame) {
-    if (rgb_.empty()) {
-        return frame.pixels.data();
-    }
-    backdrop_.Flatten(frame, rgb_.data());
-    return rgb_.data();
-}
-
 std::string VideoWriter::Remark() const {
     std::string remark;
-    if (pads_) {
-        remark = "padded to " + std::to_string(padded_.size.width) + "x" +
-                 std::to_string(padded_.size.height) +
+    if (padded_.has_value()) {
+        remark = "padded to " + std::to_string(size_.width) + "x" + std::to_string(size_.height) +
                  ", as the format needs an even width and height";
     }
     if (losesMatrix_) {
@@ -137,12 +123,15 @@ std::string VideoWriter::Remark() const {
     return remark;
 }
 
-void VideoWriter::Write(const Image& frame, int64_t time) {
+void VideoWriter::Write(Image& frame, int64_t time) {
     muxer_.Check(av_frame_make_writable(picture_.get()));
-    if (pads_) {
-        Pad(frame, padded_);
+    if (!HasAlpha(coding_.format)) {
+        backdrop_.Flatten(frame);
     }
-    converter_.Convert(Pixels(pads_ ? padded_ : frame), *picture_);
+    if (padded_.has_value()) {
+        Pad(frame, *padded_);
+    }
+    converter_.Convert((padded_.has_value() ? *padded_ : frame).pixels.data(), *picture_);
     video_.Write(*picture_, time + lead_);
     audio_.CopyUntil(video_.Seconds());
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <optional>
 #include <string>
-#include <vector>
 
 #include "AudioCopy.h"
 #include "FrameSink.h"
@@ -23,25 +23,22 @@ public:
     /// \throws ToolError
     VideoWriter(const VideoFormat& format, const OutputSettings& settings);
 
-    void Write(const Image& frame, int64_t time) override;
+    void Write(Image& frame, int64_t time) override;
     void Finish(bool cutShort) override;
     void Commit() override { muxer_.Commit(); }
     std::string Remark() const override;
     AudioReport Audio() const override { return audio_.Report(); }
 
 private:
-    const uint8_t* Pixels(const Image& frame);
-
     VideoCoding coding_;
     Backdrop backdrop_;
-    Image padded_;
-    bool pads_;  ///< Frames are smaller than padded_.
     bool losesMatrix_ = false;
+    Size size_;  ///< Of the pictures of the file.
     Muxer muxer_;
     VideoTrack video_;
     AudioCopy audio_;
     int64_t lead_ = 0;  ///< The time of the first frame, in ticks.
     ColorConverter converter_;
+    std::optional<Image> padded_;  ///< None: frames have the size of the pictures.
     LibavPtr<AVFrame> picture_{av_frame_alloc()};
-    std::vector<uint8_t> rgb_;  ///< The frame over the backdrop; empty if alpha is kept.
 };

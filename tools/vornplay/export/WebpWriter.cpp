@@ -83,7 +83,7 @@ void WebpWriter::Push(int64_t end) {
     }
 }
 
-void WebpWriter::Write(const Image& frame, int64_t time) {
+void WebpWriter::Write(Image& frame, int64_t time) {
     if (!last_.empty()) {
         Push(time);
     }

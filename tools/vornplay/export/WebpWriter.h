@@ -15,7 +15,7 @@ public:
     /// \throws ToolError
     explicit WebpWriter(const OutputSettings& settings);
 
-    void Write(const Image& frame, int64_t time) override;
+    void Write(Image& frame, int64_t time) override;
     void Finish(bool cutShort) override;
     void Commit() override { file_.Commit(); }
 
