@@ -3,7 +3,7 @@
 import { createReadStream, existsSync } from 'node:fs';
 import { createServer } from 'node:http';
 import { extname, join } from 'node:path';
-import { chromium } from '../../web/node_modules/playwright-core/index.mjs';
+import { chromium } from 'playwright-core';
 
 const TYPES = {
     '.css': 'text/css',

@@ -239,9 +239,9 @@ export function worker() {
     const text = `import { ownCanvas } from '${new URL('drawing.js', location.href)}'; postMessage(await ownCanvas());`;
     const url = URL.createObjectURL(new Blob([text], { type: 'text/javascript' }));
     return new Promise((done) => {
-        const worker = new Worker(url, { type: 'module' });
-        worker.onmessage = ({ data }) => done(data);
-        worker.onerror = ({ message }) => done([message]);
+        const thread = new Worker(url, { type: 'module' });
+        thread.onmessage = ({ data }) => done(data);
+        thread.onerror = ({ message }) => done([message]);
     });
 }
 
@@ -330,10 +330,10 @@ export async function cost() {
     const renderer = await VornRenderer.create(ours);
     const drawBare = bareQuad(bare);
     const times = { library: [], shown: [], bare: [] };
-    const measure = (name, context, draw) => {
+    const measure = (name, gl, draw) => {
         const started = performance.now();
         draw();
-        context.readPixels(0, 0, 1, 1, context.RGBA, context.UNSIGNED_BYTE, new Uint8Array(4));
+        gl.readPixels(0, 0, 1, 1, gl.RGBA, gl.UNSIGNED_BYTE, new Uint8Array(4));
         times[name].push(performance.now() - started);
     };
     for (let i = 0; i < 40; ++i) {

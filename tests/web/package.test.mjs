@@ -58,7 +58,7 @@ test('has types for strict programs', () => {
 
 for (const name of ['pictures', 'sources', 'stickers', 'keptState', 'ownCanvas', 'worker', 'errors', 'contextLost']) {
     test(`draws: ${name}`, { timeout: 60_000 }, async () => {
-        assert.deepEqual(await page.evaluate(async (name) => (await import('./drawing.js'))[name](), name), []);
+        assert.deepEqual(await page.evaluate(async (part) => (await import('./drawing.js'))[part](), name), []);
     });
 }
 

@@ -25,6 +25,11 @@ export class PersonMask {
         return this.#bitmap !== null;
     }
 
+    /** Whether `take` returns a mask. */
+    isNew(mirrored) {
+        return this.#bitmap !== null && (this.#isNew || mirrored !== this.#mirrored);
+    }
+
     /** Forgets the mask: the next picture is another one. */
     reset() {
         this.#bitmap?.close();
@@ -51,7 +56,7 @@ export class PersonMask {
 
     /** The newest mask, as it lies on a mirrored picture or not; undefined if it was taken before. */
     take(mirrored) {
-        if (this.#bitmap === null || (!this.#isNew && mirrored === this.#mirrored)) {
+        if (!this.isNew(mirrored)) {
             return undefined;
         }
         this.#isNew = false;

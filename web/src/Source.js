@@ -1,14 +1,18 @@
 // Where pictures come from: the clip, the camera, or a file.
 
 export class Source {
-    #video = document.createElement('video');
+    #video;
+    #clip;
     #image = null;
     #stream = null;
     #url = null;
-    #used = null;
+    #isNew = true;
 
-    constructor() {
-        Object.assign(this.#video, { muted: true, loop: true, playsInline: true });
+    /** @param {HTMLVideoElement} video shows the clip, and may be loading it already */
+    constructor(video) {
+        this.#video = video;
+        this.#clip = video.src;
+        this.#watch();
     }
 
     /** Width and height of the picture; [0, 0] before there is one. */
@@ -22,18 +26,21 @@ export class Source {
         return this.#image ?? this.#video;
     }
 
+    /** Whether the renderer has not been given the picture yet. */
+    get isNew() {
+        return this.#isNew;
+    }
+
     /** The picture for the renderer; null if it has it already. */
-    get newPicture() {
-        if (this.#image !== null && this.#used === this.#image) {
-            return null;
-        }
-        this.#used = this.#image;
-        return this.picture;
+    takeNew() {
+        const picture = this.#isNew ? this.picture : null;
+        this.#isNew = this.#image === null && !('requestVideoFrameCallback' in this.#video);
+        return picture;
     }
 
     async openClip() {
         this.#release();
-        await this.#play('clip.mp4');
+        await this.#play(this.#clip);
     }
 
     /** Rejects with a DOMException if there is no camera, or if it is refused. */
@@ -48,13 +55,16 @@ export class Source {
         this.#stream = stream;
         this.#video.srcObject = stream;
         await this.#video.play();
+        this.#isNew = true;
     }
 
     async openFile(file) {
         if (file.type.startsWith('image/')) {
             const image = await createImageBitmap(file);
             this.#release();
+            this.#video.pause();
             this.#image = image;
+            this.#isNew = true;
         } else {
             this.#release();
             this.#url = URL.createObjectURL(file);
@@ -64,21 +74,33 @@ export class Source {
 
     /** The renderer has lost all pictures. */
     forgetUse() {
-        this.#used = null;
+        this.#isNew = true;
+    }
+
+    #watch() {
+        this.#video.requestVideoFrameCallback?.(() => {
+            this.#isNew ||= this.#image === null;
+            this.#watch();
+        });
     }
 
     async #play(url) {
-        this.#video.src = url;
+        if (this.#video.src !== url) {
+            this.#video.src = url;
+        }
         await this.#video.play();
+        this.#isNew = true;
     }
 
     #release() {
         this.#stream?.getTracks().forEach((track) => track.stop());
-        this.#video.srcObject = null;
+        if (this.#stream !== null) {
+            this.#video.srcObject = null;
+        }
         if (this.#url !== null) {
             URL.revokeObjectURL(this.#url);
         }
         this.#image?.close();
-        this.#stream = this.#url = this.#image = this.#used = null;
+        this.#stream = this.#url = this.#image = null;
     }
 }

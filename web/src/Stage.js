@@ -1,6 +1,6 @@
 // Draws with VornRenderer, and puts the result in front of a background.
 
-import { VornRenderer } from '../vornrenderer/VornRenderer.js';
+import { VornRenderer } from 'vornrenderer';
 
 const VERTEX_SHADER = `#version 300 es
 out vec2 place;
@@ -10,14 +10,21 @@ void main() {
     place.y = 1.0 - place.y;
 }`;
 
+// What is behind the person. A program for each: large ones take long to compile.
+const BEHIND = {
+    none: 'vec3(0.04, 0.05, 0.047)',
+    blur: 'blurred()',
+    color: 'color',
+    picture: 'texture(backdrop, (place - 0.5) * cover + 0.5).rgb',
+};
+
 // The small levels of the whole picture, which the masked one leaves alone, are its blur.
-const FRAGMENT_SHADER = `#version 300 es
+const fragmentShader = (kind) => `#version 300 es
 precision highp float;
 uniform sampler2D picture;
 uniform sampler2D backdrop;
 uniform vec2 cover;
 uniform vec3 color;
-uniform int kind;
 in vec2 place;
 out vec4 result;
 vec3 blurred() {
@@ -30,25 +37,22 @@ vec3 blurred() {
 }
 void main() {
     vec4 front = textureLod(picture, place, 0.0);
-    vec3 behind = kind == 1 ? blurred()
-                : kind == 2 ? texture(backdrop, (place - 0.5) * cover + 0.5).rgb
-                : color;
     // Little confidence would show as haze.
-    result = vec4(mix(behind, front.rgb, smoothstep(0.4, 0.9, front.a)), 1);
+    float share = smoothstep(0.4, 0.9, front.a);
+    result = vec4(share == 1.0 ? front.rgb : mix(${BEHIND[kind]}, front.rgb, share), 1);
 }`;
-
-const KINDS = { none: 0, blur: 1, picture: 2, color: 3 };
-const DARK = [0.04, 0.05, 0.047];
 
 export class Stage {
     /** 'none', 'blur', 'color' or 'picture' */
     background = 'none';
-    color = DARK;
+    /** Red, green and blue from 0 to 1. */
+    color = [0, 0, 0];
     #gl;
     #renderer;
-    #program;
+    #programs = new Map();
     #sampler;
     #backdrop = null;
+    #newBackdrop = null;
     #backdropShape = 1;
 
     /** Throws VornError. */
@@ -64,7 +68,7 @@ export class Stage {
     constructor(gl, renderer) {
         this.#gl = gl;
         this.#renderer = renderer;
-        this.#program = link(gl);
+        this.#programOf('none');
         this.#sampler = gl.createSampler();
         gl.samplerParameteri(this.#sampler, gl.TEXTURE_MIN_FILTER, gl.LINEAR_MIPMAP_NEAREST);
         gl.samplerParameteri(this.#sampler, gl.TEXTURE_WRAP_S, gl.CLAMP_TO_EDGE);
@@ -89,13 +93,7 @@ export class Stage {
 
     /** @param {TexImageSource} image covers what is behind the person */
     setBackdrop(image) {
-        const gl = this.#gl;
-        this.#backdrop ??= gl.createTexture();
-        this.#backdropShape = image.width / image.height;
-        gl.bindTexture(gl.TEXTURE_2D, this.#backdrop);
-        gl.texImage2D(gl.TEXTURE_2D, 0, gl.RGBA, gl.RGBA, gl.UNSIGNED_BYTE, image);
-        gl.generateMipmap(gl.TEXTURE_2D);
-        gl.bindTexture(gl.TEXTURE_2D, null);
+        this.#newBackdrop = image;
     }
 
     /**
@@ -127,33 +125,58 @@ export class Stage {
         gl.bindTexture(gl.TEXTURE_2D, null);
     }
 
+    #uploadBackdrop() {
+        const gl = this.#gl;
+        const image = this.#newBackdrop;
+        this.#newBackdrop = null;
+        this.#backdrop ??= gl.createTexture();
+        this.#backdropShape = image.width / image.height;
+        gl.bindTexture(gl.TEXTURE_2D, this.#backdrop);
+        gl.texImage2D(gl.TEXTURE_2D, 0, gl.RGBA, gl.RGBA, gl.UNSIGNED_BYTE, image);
+        gl.generateMipmap(gl.TEXTURE_2D);
+    }
+
     #compose(background) {
         const gl = this.#gl;
         const { width, height } = gl.canvas;
-        const shape = width / height / this.#backdropShape;
-        const at = (name) => gl.getUniformLocation(this.#program, name);
-        gl.viewport(0, 0, width, height);
-        gl.useProgram(this.#program);
         gl.activeTexture(gl.TEXTURE1);
+        if (background === 'picture' && this.#newBackdrop !== null) {
+            this.#uploadBackdrop();
+        }
         gl.bindTexture(gl.TEXTURE_2D, this.#backdrop);
         gl.activeTexture(gl.TEXTURE0);
+        const shape = width / height / this.#backdropShape;
+        const { program, at } = this.#programOf(background);
+        gl.viewport(0, 0, width, height);
+        gl.useProgram(program);
         gl.bindTexture(gl.TEXTURE_2D, this.#renderer.output);
         gl.bindSampler(0, background === 'blur' ? this.#sampler : null);
-        gl.uniform1i(at('backdrop'), 1);
-        gl.uniform1i(at('kind'), KINDS[background]);
-        gl.uniform3fv(at('color'), background === 'color' ? this.color : DARK);
-        gl.uniform2f(at('cover'), Math.min(shape, 1), Math.min(1 / shape, 1));
+        gl.uniform1i(at.backdrop, 1);
+        gl.uniform3fv(at.color, this.color);
+        gl.uniform2f(at.cover, Math.min(shape, 1), Math.min(1 / shape, 1));
         gl.drawArrays(gl.TRIANGLES, 0, 3);
         gl.bindSampler(0, null);
         gl.bindTexture(gl.TEXTURE_2D, null);
     }
+
+    #programOf(kind) {
+        if (!this.#programs.has(kind)) {
+            const program = link(this.#gl, fragmentShader(kind));
+            const at = {};
+            for (const name of ['backdrop', 'color', 'cover']) {
+                at[name] = this.#gl.getUniformLocation(program, name);
+            }
+            this.#programs.set(kind, { program, at });
+        }
+        return this.#programs.get(kind);
+    }
 }
 
-function link(gl) {
+function link(gl, fragmentText) {
     const program = gl.createProgram();
     for (const [stage, text] of [
         [gl.VERTEX_SHADER, VERTEX_SHADER],
-        [gl.FRAGMENT_SHADER, FRAGMENT_SHADER],
+        [gl.FRAGMENT_SHADER, fragmentText],
     ]) {
         const shader = gl.createShader(stage);
         gl.shaderSource(shader, text);

@@ -1,6 +1,6 @@
 // Where the camera stands, and what of the picture it sees.
 
-import { ZOOM_FIT } from '../vornrenderer/VornRenderer.js';
+import { ZOOM_FIT } from 'vornrenderer';
 
 const LEAST = 0.5;
 const MOST = 8;

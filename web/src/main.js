@@ -9,22 +9,29 @@ import { Stage } from './Stage.js';
 import { Stickers, stickerImage } from './Stickers.js';
 import { View } from './View.js';
 
-const element = (id) => document.getElementById(id);
+const element = (id) => /** @type {any} */ (document.getElementById(id));
 const canvas = element('stage');
 
 /** @type {Stage | null} */
 let stage = null;
 let mirrored = false;
 let background = 'picture';
+/** @type {OffscreenCanvas | ImageBitmap} */
 let backdrop = defaultBackdrop();
 let saveNext = false;
 let dragged = false;
-const source = new Source();
+let changed = true;
+const source = new Source(element('video'));
 const view = new View();
 const stickers = new Stickers();
 const person = new PersonMask(show);
 const recorder = new Recorder();
 const figures = { frames: 0, drawMs: 0, since: performance.now(), shown: false };
+
+/** What the visitor changed shows with the next frame. */
+function redraw() {
+    changed = true;
+}
 
 function show(text) {
     element('problem').hidden = text === null;
@@ -39,7 +46,9 @@ function say(text) {
 async function attempt(action) {
     try {
         await action();
-        show(null);
+        if (stage !== null) {
+            show(null); // Without graphics their problem stays.
+        }
         return true;
     } catch (error) {
         show(textOf(error));
@@ -70,7 +79,8 @@ async function openStage() {
 
 function drawFrame() {
     const [width, height] = source.size;
-    if (stage === null || width === 0) {
+    const isDue = changed || source.isNew || person.isNew(mirrored);
+    if (stage === null || width === 0 || !isDue) {
         return;
     }
     const started = performance.now();
@@ -80,20 +90,25 @@ function drawFrame() {
     }
     const newMask = person.take(mirrored);
     canvas.dataset.keyed = String(background !== 'none' && person.exists);
-    if (stage.draw(source.newPicture, { mirrored, newMask, masked: person.exists })) {
-        if (figures.frames++ === 0 && !figures.shown) {
-            performance.mark('first-frame');
-            figures.shown = true;
+    if (stage.draw(source.takeNew(), { mirrored, newMask, masked: person.exists })) {
+        changed = false;
+        if (++figures.frames === 1 && !figures.shown) {
+            requestAnimationFrame(firstFrameShown);
         }
         figures.drawMs += performance.now() - started;
         if (saveNext) {
             savePicture(canvas);
             saveNext = false;
         }
-        if (background !== 'none') {
+        if (background !== 'none' && figures.shown) {
             person.update(source.picture, width, height);
         }
     }
+}
+
+function firstFrameShown() {
+    performance.mark('first-frame');
+    figures.shown = true;
 }
 
 function everyFrame() {
@@ -120,10 +135,12 @@ setInterval(() => {
 function moveCamera() {
     element('zoom').value = Math.log2(view.scale);
     stage?.renderer.setView(view.camera);
+    redraw();
 }
 
 function placeStickers() {
     stage?.renderer.setStickers(stickerImage(), stickers.anchors(...stage.size));
+    redraw();
 }
 
 listenTo(canvas, {
@@ -184,6 +201,7 @@ element('stickers').onclick = ({ currentTarget }) => {
 element('mirror').onclick = ({ currentTarget }) => {
     mirrored = !mirrored;
     press(currentTarget, mirrored);
+    redraw();
 };
 
 // Sources
@@ -191,6 +209,7 @@ element('mirror').onclick = ({ currentTarget }) => {
 async function open(id, action) {
     if (await attempt(action)) {
         person.reset();
+        redraw();
         press(element('clip'), id === 'clip');
         press(element('camera'), id === 'camera');
     }
@@ -230,6 +249,7 @@ function setBackground(value) {
     if (stage) {
         stage.background = value;
     }
+    redraw();
 }
 
 function colorOf(text) {
@@ -281,6 +301,7 @@ element('record').onclick = ({ currentTarget }) =>
     });
 element('save').onclick = () => {
     saveNext = true;
+    redraw();
 };
 element('full').onclick = () =>
     attempt(() =>

@@ -21,10 +21,11 @@ class ScriptElement extends EventTarget {
     }
 }
 
-const FOLDER = new URL('../selfie_segmentation/', self.location.href).href;
+const FOLDER = new URL('selfie_segmentation/', self.location.href).href;
 importScripts(`${FOLDER}selfie_segmentation.js`);
 const segmentation = new self.SelfieSegmentation({ locateFile: (name) => FOLDER + name });
-segmentation.setOptions({ modelSelection: 1 });
+// The GPU draws the picture meanwhile.
+segmentation.setOptions({ modelSelection: 1, useCpuInference: true });
 
 let generation = 0;
 segmentation.onResults(({ segmentationMask }) => {
