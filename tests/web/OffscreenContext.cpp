@@ -18,8 +18,7 @@ EM_JS(void, ForgetContext, (EMSCRIPTEN_WEBGL_CONTEXT_HANDLE context),
 
 }  // namespace
 
-OffscreenContext::OffscreenContext()
-    : display_(nullptr), context_(reinterpret_cast<void*>(OpenContext())) {
+OffscreenContext::OffscreenContext() : context_(reinterpret_cast<void*>(OpenContext())) {
     if (display_ != nullptr || context_ == nullptr) {
         throw OffscreenError("no WebGL 2 context");
     }

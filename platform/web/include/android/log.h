@@ -9,6 +9,7 @@
 extern "C" {
 #endif
 
+// NOLINTBEGIN(readability-identifier-naming): Android's names.
 typedef enum android_LogPriority {
     ANDROID_LOG_DEBUG = 3,
     ANDROID_LOG_INFO = 4,
@@ -18,6 +19,7 @@ typedef enum android_LogPriority {
 
 int __android_log_write(int prio, const char* tag, const char* text);
 int __android_log_vprint(int prio, const char* tag, const char* fmt, va_list ap);
+// NOLINTEND(readability-identifier-naming)
 
 #ifdef __cplusplus
 }  // extern "C"
