@@ -1,7 +1,7 @@
 #!/bin/bash
 # Compiles the sample and the Java code of docs/android.md as for Android: resources and manifests
-# against the system's own, classes against declarations of what they use. The declarations, and the
-# classes of the Android platform for Linux, are compared with a list of what Android has.
+# against the system's own, classes against those of the Android platform for Linux, which are compared
+# with a list of what Android has.
 # sample.sh SOURCE WORK API-JAR PLATFORM-JAR KIT-JAR
 set -euo pipefail
 source=$1
@@ -10,7 +10,6 @@ api=$3
 platform=$4
 kit=$5
 level=24
-declarations=$(cd "$(dirname "$0")/declarations" && pwd)
 framework=/usr/share/android-framework-res/framework-res.apk
 rm -rf "$work"
 mkdir -p "$work/java"
@@ -27,7 +26,7 @@ package() {
 compile() {
     find "$@" -name '*.java' >"$work/sources"
     javac --release 11 -Xlint:all,-processing -Werror -d "$work/classes" \
-        -cp "$api:$kit:$work/declared:$platform" "@$work/sources"
+        -cp "$api:$kit:$platform" "@$work/sources"
 }
 # holds MODULE TEXT
 holds() {
@@ -37,19 +36,18 @@ holds() {
     }
 }
 
-package vornrenderer org.vornrenderer
+resources=$source/android/vornrenderer/src/main/res
+package vornrenderer org.vornrenderer -S "$resources"
 holds vornrenderer "uses-gl-es: '0x30000'"
 main=$source/android/sample/src/main
-package sample org.vornrenderer.sample -m -J "$work/java" -S "$main/res"
+package sample org.vornrenderer.sample -m -J "$work/java" --non-constant-id --auto-add-overlay \
+    --extra-packages org.vornrenderer -S "$main/res" -S "$resources"
 activity=$(aapt dump badging "$work/sample.apk" | sed -n "s/^launchable-activity: name='\([^']*\)'.*/\1/p")
 
-find "$declarations" -name '*.java' >"$work/sources"
-javac --release 11 -cp "$platform" -d "$work/declared" "@$work/sources"
 check() { node "$source/tests/android/check_api.mjs" "$list" "$level" "$@"; }
 list=$("$source/scripts/android-types")
-check "$work/declared"
 unzip -q "$platform" '*.class' -d "$work/platform"
-check "$work/platform" isReleased
+check "$work/platform" isReleased StateDescription "int R"
 compile "$main/java" "$work/java"
 [ -f "$work/classes/${activity//.//}.class" ] || {
     echo "FAILED: the manifest starts $activity, which is no class of the sample" >&2

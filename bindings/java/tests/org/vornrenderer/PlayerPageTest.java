@@ -1,5 +1,7 @@
 package org.vornrenderer;
 
+import static org.junit.Assert.assertNull;
+
 import android.app.Activities;
 import android.app.Activity;
 import android.graphics.Bitmap;
@@ -7,6 +9,7 @@ import android.net.Uri;
 import java.awt.image.BufferedImage;
 import java.io.File;
 import java.util.concurrent.BlockingQueue;
+import java.util.concurrent.CompletableFuture;
 import java.util.concurrent.CountDownLatch;
 import java.util.concurrent.LinkedBlockingQueue;
 import javax.imageio.ImageIO;
@@ -26,7 +29,10 @@ public class PlayerPageTest {
         BlockingQueue<Bitmap> taken = new LinkedBlockingQueue<>();
         view.capture(taken::add);
         save(taken.take());
-        Activities.pause(player);
+        Activities.pause(player); // Frees the decoder, and the picture with it.
+        CompletableFuture<Bitmap> none = new CompletableFuture<>();
+        view.capture(none::complete);
+        assertNull(none.get());
     }
 
     private static void save(Bitmap picture) throws Exception {

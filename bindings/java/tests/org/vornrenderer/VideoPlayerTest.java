@@ -9,11 +9,13 @@ import android.graphics.Bitmap;
 import android.net.Uri;
 import android.opengl.GLES20;
 import android.opengl.GlThreads;
+import android.util.AttributeSet;
 import android.view.KeyEvent;
 import android.view.MotionEvent;
 import android.view.Pinch;
 import android.view.View;
 import android.view.Windows;
+import android.view.accessibility.AccessibilityNodeInfo;
 import java.io.File;
 import java.io.FileInputStream;
 import java.io.IOException;
@@ -22,11 +24,12 @@ import java.nio.ByteBuffer;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.List;
+import java.util.Map;
 import java.util.concurrent.BlockingQueue;
 import java.util.concurrent.CountDownLatch;
 import java.util.concurrent.LinkedBlockingQueue;
 import java.util.concurrent.TimeUnit;
-import java.util.function.Function;
+import java.util.function.BiFunction;
 import org.junit.After;
 import org.junit.Before;
 import org.junit.Test;
@@ -48,24 +51,28 @@ public class VideoPlayerTest {
 
     private final BlockingQueue<Exception> errors = new LinkedBlockingQueue<>();
     private final CountDownLatch end = new CountDownLatch(1);
-    private final Function<Context, VideoPlayer> make;
+    private final BiFunction<Context, AttributeSet, VideoPlayer> make;
     private VideoPlayer view;
 
-    public VideoPlayerTest(String name, Function<Context, VideoPlayer> make) {
+    public VideoPlayerTest(String name, BiFunction<Context, AttributeSet, VideoPlayer> make) {
         this.make = make;
     }
 
     @Parameters(name = "{0}")
     public static List<Object[]> views() {
-        Function<Context, VideoPlayer> surface = VornVideoView::new;
-        Function<Context, VideoPlayer> texture = VornTextureView::new;
+        BiFunction<Context, AttributeSet, VideoPlayer> surface = VornVideoView::new;
+        BiFunction<Context, AttributeSet, VideoPlayer> texture = VornTextureView::new;
         return List.of(
                 new Object[] {"VornVideoView", surface}, new Object[] {"VornTextureView", texture});
     }
 
     @Before
     public void open() {
-        view = make.apply(new Context() {});
+        open(null);
+    }
+
+    private void open(AttributeSet layout) {
+        view = make.apply(new Context() {}, layout);
         view.setErrorListener(errors::add);
         view.setEndListener(end::countDown);
         layOut(WIDTH, HEIGHT);
@@ -279,6 +286,46 @@ public class VideoPlayerTest {
         Pinch.apply(asView(), 2); // Of bars 2 to 5, each is twice as wide.
         assertEquals(number >> 2 & 1, settled() & 1);
         assertEquals(number >> 5 & 1, settled() >> 7);
+    }
+
+    @Test
+    public void heedsLayoutsAndScreenReaders() throws InterruptedException {
+        assertEquals("Video", asView().getContentDescription());
+        close();
+        Map<String, String> layout =
+                Map.of(
+                        "vornSource", clip("bars.mp4").toString(),
+                        "vornMirrored", "true",
+                        "vornScaleMode", "stretch",
+                        "vornBorderColor", "#FF0000",
+                        "vornLooping", "true");
+        open((namespace, name) -> layout.get(name));
+        awaitPicture(4);
+        assertEquals("Pause", act(AccessibilityNodeInfo.ACTION_CLICK));
+        awaitState("Paused");
+        assertFalse(view.isPlaying());
+        act(AccessibilityNodeInfo.ACTION_SCROLL_FORWARD); // By 5 s.
+        awaitPicture(126);
+        int number = Integer.reverse(settled()) >>> Integer.SIZE - BITS;
+        assertEquals(view.positionUs(), (long) number * FRAME_US);
+        assertEquals("Play", act(AccessibilityNodeInfo.ACTION_CLICK));
+        awaitState("Playing");
+        view.setGestures(false);
+        assertFalse(asView().performAccessibilityAction(AccessibilityNodeInfo.ACTION_CLICK, null));
+    }
+
+    /** Returns what a screen reader says that a click does. */
+    private CharSequence act(int action) {
+        AccessibilityNodeInfo info = AccessibilityNodeInfo.obtain();
+        asView().onInitializeAccessibilityNodeInfo(info);
+        assertTrue(asView().performAccessibilityAction(action, null));
+        return info.getActionList().get(0).getLabel();
+    }
+
+    private void awaitState(String state) throws InterruptedException {
+        while (!state.equals(asView().getStateDescription())) {
+            Thread.sleep(5);
+        }
     }
 
     @Test

@@ -1,4 +1,28 @@
 package android.content;
 
-/** What an application runs in. Nothing on the desktop. */
-public abstract class Context {}
+import android.content.res.Resources;
+import android.content.res.TypedArray;
+import android.util.AttributeSet;
+
+/** What an application runs in. */
+public abstract class Context {
+    public Resources getResources() {
+        return Resources.getSystem();
+    }
+
+    public String getPackageName() {
+        return System.getProperty("android.resources", "").split("=")[0];
+    }
+
+    public final String getString(int resId) {
+        return getResources().getString(resId);
+    }
+
+    public final String getString(int resId, Object... formatArgs) {
+        return getResources().getString(resId, formatArgs);
+    }
+
+    public final TypedArray obtainStyledAttributes(AttributeSet set, int[] attrs) {
+        return getResources().obtainAttributes(set, attrs);
+    }
+}

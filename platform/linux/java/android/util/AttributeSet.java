@@ -1,4 +1,7 @@
 package android.util;
 
-/** The attributes of a view in a layout. There are no layouts on the desktop. */
-public interface AttributeSet {}
+/** The attributes of a view in a layout. */
+public interface AttributeSet {
+    /** Null if there is none of this name. */
+    String getAttributeValue(String namespace, String name);
+}

@@ -1,7 +1,9 @@
 package android.view;
 
 import android.content.Context;
+import android.os.Bundle;
 import android.util.AttributeSet;
+import android.view.accessibility.AccessibilityNodeInfo;
 import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 
@@ -10,6 +12,8 @@ public class View {
     public interface OnClickListener {
         void onClick(View v);
     }
+
+    private static final String ANDROID = "http://schemas.android.com/apk/res/android";
 
     private static final ExecutorService UI_THREAD =
             Executors.newSingleThreadExecutor(
@@ -22,6 +26,9 @@ public class View {
     private final Context context;
     private OnClickListener clickListener;
     private boolean attached;
+    private int id;
+    private CharSequence description;
+    private CharSequence state;
 
     public View(Context context) {
         this(context, null);
@@ -29,6 +36,50 @@ public class View {
 
     public View(Context context, AttributeSet attrs) {
         this.context = context;
+        if (attrs != null) {
+            readId(attrs.getAttributeValue(ANDROID, "id"));
+            description = attrs.getAttributeValue(ANDROID, "contentDescription");
+        }
+    }
+
+    /** Like @+id/name. */
+    private void readId(String reference) {
+        if (reference != null) {
+            String name = reference.substring(reference.indexOf('/') + 1);
+            id = context.getResources().getIdentifier(name, "id", context.getPackageName());
+        }
+    }
+
+    public final <T extends View> T findViewById(int id) {
+        @SuppressWarnings("unchecked")
+        T found = (T) find(id);
+        return found;
+    }
+
+    View find(int wanted) {
+        return id == wanted ? this : null;
+    }
+
+    public CharSequence getContentDescription() {
+        return description;
+    }
+
+    public void setContentDescription(CharSequence contentDescription) {
+        description = contentDescription;
+    }
+
+    public CharSequence getStateDescription() {
+        return state;
+    }
+
+    public void setStateDescription(CharSequence stateDescription) {
+        state = stateDescription;
+    }
+
+    public void onInitializeAccessibilityNodeInfo(AccessibilityNodeInfo info) {}
+
+    public boolean performAccessibilityAction(int action, Bundle arguments) {
+        return false;
     }
 
     public final Context getContext() {

@@ -10,8 +10,7 @@ abstract class ClipEngine extends LookEngine {
     final ClipPlayer clips;
 
     ClipEngine(@NotNull VideoEngine.Listener listener) {
-        Objects.requireNonNull(listener);
-        clips = new ClipPlayer(listener::onEnd);
+        clips = new ClipPlayer(Objects.requireNonNull(listener));
     }
 
     /** Closes what is shown, and reports why. */

@@ -7,7 +7,7 @@ import org.jetbrains.annotations.Nullable;
 
 /** A clip in time. Runs on the GL thread, but for the queries of volatile values. */
 final class ClipPlayer implements PictureSource {
-    private final Runnable onEnd;
+    private final VideoEngine.Listener listener;
     private final Pace pace = new Pace();
     private ClipFeed.Source source;
     private boolean finished;
@@ -21,8 +21,8 @@ final class ClipPlayer implements PictureSource {
     private volatile long positionUs;
     private volatile long durationUs;
 
-    ClipPlayer(@NotNull Runnable onEnd) {
-        this.onEnd = onEnd;
+    ClipPlayer(@NotNull VideoEngine.Listener listener) {
+        this.listener = listener;
     }
 
     /** Plays from the start. The next draw opens the clip. */
@@ -51,8 +51,12 @@ final class ClipPlayer implements PictureSource {
     }
 
     private void setPlaying(boolean play) {
+        boolean changes = play != playing;
         playing = play;
         pace.run(play);
+        if (changes) {
+            listener.onPlaying(play);
+        }
     }
 
     void seekTo(long timeUs) {
@@ -122,7 +126,7 @@ final class ClipPlayer implements PictureSource {
         }
         finished = true;
         pause();
-        onEnd.run();
+        listener.onEnd();
     }
 
     @Override

@@ -33,6 +33,13 @@ public final class VideoEngine extends ClipEngine {
          */
         default void onFrame(long timeUs) {}
 
+        /**
+         * The time runs, or does not any more.
+         *
+         * @param playing as {@link VideoEngine#isPlaying}
+         */
+        default void onPlaying(boolean playing) {}
+
         /** The last picture of a clip that does not loop was shown. */
         default void onEnd() {}
 

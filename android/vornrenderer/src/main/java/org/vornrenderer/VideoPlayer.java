@@ -1,5 +1,6 @@
 package org.vornrenderer;
 
+import android.app.Activity;
 import android.content.Context;
 import android.graphics.Bitmap;
 import android.net.Uri;
@@ -34,14 +35,23 @@ public interface VideoPlayer extends PictureView {
      */
     boolean post(@NotNull Runnable action);
 
-    /** Belongs into the activity's onResume: the clip continues at the same picture. */
+    /** Continues at the same picture. Belongs into the activity's onResume, unless it is followed. */
     void onResume();
 
-    /** Belongs into the activity's onPause: frees the decoder. */
+    /** Frees the decoder. Belongs into the activity's onPause, unless it is followed. */
     void onPause();
 
     /**
-     * Whether the view answers to touch and keys.
+     * Pauses and resumes with an activity until it is destroyed.
+     *
+     * @param activity that shows the view, in its onCreate
+     */
+    default void follow(@NotNull Activity activity) {
+        new ActivityWatch(activity, this).start();
+    }
+
+    /**
+     * Whether the view answers to touch, keys and the actions of screen readers.
      *
      * @param on true at the start
      */
@@ -211,6 +221,15 @@ public interface VideoPlayer extends PictureView {
      */
     default void setErrorListener(@Nullable Consumer<Exception> listener) {
         ViewListeners.of(this).error = listener;
+    }
+
+    /**
+     * Is told whether the time runs, when that changes.
+     *
+     * @param listener called on the UI thread; null for none
+     */
+    default void setPlayingListener(@Nullable Consumer<Boolean> listener) {
+        ViewListeners.of(this).playing = listener;
     }
 
     /**

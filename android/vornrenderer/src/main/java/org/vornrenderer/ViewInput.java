@@ -2,9 +2,12 @@ package org.vornrenderer;
 
 import android.view.KeyEvent;
 import android.view.MotionEvent;
+import android.view.View;
+import android.view.accessibility.AccessibilityNodeInfo;
+import android.view.accessibility.AccessibilityNodeInfo.AccessibilityAction;
 import org.jetbrains.annotations.NotNull;
 
-/** Touch and keys of a view, on the UI thread. */
+/** Touch, keys and screen readers, on the UI thread. */
 final class ViewInput {
     private static final long STEP_US = 5_000_000;
     private static final float ZOOM_STEP = 1.25F;
@@ -18,6 +21,14 @@ final class ViewInput {
         this.player = player;
         gestures = new ViewGestures(player);
         stickers = new StickerDrag(player);
+    }
+
+    /** Makes a view that was built ready for keys and screen readers. */
+    static void prepare(@NotNull View view) {
+        view.setFocusable(true);
+        if (view.getContentDescription() == null) {
+            view.setContentDescription(view.getContext().getString(R.string.vorn_video));
+        }
     }
 
     void turn(boolean turnOn) {
@@ -60,6 +71,31 @@ final class ViewInput {
             case KeyEvent.KEYCODE_0:
                 player.resetView();
                 return true;
+            default:
+                return false;
+        }
+    }
+
+    /** Says what a screen reader can do to a clip. */
+    void describe(@NotNull AccessibilityNodeInfo info) {
+        if (on && player.durationUs() > 0) {
+            int label = player.isPlaying() ? R.string.vorn_pause : R.string.vorn_play;
+            String text = player.getContext().getString(label);
+            info.addAction(new AccessibilityAction(AccessibilityNodeInfo.ACTION_CLICK, text));
+            info.addAction(AccessibilityAction.ACTION_SCROLL_BACKWARD);
+            info.addAction(AccessibilityAction.ACTION_SCROLL_FORWARD);
+        }
+    }
+
+    /** Returns whether the action of a screen reader was for the view. */
+    boolean perform(int action) {
+        switch (action) {
+            case AccessibilityNodeInfo.ACTION_CLICK:
+                return press(KeyEvent.KEYCODE_SPACE);
+            case AccessibilityNodeInfo.ACTION_SCROLL_BACKWARD:
+                return press(KeyEvent.KEYCODE_DPAD_LEFT);
+            case AccessibilityNodeInfo.ACTION_SCROLL_FORWARD:
+                return press(KeyEvent.KEYCODE_DPAD_RIGHT);
             default:
                 return false;
         }

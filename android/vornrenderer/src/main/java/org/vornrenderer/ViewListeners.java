@@ -1,5 +1,6 @@
 package org.vornrenderer;
 
+import android.os.Build;
 import android.view.View;
 import java.util.function.Consumer;
 import java.util.function.LongConsumer;
@@ -9,6 +10,7 @@ import org.jetbrains.annotations.NotNull;
 final class ViewListeners implements VideoEngine.Listener {
     private final View view;
     volatile Consumer<Exception> error;
+    volatile Consumer<Boolean> playing;
     volatile Runnable firstFrame;
     volatile Runnable end;
     volatile LongConsumer frame;
@@ -33,6 +35,21 @@ final class ViewListeners implements VideoEngine.Listener {
         if (listener != null) {
             listener.accept(timeUs);
         }
+    }
+
+    /** Screen readers say it, too. */
+    @Override
+    public void onPlaying(boolean isPlaying) {
+        view.post(
+                () -> {
+                    if (Build.VERSION.SDK_INT >= Build.VERSION_CODES.R) {
+                        int state = isPlaying ? R.string.vorn_playing : R.string.vorn_paused;
+                        view.setStateDescription(view.getContext().getString(state));
+                    }
+                    if (playing != null) {
+                        playing.accept(isPlaying);
+                    }
+                });
     }
 
     @Override

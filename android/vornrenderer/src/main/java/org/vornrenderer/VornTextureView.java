@@ -2,10 +2,12 @@ package org.vornrenderer;
 
 import android.content.Context;
 import android.graphics.SurfaceTexture;
+import android.os.Bundle;
 import android.util.AttributeSet;
 import android.view.KeyEvent;
 import android.view.MotionEvent;
 import android.view.TextureView;
+import android.view.accessibility.AccessibilityNodeInfo;
 import java.util.ArrayDeque;
 import java.util.Queue;
 import org.jetbrains.annotations.NotNull;
@@ -42,12 +44,16 @@ public class VornTextureView extends TextureView implements VideoPlayer {
      * A view in a layout.
      *
      * @param context the activity
-     * @param attributes of the layout
+     * @param attributes of the layout: vornSource, vornScaleMode, vornBorderColor, vornMirrored,
+     *     vornLooping, vornGestures
      */
     public VornTextureView(@NotNull Context context, @Nullable AttributeSet attributes) {
         super(context, attributes);
         setSurfaceTextureListener(new Surfaces());
-        setFocusable(true);
+        ViewInput.prepare(this);
+        if (attributes != null) {
+            ViewAttributes.apply(this, attributes);
+        }
     }
 
     @Override
@@ -122,6 +128,17 @@ public class VornTextureView extends TextureView implements VideoPlayer {
     @Override
     public boolean onKeyDown(int keyCode, @NotNull KeyEvent event) {
         return input.press(keyCode) || super.onKeyDown(keyCode, event);
+    }
+
+    @Override
+    public void onInitializeAccessibilityNodeInfo(@NotNull AccessibilityNodeInfo info) {
+        super.onInitializeAccessibilityNodeInfo(info);
+        input.describe(info);
+    }
+
+    @Override
+    public boolean performAccessibilityAction(int action, @Nullable Bundle arguments) {
+        return input.perform(action) || super.performAccessibilityAction(action, arguments);
     }
 
     /** Passes the surface on to the GL thread. */

@@ -2,9 +2,11 @@ package org.vornrenderer;
 
 import android.content.Context;
 import android.opengl.GLSurfaceView;
+import android.os.Bundle;
 import android.util.AttributeSet;
 import android.view.KeyEvent;
 import android.view.MotionEvent;
+import android.view.accessibility.AccessibilityNodeInfo;
 import java.util.concurrent.CountDownLatch;
 import java.util.concurrent.TimeUnit;
 import javax.microedition.khronos.egl.EGLConfig;
@@ -13,7 +15,7 @@ import org.jetbrains.annotations.NotNull;
 import org.jetbrains.annotations.Nullable;
 
 /**
- * Plays a clip. Pass the activity's onResume and onPause on to the view.
+ * Plays a clip. {@link #follow} passes the activity's pauses on to the view.
  *
  * <p>The user drags, pinches and taps twice to reset. With the focus on the view, the space bar pauses
  * and resumes, the left and right arrows go 5 s back and forth, plus and minus zoom, and 0 resets.
@@ -40,13 +42,17 @@ public class VornVideoView extends GLSurfaceView implements VideoPlayer {
      * A view in a layout.
      *
      * @param context the activity
-     * @param attributes of the layout
+     * @param attributes of the layout: vornSource, vornScaleMode, vornBorderColor, vornMirrored,
+     *     vornLooping, vornGestures
      */
     public VornVideoView(@NotNull Context context, @Nullable AttributeSet attributes) {
         super(context, attributes);
         setEGLContextClientVersion(3);
         setRenderer(new Frames());
-        setFocusable(true);
+        ViewInput.prepare(this);
+        if (attributes != null) {
+            ViewAttributes.apply(this, attributes);
+        }
     }
 
     @Override
@@ -103,6 +109,17 @@ public class VornVideoView extends GLSurfaceView implements VideoPlayer {
     @Override
     public boolean onKeyDown(int keyCode, @NotNull KeyEvent event) {
         return input.press(keyCode) || super.onKeyDown(keyCode, event);
+    }
+
+    @Override
+    public void onInitializeAccessibilityNodeInfo(@NotNull AccessibilityNodeInfo info) {
+        super.onInitializeAccessibilityNodeInfo(info);
+        input.describe(info);
+    }
+
+    @Override
+    public boolean performAccessibilityAction(int action, @Nullable Bundle arguments) {
+        return input.perform(action) || super.performAccessibilityAction(action, arguments);
     }
 
     /** What the GL thread calls. */
