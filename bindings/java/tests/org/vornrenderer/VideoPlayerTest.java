@@ -329,10 +329,10 @@ public class VideoPlayerTest {
     }
 
     @Test
-    public void twoHundredLivesLeaveNothing() throws Exception {
+    public void aHundredLivesLeaveNothing() throws Exception {
         long[] before = null;
-        for (int life = 0; life < 200; ++life) {
-            if (life == 50) {
+        for (int life = 0; life < 100; ++life) {
+            if (life == 30) {
                 before = resources();
             }
             view.play(clip("bars.mp4"));

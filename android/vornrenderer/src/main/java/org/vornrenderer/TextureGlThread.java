@@ -77,7 +77,7 @@ final class TextureGlThread implements Choreographer.FrameCallback {
     }
 
     void end() {
-        await(this::free);
+        pause(); // No frame comes before the thread ends.
         thread.quitSafely();
     }
 
