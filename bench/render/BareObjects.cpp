@@ -8,8 +8,7 @@ namespace {
 
 enum : GLuint { kPositionSlot, kTexCoordSlot };
 
-/// The scale is that of the library's initial view: cot(47° / 2), seen from distance 2. Picture and
-/// mask have separate coordinates, since the library mirrors only the picture.
+/// Picture and mask have separate coordinates, since the library mirrors only the picture.
 constexpr char kVertexShader[] = R"(
 uniform bool mirrored;
 layout(location = 0) in vec3 position;
@@ -19,7 +18,7 @@ out highp vec2 pictureCoord;
 out highp vec2 maskCoord;
 #endif
 void main() {
-    gl_Position = vec4(2.2998426 * position.xy, 0.0, 2.0);
+    gl_Position = vec4(SCALE * position.xy, 0.0, 1.0);
     pictureCoord = texCoord;
 #ifndef LEAN
     maskCoord = texCoord;
@@ -106,8 +105,8 @@ GLuint MakeTexture(GLenum format, int width, int height, const void* pixels) {
     return texture;
 }
 
-GLuint MakeProgram(ShaderKind kind, bool masked) {
-    const std::string head = std::string("#version 300 es\n") +
+GLuint MakeProgram(ShaderKind kind, bool masked, float scale) {
+    const std::string head = "#version 300 es\n#define SCALE " + std::to_string(scale) + "\n" +
                              (kind == ShaderKind::kLean ? "#define LEAN\n" : "") +
                              (masked ? "#define MASKED\n" : "");
     const GLuint program = glCreateProgram();

@@ -18,8 +18,12 @@ struct BareQuad {
 /// \return a texture with GL_NEAREST filters and clamped edges. Leaves texture 0 bound.
 GLuint MakeTexture(GLenum format, int width, int height, const void* pixels);
 
+/// How much larger the library's initial view shows a picture than the output: cot(47° / 2), seen
+/// from distance 2.
+constexpr float kInitialScale = 2.2998426F / 2;
+
 /// Samplers "source", "mask" and "sticker" read texture units 0, 1 and 2. Leaves the program used.
-GLuint MakeProgram(ShaderKind kind, bool masked);
+GLuint MakeProgram(ShaderKind kind, bool masked, float scale = kInitialScale);
 
 /// A quad whose image has its first row at y = \p first. Leaves its vertex array bound.
 BareQuad MakeQuad(float left, float right, float first, float last);

@@ -34,15 +34,6 @@ void BareRenderer::draw(const void* pixels, const void* mask, const VEStickerLis
     glBindVertexArray(0);  // The library unbinds the index buffer of the array that is bound.
 }
 
-void BareRenderer::drawAtOnce(const void* pixels) const {
-    glActiveTexture(GL_TEXTURE0);
-    glBindTexture(GL_TEXTURE_2D, source_.texture);
-    glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, frame_.width, frame_.height, frame_.format(),
-                    GL_UNSIGNED_BYTE, pixels);
-    drawPicture();
-    glBindVertexArray(0);
-}
-
 void BareRenderer::drawPicture() const {
     glBindFramebuffer(GL_FRAMEBUFFER, framebuffer_);
     glViewport(0, 0, frame_.width, frame_.height);

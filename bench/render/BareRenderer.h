@@ -17,9 +17,6 @@ public:
     /// \param mask read if the case has a mask.
     void draw(const void* pixels, const void* mask, const VEStickerList& stickers);
 
-    /// Draws \p pixels without buffers, mask and stickers.
-    void drawAtOnce(const void* pixels) const;
-
     GLuint target() const { return target_; }
 
 private:

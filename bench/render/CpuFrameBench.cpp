@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <cstring>
 #include <stdexcept>
-#include <string>
 #include <vector>
 
 #include "BareRenderer.h"
@@ -148,12 +147,6 @@ void Report(benchmark::State& state, const Interleaved& times) {
 FrameCase CaseOf(const benchmark::State& state) {
     return {static_cast<int>(state.range(0)), static_cast<int>(state.range(1)), state.range(2) == 4,
             state.range(3) != 0, static_cast<int>(state.range(4))};
-}
-
-std::string LabelOf(const FrameCase& frame) {
-    return std::to_string(frame.width) + "x" + std::to_string(frame.height) +
-           (frame.alpha ? " RGBA" : " RGB") + (frame.masked ? ", mask" : "") +
-           (frame.stickers > 0 ? ", " + std::to_string(frame.stickers) + " stickers" : "");
 }
 
 void CpuFrames(benchmark::State& state) {

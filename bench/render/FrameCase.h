@@ -3,6 +3,7 @@
 #include <GLES3/gl3.h>
 
 #include <cstddef>
+#include <string>
 
 /// What one benchmark draws in every frame.
 struct FrameCase {
@@ -17,3 +18,10 @@ struct FrameCase {
         return static_cast<size_t>(width) * static_cast<size_t>(height) * (alpha ? 4 : 3);
     }
 };
+
+/// Such as "640x480 RGB, mask".
+inline std::string LabelOf(const FrameCase& frame) {
+    return std::to_string(frame.width) + "x" + std::to_string(frame.height) +
+           (frame.alpha ? " RGBA" : " RGB") + (frame.masked ? ", mask" : "") +
+           (frame.stickers > 0 ? ", " + std::to_string(frame.stickers) + " stickers" : "");
+}

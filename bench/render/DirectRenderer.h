@@ -1,0 +1,25 @@
+#pragma once
+
+#include "BareObjects.h"
+#include "FrameCase.h"
+
+/// The least GL code that draws frames at once: an upload from memory, a clear and a quad.
+///
+/// Its GL objects live as long as their context.
+class DirectRenderer {
+public:
+    /// \param scale how much larger the picture is than the output.
+    DirectRenderer(const FrameCase& frame, float scale);
+
+    void draw(const void* pixels) const;
+
+    GLuint target() const { return target_; }
+
+private:
+    FrameCase frame_;
+    GLuint source_;
+    GLuint target_;
+    GLuint framebuffer_ = 0;
+    GLuint program_;
+    GLuint picture_;  ///< A vertex array.
+};
