@@ -40,12 +40,13 @@ std::string ReadText(const std::string& path) {
 
 void ExpectCopy(const AudioTrack& copy, const AudioTrack& source, const std::string& where) {
     EXPECT_EQ(copy.language, source.language) << where;
-    if (where.rfind("x.mp4", 0) != 0) {  // libavformat writes titles there but does not read them.
+    const bool ts = where.rfind("x.ts", 0) == 0;  // It wraps packets, and keeps no titles.
+    if (!ts && where.rfind("x.mp4", 0) != 0) {  // libavformat writes titles but does not read them.
         EXPECT_EQ(copy.title, source.title) << where;
     }
     ASSERT_EQ(copy.packets.size(), source.packets.size()) << where;
     for (size_t i = 0; i < source.packets.size(); ++i) {
-        EXPECT_EQ(copy.packets[i].bytes, source.packets[i].bytes) << where;
+        EXPECT_TRUE(ts || copy.packets[i].bytes == source.packets[i].bytes) << where;
         EXPECT_NEAR(copy.packets[i].seconds - source.packets[i].seconds,
                     copy.packets[0].seconds - source.packets[0].seconds, 0.002)
             << where;
@@ -66,8 +67,7 @@ TEST_F(ExportTest, HelpAndPageHaveTheWordsOfEveryKind) {
 
     ASSERT_EQ(Play("--help > help").status, 0);
     const std::string help = ReadText(Path("help"));
-    EXPECT_NE(help.find(OutputExamples()), std::string::npos) << help;
-    EXPECT_NE(help.find("\nOutput:\n" + OutputNotes()), std::string::npos) << help;
+    EXPECT_NE(help.find("\nKinds of output:\n" + OutputNotes()), std::string::npos) << help;
 }
 
 TEST_F(ExportTest, EveryKindHoldsEveryFrameInOrderByBothPaths) {
@@ -181,7 +181,7 @@ TEST_F(ExportTest, AudioIsCopiedWhereTheKindTakesItAndElseNamed) {
     ASSERT_EQ(given.size(), 3U);
     const std::vector<std::string> names = {"aac", "pcm_s16le", "opus"};
     const std::map<std::string, std::set<size_t>> copies = {
-        {"x.mp4", {0, 2}}, {"x.mkv", {0, 1, 2}}, {"x.webm", {2}}};
+        {"x.mp4", {0, 2}}, {"x.ts", {0, 2}}, {"x.mkv", {0, 1, 2}}, {"x.webm", {2}}};
     for (const OutputKind& kind : OutputKinds()) {
         const std::string out = kind.example;
         const auto found = copies.find(out);

@@ -164,9 +164,10 @@ TEST_F(StopTest, JsonTellsWhatBecameOfTheRun) {
         run.erase(figure);
     }
     EXPECT_EQ(run, json::parse(R"({
-        "status": "done", "exit_status": 0, "input": "in.mkv", "output": "out.webm",
+        "status": "done", "exit_status": 0, "inputs": ["in.mkv"], "output": "out.webm",
         "path": "decode", "width": 64, "height": 48, "frame_rate": "25/1",
         "frames_expected": 7, "frames_drawn": 7, "frames_shown": 7, "frames_dropped": 0,
         "times_repaired": 0, "frames_lost": 0, "frames_damaged": 0, "seconds": 0.28,
-        "audio_copied": ["opus"], "audio_left_out": ["aac"] })"));
+        "audio_copied": ["opus"], "audio_encoded": [],
+        "audio_left_out": ["aac"] })"));
 }

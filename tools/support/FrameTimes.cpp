@@ -10,15 +10,28 @@ namespace {
 /// In frames. Stamps that step back further have begun again.
 constexpr int64_t kLongestMistake = 16;
 
-}  // namespace
-
-FrameClock::FrameClock(AVRational stampUnit, AVRational frameRate) {
+/// The unit in which both divide a second, if it is not too fine.
+AVRational CommonTick(int64_t one, int64_t other) {
     constexpr int64_t kFinest = 10'000'000;
     constexpr int64_t kUsual = 90'000;
-    const int64_t exact = std::lcm<int64_t>(stampUnit.den, frameRate.num);
-    tick = {1, static_cast<int>(exact > 0 && exact <= kFinest ? exact : kUsual)};
+    const int64_t exact = std::lcm(one, other);
+    return {1, static_cast<int>(exact > 0 && exact <= kFinest ? exact : kUsual)};
+}
+
+}  // namespace
+
+FrameClock::FrameClock(AVRational stampUnit, AVRational frameRate)
+    : tick(CommonTick(stampUnit.den, frameRate.num)) {
     stamp = av_rescale_q(1, stampUnit, tick);
     frame = std::max<int64_t>(1, av_rescale_q(1, av_inv_q(frameRate), tick));
+}
+
+FrameClock FrameClock::With(const FrameClock& other) const {
+    FrameClock both = *this;
+    both.tick = CommonTick(tick.den, other.tick.den);
+    both.stamp = av_rescale_q(stamp, tick, both.tick);
+    both.frame = std::max<int64_t>(1, av_rescale_q(frame, tick, both.tick));
+    return both;
 }
 
 FrameTimes::FrameTimes(const AVStream& stream, AVRational frameRate, int64_t firstStamp)

@@ -10,6 +10,9 @@
 struct FrameClock {
     FrameClock(AVRational stamp, AVRational frameRate);
 
+    /// A clock that also counts what another one does, without error if that is possible.
+    FrameClock With(const FrameClock& other) const;
+
     double Seconds(int64_t ticks) const { return static_cast<double>(ticks) * av_q2d(tick); }
 
     AVRational tick = {1, 25};  ///< In seconds.

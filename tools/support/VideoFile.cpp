@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <string_view>
 #include <utility>
 
@@ -27,14 +28,16 @@ void VideoFile::Open() {
     // The highest number that a numbered sequence may begin with.
     av_dict_set(&options, "start_number_range", "100000", 0);
     AVFormatContext* input = nullptr;
-    int result = avformat_open_input(&input, path_.c_str(), nullptr, &options);
+    const char* url = path_ == "-" ? "pipe:0" : path_.c_str();
+    int result = avformat_open_input(&input, url, nullptr, &options);
     av_dict_free(&options);
     input_.reset(input);
     if (result >= 0) {
         result = avformat_find_stream_info(input, nullptr);
     }
     if (result < 0) {
-        throw ToolError(path_ + ": " + LibavMessage(result));
+        const bool remote = path_.find("://") != std::string::npos;
+        throw ToolError(path_ + ": " + LibavMessage(result) + (remote ? "; -v shows more" : ""));
     }
     const int index = av_find_best_stream(input, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
     if (index < 0) {
@@ -47,13 +50,45 @@ void VideoFile::Open() {
     stream_->discard = AVDISCARD_DEFAULT;
 }
 
+bool VideoFile::IsRegular() const {
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(path_, ignored);
+}
+
+void VideoFile::KeepAudio() {
+    if (IsRegular()) {
+        return;
+    }
+    audio_ = std::make_shared<PacketQueue>();
+    for (unsigned i = 0; i < input_->nb_streams; ++i) {
+        if (input_->streams[i]->codecpar->codec_type == AVMEDIA_TYPE_AUDIO) {
+            input_->streams[i]->discard = AVDISCARD_DEFAULT;
+        }
+    }
+}
+
+void VideoFile::KeepIfAudio(const AVPacket& packet) {
+    const AVStream& stream = *input_->streams[packet.stream_index];
+    if (audio_ != nullptr && stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO) {
+        audio_->Push(packet);
+    }
+}
+
+std::vector<const AVCodecParameters*> VideoFile::Audio() const {
+    std::vector<const AVCodecParameters*> tracks;
+    for (unsigned i = 0; i < input_->nb_streams; ++i) {
+        const AVCodecParameters* codec = input_->streams[i]->codecpar;
+        if (codec->codec_type == AVMEDIA_TYPE_AUDIO) {
+            tracks.push_back(codec);
+        }
+    }
+    return tracks;
+}
+
 std::vector<std::string> VideoFile::AudioCodecs() const {
     std::vector<std::string> codecs;
-    for (unsigned i = 0; i < input_->nb_streams; ++i) {
-        const AVCodecParameters& codec = *input_->streams[i]->codecpar;
-        if (codec.codec_type == AVMEDIA_TYPE_AUDIO) {
-            codecs.emplace_back(avcodec_get_name(codec.codec_id));
-        }
+    for (const AVCodecParameters* codec : Audio()) {
+        codecs.emplace_back(avcodec_get_name(codec->codec_id));
     }
     return codecs;
 }
@@ -106,6 +141,9 @@ PictureShape VideoFile::Shape(bool turn) const {
 }
 
 std::string VideoFile::NoPicture() const {
+    if (path_ == "-" && IsIndexed()) {
+        return path_ + ": its index is at the end, which a pipe reaches too late; name the file";
+    }
     return path_ + (startSeconds_ > 0.0 ? ": no picture from the start time on"
                                         : ": no picture in it can be decoded");
 }
@@ -134,6 +172,9 @@ AVPacket* VideoFile::Next() {
     do {
         av_packet_unref(packet_.get());
         result = av_read_frame(input_.get(), packet_.get());
+        if (result >= 0) {
+            KeepIfAudio(*packet_);
+        }
     } while (result >= 0 && packet_->stream_index != stream_->index);
     if (result < 0) {
         End(result);
@@ -169,11 +210,14 @@ int64_t VideoFile::MissingFrames() const {
     return counted ? stream_->nb_frames - packets_ : MissingTime();
 }
 
+bool VideoFile::IsIndexed() const {
+    return std::string_view(input_->iformat->name).find("mp4") != std::string::npos;
+}
+
 /// Samples that the index of an mp4 has and the file has not.
 int64_t VideoFile::UnreadSamples() const {
-    const bool indexed = std::string_view(input_->iformat->name).find("mp4") != std::string::npos;
     const int samples = avformat_index_get_entries_count(stream_);
-    return indexed && startSeconds_ <= 0.0 ? std::max<int64_t>(0, samples - packets_) : 0;
+    return IsIndexed() && startSeconds_ <= 0.0 ? std::max<int64_t>(0, samples - packets_) : 0;
 }
 
 /// Counts what is missing if the file breaks off.

@@ -7,24 +7,36 @@
 
 #include "support/FrameTimes.h"
 #include "support/Libav.h"
+#include "support/PacketQueue.h"
 #include "support/PictureShape.h"
 
 /// The packets of the video in a file, of a single picture or of a numbered sequence of pictures.
 class VideoFile {
 public:
+    /// \param path         "-" for stdin
     /// \param startSeconds The packets begin with the last key frame before this time. The caller
     ///        drops the frames before it.
     /// \throws ToolError
     explicit VideoFile(std::string path, double startSeconds = 0.0);
 
+    /// From now on Next() also keeps the packets of the audio, if the file can be read only once.
+    void KeepAudio();
+    /// The packets that were kept; null if the file can be read again.
+    const std::shared_ptr<PacketQueue>& AudioPackets() const { return audio_; }
+
     /// The next packet, valid until the next call; null at the end, or if the file breaks off.
     AVPacket* Next();
 
     const std::string& Path() const { return path_; }
+    const AVFormatContext& Context() const { return *input_; }
     double StartSeconds() const { return startSeconds_; }
     const AVInputFormat& Format() const { return *input_->iformat; }
     const AVStream& Stream() const { return *stream_; }
     const AVCodecParameters& Codec() const { return *stream_->codecpar; }
+    /// Whether it is a file in a directory, and no pipe, device or URL.
+    bool IsRegular() const;
+    /// The parameters of each audio track.
+    std::vector<const AVCodecParameters*> Audio() const;
     /// The name of the codec of each audio track.
     std::vector<std::string> AudioCodecs() const;
     AVRational FrameRate() const;
@@ -61,7 +73,9 @@ private:
     void Open();
     void Seek();
     void Note(const AVPacket& packet);
+    void KeepIfAudio(const AVPacket& packet);
     void End(int readResult);
+    bool IsIndexed() const;
     int64_t MissingFrames() const;
     int64_t MissingTime() const;
     int64_t UnreadSamples() const;
@@ -72,6 +86,7 @@ private:
     std::unique_ptr<AVFormatContext, CloseInput> input_;
     AVStream* stream_ = nullptr;
     LibavPtr<AVPacket> packet_{av_packet_alloc()};
+    std::shared_ptr<PacketQueue> audio_;
     int64_t packets_ = 0;
     int64_t readTicks_ = 0;       ///< How far the packets reach, in the stream's time.
     bool lastIsCorrupt_ = false;  ///< The last packet is not whole.

@@ -57,6 +57,10 @@ std::string Objection(const VideoFile& file, const Options& options) {
 
 /// \return null if there is no JVM, and then why in \p objection
 JavaVM* StartJava(const std::string& platform, std::string& objection) {
+    static JavaVM* java = nullptr;  // A process can start one, once.
+    if (java != nullptr) {
+        return java;
+    }
     const std::string jar = platform + "/android.jar";
     HostJavaOptions options = {};
     if (!platform.empty()) {
@@ -64,7 +68,7 @@ JavaVM* StartJava(const std::string& platform, std::string& objection) {
         options.libraryPath = platform.c_str();
     }
     std::array<char, 512> error{};
-    JavaVM* java = HostJava_start(&options, error.data(), error.size());
+    java = HostJava_start(&options, error.data(), error.size());
     objection = error.data();
     return java;
 }

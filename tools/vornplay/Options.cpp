@@ -1,5 +1,9 @@
 #include "Options.h"
 
+#include <unistd.h>
+
+#include <algorithm>
+
 #include "OptionValues.h"
 #include "OutputGuard.h"
 #include "Version.h"
@@ -33,7 +37,9 @@ constexpr char kExamples[] =
     "  vornplay clip.mp4 --mask 'mask/%04d.png' --out keyed.mp4 --backdrop '#204060'\n"
     "  vornplay photo.png --sticker hat.png --at 320,200 --at 90,240 --out photo-hat.png\n"
     "  vornplay clip.mp4 --view 0,0,1.4,0 --view-to 0.5,0,4,0 --out zoom.mp4\n"
-    "  vornplay clip.mp4 --script move.json --out clip.webm";
+    "  vornplay clip.mp4 --script move.json --out clip.webm\n"
+    "  vornplay morning.mp4 evening.mp4 --out day.mp4\n"
+    "  producer | vornplay - --mirror --out - | consumer";
 
 constexpr char kStatusNote[] =
     "  0    done\n"
@@ -42,8 +48,11 @@ constexpr char kStatusNote[] =
     "  130  stopped by Ctrl-C; the output has the frames so far";
 
 void AddInputOptions(CommandLine& line, Options& options) {
-    line.Option("INPUT", options.input, "",
-                "A video, a picture or a sequence such as dir/%04d.png");
+    line.Group("What to play");
+    line.Repeated(
+        "INPUT", [&options](const std::string& text) { options.inputs.push_back(text); }, "",
+        "A video, a picture, a sequence such as dir/%04d.png, a URL, or - for stdin; several are "
+        "played one after the other");
     line.Require("INPUT");
     line.Group("Input");
     line.Flag("--rgb", options.rgb, "Hand the frames over as RGB");
@@ -56,7 +65,7 @@ void AddInputOptions(CommandLine& line, Options& options) {
         "Do not turn the frames upright");
     line.Flag("--keep-interlaced", options.keepInterlaced, "Do not deinterlace the frames");
     line.Option("--start", options.startSeconds, NumberIn(0.0, 1e6), "SECONDS",
-                "Begin at this time");
+                "Begin at this time of the first input");
     line.Option("--duration", options.durationSeconds, NumberIn(0.001, 1e6), "SECONDS",
                 "Draw no more than this");
     line.Option("--frames", options.frames, WholeIn(1, kMostFrames), "N",
@@ -124,8 +133,12 @@ void AddViewOptions(CommandLine& line, Options& options, std::string& script) {
 void AddOutputOptions(CommandLine& line, Options& options) {
     Encoding& encoding = options.encoding;
     line.Group("Output");
-    line.Option("--out", options.out, "FILE",
-                "Write to " + OutputExamples() + " (default: show it in a window)");
+    line.Option(
+        "--out", options.out, "FILE",
+        "Write to " + OutputExamples() + ", or to stdout by - (default: show it in a window)");
+    line.Choice(
+        "--format", [&options](const std::string& text) { options.format = text; }, OutputFormats(),
+        "The kind of FILE, if its ending does not say (default of stdout: mkv)", "KIND");
     line.Choice(
         "--codec", [&encoding](const std::string& text) { encoding.codec = text; },
         {"h264", "h265", "vp9"}, "Codec of mp4 and mkv (default: h264)");
@@ -137,8 +150,14 @@ void AddOutputOptions(CommandLine& line, Options& options) {
          "veryslow", "placebo"},
         "From ultrafast to placebo, of h264 and h265 (default: fast)", "NAME");
     line.Choice(
-        "--audio", [&encoding](const std::string& text) { encoding.copiesAudio = text == "copy"; },
-        {"copy", "none"}, "What becomes of the audio (default: copy)");
+        "--audio",
+        [&encoding](const std::string& text) {
+            encoding.audio = text == "copy"  ? AudioWay::kCopy
+                             : text == "aac" ? AudioWay::kAac
+                                             : AudioWay::kNone;
+        },
+        {"copy", "aac", "none"},
+        "Copy the audio, compress it again, or leave it out (default: copy)");
     line.Option("--backdrop", options.backdrop, ParseBackdrop, "checker|#rrggbb",
                 "Behind transparent parts of output without alpha (default: checker)");
     line.Flag("--overwrite", options.overwrite, "Replace an output that exists already");
@@ -148,6 +167,7 @@ void AddOutputOptions(CommandLine& line, Options& options) {
     line.Flag("-q,--quiet", options.quiet, "No progress and no summary");
     line.Flag("-v,--verbose", options.verbose, "Show the log of the renderer and the decoders");
     line.Version(VersionText);
+    line.Need("--format", "--out");
     line.Exclude("--realtime", "--out");
 }
 
@@ -164,6 +184,20 @@ void ReadScriptInto(Options& options, const std::string& path) {
     options.script = ReadScript(path, !options.sticker.empty());
     if (options.sticker.empty()) {
         options.sticker = options.script->sticker;
+    }
+}
+
+/// \throws ToolError for what does not work with pipes
+void CheckPipes(const Options& options) {
+    const bool reads = std::count(options.inputs.begin(), options.inputs.end(), "-") > 0;
+    if (reads && options.inputs.size() > 1) {
+        throw ToolError("-: stdin goes with no other input");
+    }
+    if (options.out == "-" && options.json) {
+        throw ToolError("--json prints on stdout, where --out - writes the video");
+    }
+    if (options.out == "-" && isatty(STDOUT_FILENO) != 0) {
+        throw ToolError("--out - is for a pipe or a file; stdout is a terminal");
     }
 }
 
@@ -186,7 +220,11 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
     if (options.realtime && options.handover == Handover::kPixels) {
         throw ToolError("--realtime is for compressed frames, not for --path cpu");
     }
-    CheckIsNoInput(options.out, options.input, "input");
+    CheckPipes(options);
+    for (const std::string& input : options.inputs) {
+        CheckIsNoInput(options.out, input, "input");
+    }
+    options.input = options.inputs.front();
     CheckIsNoInput(options.out, options.mask, "mask");
     CheckIsNoInput(options.out, script, "script");
     if (!script.empty()) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Script.h"
 #include "export/Encoding.h"
@@ -15,8 +16,10 @@ enum class Handover { kAuto, kCompressed, kPixels };
 
 /// What the command line asks for.
 struct Options {
-    std::string input;
-    std::string out;  ///< Empty: nothing is written.
+    std::vector<std::string> inputs;  ///< To be played one after the other.
+    std::string input;                ///< The one that is played.
+    std::string out;                  ///< Empty: nothing is written. "-": stdout.
+    std::string format;               ///< Of the output; empty: as its path ends.
     Handover handover = Handover::kAuto;
     std::string platform;  ///< Directory of the Android platform. Empty: the build's.
     bool realtime = false;

@@ -63,7 +63,7 @@ bool UserAgrees(const Options& options) {
 }  // namespace
 
 void CheckIsNoInput(const std::string& out, const std::string& path, const char* role) {
-    if (out.empty() || path.empty()) {
+    if (out.empty() || path.empty() || out == "-") {
         return;
     }
     const std::string output = Normal(out);
@@ -75,6 +75,9 @@ void CheckIsNoInput(const std::string& out, const std::string& path, const char*
 }
 
 void CheckReplaces(Options& options) {
+    if (options.out == "-") {
+        return;
+    }
     const auto pattern = PatternOf(options.out);
     const std::string first = pattern.has_value() ? pattern->At(1) : options.out;
     std::error_code ignored;

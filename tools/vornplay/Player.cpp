@@ -12,39 +12,41 @@
 
 namespace {
 
-std::optional<Output> Open(const Options& options, const Stage& stage) {
+std::optional<Output> Open(const Options& options, const Stage& stage, const FrameClock& clock) {
     if (options.out.empty()) {
         return std::nullopt;
     }
     const FrameSource& source = stage.Source();
     const Existing existing = options.overwrite ? Existing::kReplaced : Existing::kKept;
-    return OpenOutput({options.out, existing, stage.FrameSize(), options.backdrop, source.File(),
-                       source.Times().Clock(), source.Seconds(), source.IsToneMapped(),
+    return OpenOutput({options.out, options.format, existing, stage.FrameSize(), options.backdrop,
+                       source.File(), clock, source.Seconds(), source.IsToneMapped(),
                        options.autorotate, options.encoding});
 }
 
 }  // namespace
 
 Player::Player(const Options& options)
-    : options_(options),
-      stage_(options, VideoFile(options.input, options.startSeconds)),
-      output_(Open(options, stage_)),
-      limit_(output_.has_value() && output_->limit > 0 ? output_->limit : options.frames),
-      expected_(ExpectedFrames()),
-      begin_(stage_.Source().Time()) {
+    : Player(options, OpenInput(options, options.inputs.front(), options.startSeconds)) {}
+
+Player::Player(const Options& options, VideoFile file)
+    : options_(options), current_(options), joined_(JoinInputs(options, file)) {
+    stage_.emplace(current_, std::move(file));
+    output_ = Open(options_, *stage_, joined_.clock);
+    limit_ = output_.has_value() && output_->limit > 0 ? output_->limit : options.frames;
+    expected_ = Limited(joined_.expected);
+    shift_ = -Rescaled(stage_->Source().Time());
     if (output_.has_value()) {
-        queue_.emplace(*output_->sink, stage_.FrameSize());
+        queue_.emplace(*output_->sink, stage_->FrameSize());
     }
     if (options.viewTo.has_value() && expected_ == 0) {
         throw ToolError(options.input + ": its length is not known; --view-to needs --frames here");
     }
 }
 
-int64_t Player::ExpectedFrames() const {
-    const VideoFile& file = stage_.Source().File();
-    int64_t available = file.ExpectedFrames();
+/// How many of these frames will be drawn, as far as that is known.
+int64_t Player::Limited(int64_t available) const {
     if (options_.durationSeconds > 0.0) {
-        const double rate = av_q2d(file.FrameRate());
+        const double rate = av_q2d(stage_->Source().File().FrameRate());
         available = std::min<int64_t>(available, std::llround(options_.durationSeconds * rate));
     }
     if (limit_ == 0 || available == 0) {
@@ -86,7 +88,7 @@ void Player::ReportAudio() const {
 
 void Player::DrawAll() {
     Progress progress(options_.quiet, expected_);
-    for (bool more = true; more; more = out_ != limit_ && stage_.Next() && !IsOver()) {
+    for (bool more = true; more; more = out_ != limit_ && NextFrame() && !IsOver()) {
         stopped_ = Interrupted();
         if (stopped_) {
             return;
@@ -96,39 +98,77 @@ void Player::DrawAll() {
     }
 }
 
+/// Takes the next frame of this input, or the first one of the next.
+bool Player::NextFrame() {
+    if (stage_->Next()) {
+        return true;
+    }
+    if (played_ == options_.inputs.size()) {
+        return false;
+    }
+    OpenNext();
+    return true;
+}
+
+void Player::OpenNext() {
+    ReportInput();
+    current_.input = options_.inputs[played_++];
+    current_.startSeconds = -SecondsDrawn();  // The mask goes on.
+    VideoFile file = OpenInput(current_, current_.input, 0.0);
+    if (output_.has_value()) {
+        queue_->Finish();
+        output_->sink->Join(file, end_);
+        queue_.emplace(*output_->sink, stage_->FrameSize());
+    }
+    const Shot shot = stage_->NextShot();
+    stage_.reset();  // First: platforms have few decoders.
+    stage_.emplace(current_, std::move(file));
+    stage_->NextShot() = shot;
+    shift_ = end_;
+}
+
 bool Player::IsOver() {
     constexpr double kTimeTolerance = 0.001;
-    const FrameSource& source = stage_.Source();
-    const double seconds = source.Times().Clock().Seconds(source.Time() - begin_);
-    over_ = options_.durationSeconds > 0.0 && seconds > options_.durationSeconds - kTimeTolerance;
+    over_ = options_.durationSeconds > 0.0 &&
+            joined_.clock.Seconds(Time()) > options_.durationSeconds - kTimeTolerance;
     return over_;
 }
 
+/// A time of the input's clock on that of the output.
+int64_t Player::Rescaled(int64_t ticks) const {
+    return av_rescale_q(ticks, stage_->Source().Times().Clock().tick, joined_.clock.tick);
+}
+
+/// When the frame that was taken last is shown.
+int64_t Player::Time() const {
+    const int64_t time = Rescaled(stage_->Source().Time()) + shift_;
+    return out_ > 0 ? std::max(time, time_ + 1) : time;
+}
+
 void Player::DrawFrame() {
+    time_ = Time();
     SetShot();
-    stage_.Draw();
+    stage_->Draw();
     if (output_.has_value()) {
-        stage_.ReadBack(queue_->Next());
-        queue_->Push(stage_.Source().Time() - begin_);
+        stage_->ReadBack(queue_->Next());
+        queue_->Push(time_);
     }
     ++out_;
-    end_ = stage_.Source().Time() - begin_ + stage_.Source().Times().Clock().frame;
+    end_ = time_ + std::max<int64_t>(1, Rescaled(stage_->Source().Times().Clock().frame));
 }
 
 void Player::SetShot() {
     if (options_.script.has_value()) {
-        stage_.NextShot() =
-            ShotAt(options_.script->keyframes,
-                   stage_.Source().Times().Clock().Seconds(stage_.Source().Time() - begin_));
+        stage_->NextShot() = ShotAt(options_.script->keyframes, joined_.clock.Seconds(time_));
     } else if (options_.viewTo.has_value() && expected_ > 1) {
         const double progress = static_cast<double>(out_) / static_cast<double>(expected_ - 1);
-        stage_.NextShot().view =
+        stage_->NextShot().view =
             Between(options_.view.value_or(kFitView), *options_.viewTo, std::min(progress, 1.0));
     }
 }
 
 double Player::SecondsDrawn() const {
-    return stage_.Source().Times().Clock().Seconds(end_);
+    return joined_.clock.Seconds(end_);
 }
 
 void Player::ReportStop() const {
@@ -143,51 +183,56 @@ void Player::ReportStop() const {
     std::cerr << '\n';
 }
 
-int Player::Report() const {
-    const FrameSource& source = stage_.Source();
-    const std::optional<Mask>& mask = stage_.GetMask();
+/// Says what became of the input that was played last, and adds it to the summary.
+void Player::ReportInput() {
+    const FrameSource& source = stage_->Source();
+    const std::optional<Mask>& mask = stage_->GetMask();
+    const int64_t drawn = out_ - outBefore_;
     if (!options_.quiet) {
-        ReportRemarks(options_.input, source.Remarks());
+        ReportRemarks(current_.input, source.Remarks());
     }
-    const bool brokenInput = ReportBroken(options_.input, source.Lost(), source.Damaged());
-    const bool brokenMask = mask.has_value() && ReportBroken(options_.mask, mask->Reader().Lost(),
-                                                             mask->Reader().Damaged());
+    broken_ |= ReportBroken(current_.input, source.Lost(), source.Damaged());
+    broken_ |= mask.has_value() &&
+               ReportBroken(options_.mask, mask->Reader().Lost(), mask->Reader().Damaged());
     if (stopped_) {
         ReportStop();
     }
     if (!options_.quiet) {
-        std::cerr << source.Summary(out_) << '\n';
+        std::cerr << (options_.inputs.size() > 1 ? current_.input + ": " : "")
+                  << source.Summary(drawn) << '\n';
     }
-    const int broken = brokenInput || brokenMask ? kExitBroken : kExitDone;
-    const int status = stopped_ ? kExitInterrupted : broken;
-    if (options_.json) {
-        PrintLine(ToJson(Summarize(status)));
-    }
-    return status;
+    summary_.path = source.Name();
+    summary_.shown += source.Shown(drawn);
+    summary_.dropped += source.Dropped();
+    summary_.repaired += source.Times().Repaired();
+    summary_.lost += source.Lost();
+    summary_.damaged += source.Damaged();
+    const double milliseconds = source.GetRenderer().MillisecondsPerDraw();
+    summary_.millisecondsPerDraw += (milliseconds - summary_.millisecondsPerDraw) *
+                                    static_cast<double>(drawn) /
+                                    static_cast<double>(std::max<int64_t>(1, out_));
+    outBefore_ = out_;
 }
 
-RunSummary Player::Summarize(int exitStatus) const {
-    const FrameSource& source = stage_.Source();
-    RunSummary summary;
-    summary.input = options_.input;
-    summary.output = options_.out;
-    summary.exitStatus = exitStatus;
-    summary.path = source.Name();
-    summary.size = stage_.FrameSize();
-    summary.frameRate = source.File().FrameRate();
-    summary.expected = expected_;
-    summary.drawn = out_;
-    summary.shown = source.Shown(out_);
-    summary.dropped = source.Dropped();
-    summary.repaired = source.Times().Repaired();
-    summary.lost = source.Lost();
-    summary.seconds = SecondsDrawn();
-    summary.damaged = source.Damaged();
-    summary.elapsedSeconds =
+/// \return an ExitStatus
+int Player::Report() {
+    ReportInput();
+    const int status = stopped_ ? kExitInterrupted : broken_ ? kExitBroken : kExitDone;
+    summary_.inputs = options_.inputs;
+    summary_.output = options_.out;
+    summary_.exitStatus = status;
+    summary_.size = stage_->FrameSize();
+    summary_.frameRate = stage_->Source().File().FrameRate();
+    summary_.expected = expected_;
+    summary_.drawn = out_;
+    summary_.seconds = SecondsDrawn();
+    summary_.elapsedSeconds =
         std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
-    summary.millisecondsPerDraw = source.GetRenderer().MillisecondsPerDraw();
     if (output_.has_value()) {
-        summary.audio = output_->audio;
+        summary_.audio = output_->audio;
     }
-    return summary;
+    if (options_.json) {
+        PrintLine(ToJson(summary_));
+    }
+    return status;
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "Inputs.h"
 #include "Options.h"
 #include "RunSummary.h"
 #include "Stage.h"
@@ -22,29 +23,42 @@ public:
     int Play();
 
 private:
-    int64_t ExpectedFrames() const;
+    Player(const Options& options, VideoFile file);
+    int64_t Limited(int64_t available) const;
     void Remark(const std::string& remark) const;
     void ReportAudio() const;
     void DrawAll();
+    bool NextFrame();
+    void OpenNext();
     bool IsOver();
+    int64_t Rescaled(int64_t ticks) const;
+    int64_t Time() const;
     void DrawFrame();
     void SetShot();
     double SecondsDrawn() const;
     void ReportStop() const;
-    int Report() const;
-    RunSummary Summarize(int exitStatus) const;
+    void ReportInput();
+    int Report();
 
     const Options& options_;
+    Options current_;  ///< With the input that is played.
     std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
     OffscreenContext context_;
-    Stage stage_;
+    JoinedInputs joined_;
+    std::optional<Stage> stage_;
     std::optional<Output> output_;
     std::optional<FrameQueue> queue_;  ///< To the output.
-    int64_t limit_;                    ///< Frames to draw at most; 0 for all.
-    int64_t expected_;                 ///< Frames that will be drawn; 0 if not known.
-    int64_t begin_;                    ///< The time of the first frame.
-    int64_t end_ = 0;                  ///< How far the drawn frames reach, from there.
+    int64_t limit_ = 0;                ///< Frames to draw at most; 0 for all.
+    int64_t expected_ = 0;             ///< Frames that will be drawn; 0 if not known.
+    size_t played_ = 1;                ///< Inputs up to the one that is played.
+    // Times are in ticks of the joined inputs' clock, from the first frame on.
+    int64_t shift_ = 0;  ///< From times of the input to those of the output.
+    int64_t time_ = 0;   ///< Of the last drawn frame.
+    int64_t end_ = 0;    ///< How far the drawn frames reach.
     int64_t out_ = 0;
-    bool over_ = false;     ///< The duration that was asked for is drawn.
-    bool stopped_ = false;  ///< By the user, before the end.
+    int64_t outBefore_ = 0;  ///< By the inputs before.
+    RunSummary summary_;     ///< Of the inputs before.
+    bool broken_ = false;    ///< An input is.
+    bool over_ = false;      ///< The duration that was asked for is drawn.
+    bool stopped_ = false;   ///< By the user, before the end.
 };

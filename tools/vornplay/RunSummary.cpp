@@ -21,11 +21,11 @@ const char* StatusName(int exitStatus) {
     }
 }
 
-Json Head(const std::string& input, const std::string& output, int exitStatus) {
+Json Head(const std::vector<std::string>& inputs, const std::string& output, int exitStatus) {
     Json json;
     json["status"] = StatusName(exitStatus);
     json["exit_status"] = exitStatus;
-    json["input"] = input;
+    json["inputs"] = inputs;
     json["output"] = output.empty() ? Json() : Json(output);
     return json;
 }
@@ -60,7 +60,7 @@ void PrintLine(const std::string& line) {
 }
 
 std::string ToJson(const RunSummary& summary) {
-    Json json = Head(summary.input, summary.output, summary.exitStatus);
+    Json json = Head(summary.inputs, summary.output, summary.exitStatus);
     json["path"] = summary.path;
     json["width"] = summary.size.width;
     json["height"] = summary.size.height;
@@ -77,13 +77,14 @@ std::string ToJson(const RunSummary& summary) {
     json["elapsed_seconds"] = summary.elapsedSeconds;
     json["ms_per_draw"] = summary.millisecondsPerDraw;
     json["audio_copied"] = summary.audio.copied;
+    json["audio_encoded"] = summary.audio.encoded;
     json["audio_left_out"] = summary.audio.leftOut;
     return Line(json);
 }
 
-std::string FailureToJson(const std::string& input, const std::string& output,
+std::string FailureToJson(const std::vector<std::string>& inputs, const std::string& output,
                           const std::string& error) {
-    Json json = Head(input, output, kExitBadInput);
+    Json json = Head(inputs, output, kExitBadInput);
     json["error"] = error;
     return Line(json);
 }

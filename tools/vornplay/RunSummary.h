@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "export/FrameSink.h"
 #include "support/Image.h"
@@ -9,7 +10,7 @@
 
 /// What became of a run, for programs.
 struct RunSummary {
-    std::string input;
+    std::vector<std::string> inputs;
     std::string output;  ///< Empty: none.
     int exitStatus = 0;
     std::string path;
@@ -41,5 +42,5 @@ void PrintLine(const std::string& line);
 std::string ToJson(const RunSummary& summary);
 
 /// The line of JSON for a run that failed. \param error why
-std::string FailureToJson(const std::string& input, const std::string& output,
+std::string FailureToJson(const std::vector<std::string>& inputs, const std::string& output,
                           const std::string& error);

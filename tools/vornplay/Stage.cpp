@@ -44,6 +44,9 @@ Stage::Stage(const Options& options, VideoFile file)
 }
 
 void Stage::Seek(double seconds) {
+    if (options_.input == "-") {
+        return;  // Stdin is read once.
+    }
     const double before = Seconds();
     const double latest = lastSeconds_ > 0.0 ? lastSeconds_ : seconds;
     try {

@@ -24,7 +24,8 @@ public:
     /// The same into an image of FrameSize(). \throws ToolError
     void ReadBack(Image& image) { source_->GetRenderer().ReadBack(image); }
 
-    /// Takes the frame of this time of the clip, or the nearest one. \throws ToolError
+    /// Takes the frame of this time of the clip, or the nearest one. Does nothing for stdin.
+    /// \throws ToolError
     void Seek(double seconds);
     double Seconds() const { return source_->Seconds(); }
     double FrameSeconds() const { return 1.0 / av_q2d(source_->File().FrameRate()); }

@@ -34,7 +34,7 @@ int Play(Options& options) {
         return Player(options).Play();
     } catch (const std::exception& error) {
         if (options.json) {
-            std::cout << FailureToJson(options.input, options.out, error.what()) << std::endl;
+            std::cout << FailureToJson(options.inputs, options.out, error.what()) << std::endl;
         }
         throw;
     }

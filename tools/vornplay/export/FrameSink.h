@@ -11,7 +11,8 @@
 
 /// What an output is made from.
 struct OutputSettings {
-    std::string path;
+    std::string path;    ///< "-" for stdout.
+    std::string format;  ///< The extension of the kind; empty: that of the path.
     Existing existing;
     Size size;               ///< Of every frame.
     Backdrop backdrop;       ///< For files without alpha.
@@ -26,6 +27,7 @@ struct OutputSettings {
 /// What becomes of the input's audio tracks, by the names of their codecs.
 struct AudioReport {
     std::vector<std::string> copied;
+    std::vector<std::string> encoded;  ///< Compressed again.
     std::vector<std::string> leftOut;
 };
 
@@ -41,6 +43,10 @@ public:
     /// \param time when the frame is shown, in ticks since the first frame; later than the frame
     ///        before. \throws ToolError
     virtual void Write(Image& frame, int64_t time) = 0;
+
+    /// The frames that follow are those of another input.
+    /// \param time where the input begins in the output. \throws ToolError
+    virtual void Join(const VideoFile& input, int64_t time) { (void)input, (void)time; }
 
     /// Completes the output, which still lacks its name.
     /// \param cutShort the input goes on after the last frame that was written

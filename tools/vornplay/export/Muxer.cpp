@@ -1,5 +1,8 @@
 #include "Muxer.h"
 
+#include <set>
+#include <string_view>
+
 #include "support/ToolError.h"
 
 void Muxer::CloseOutput::operator()(AVFormatContext* output) const {
@@ -8,11 +11,22 @@ void Muxer::CloseOutput::operator()(AVFormatContext* output) const {
 }
 
 Muxer::Muxer(const std::string& target, const char* container, Existing existing)
-    : target_(target), file_(target, existing) {
+    : target_(target == "-" ? "stdout" : target) {
+    std::string path = "pipe:1";
+    if (target != "-") {
+        file_.emplace(target, existing);
+        path = file_->Path();
+    }
     AVFormatContext* output = nullptr;
-    Check(avformat_alloc_output_context2(&output, nullptr, container, file_.Path().c_str()));
+    Check(avformat_alloc_output_context2(&output, nullptr, container, path.c_str()));
     output_.reset(output);
-    Check(avio_open(&output_->pb, file_.Path().c_str(), AVIO_FLAG_WRITE));
+    Check(avio_open(&output_->pb, path.c_str(), AVIO_FLAG_WRITE));
+}
+
+void Muxer::Commit() {
+    if (file_.has_value()) {
+        file_->Commit();
+    }
 }
 
 void Muxer::Check(int result) const {
@@ -22,7 +36,13 @@ void Muxer::Check(int result) const {
 }
 
 bool Muxer::Takes(AVCodecID codec) const {
-    return avformat_query_codec(output_->oformat, codec, FF_COMPLIANCE_NORMAL) == 1;
+    // libavformat does not know this of its MPEG-TS.
+    static const std::set<AVCodecID> kMpegTs = {AV_CODEC_ID_H264, AV_CODEC_ID_HEVC, AV_CODEC_ID_AAC,
+                                                AV_CODEC_ID_MP2,  AV_CODEC_ID_MP3,  AV_CODEC_ID_AC3,
+                                                AV_CODEC_ID_EAC3, AV_CODEC_ID_OPUS};
+    return std::string_view(output_->oformat->name) == "mpegts"
+               ? kMpegTs.count(codec) > 0
+               : avformat_query_codec(output_->oformat, codec, FF_COMPLIANCE_NORMAL) == 1;
 }
 
 AVStream& Muxer::AddStream() {
@@ -45,13 +65,17 @@ AVStream& Muxer::AddCopied(const AVStream& source) {
     stream.codecpar->codec_tag = 0;  // Each container has its own.
     stream.time_base = source.time_base;
     stream.disposition = source.disposition;
-    // Of the tags only what stays true of a part.
+    CopyTags(source, stream);
+    return stream;
+}
+
+void Muxer::CopyTags(const AVStream& source, AVStream& stream) const {
+    // Only what stays true of a part.
     for (const char* name : {"language", "title"}) {
         if (const auto* tag = av_dict_get(source.metadata, name, nullptr, 0)) {
             Check(av_dict_set(&stream.metadata, name, tag->value, 0));
         }
     }
-    return stream;
 }
 
 void Muxer::Begin(const LibavOptions& options) {

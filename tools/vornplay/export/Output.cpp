@@ -14,19 +14,20 @@ std::string Extension(const std::string& path) {
     return std::filesystem::path(path).extension();
 }
 
-bool IsOfKind(const std::string& path, const OutputKind& kind) {
+bool IsOfKind(const OutputSettings& settings, const OutputKind& kind) {
+    const std::string& path = settings.path;
     const bool numbered = kind.frames == OutputFrames::kNumbered;
-    return Extension(path) == Extension(kind.example) &&
+    const std::string usual = path == "-" ? ".mkv" : Extension(path);
+    return (settings.format.empty() ? usual : "." + settings.format) == Extension(kind.example) &&
            (kind.frames == OutputFrames::kAll || NumberedPath::IsPattern(path) == numbered);
 }
 
-/// Each once.
-std::string Extensions() {
+std::string Extensions(bool streaming) {
     std::string list;
     std::string last;
     for (const OutputKind& kind : OutputKinds()) {
         const std::string extension = Extension(kind.example);
-        if (extension != last) {
+        if (extension != last && (!streaming || kind.streams)) {
             list += (list.empty() ? "" : ", ") + extension;
         }
         last = extension;
@@ -34,13 +35,18 @@ std::string Extensions() {
     return list;
 }
 
-const OutputKind& KindOf(const std::string& path) {
+const OutputKind& KindOf(const OutputSettings& settings) {
     const auto& kinds = OutputKinds();
     const auto kind = std::find_if(kinds.begin(), kinds.end(), [&](const OutputKind& candidate) {
-        return IsOfKind(path, candidate);
+        return IsOfKind(settings, candidate);
     });
     if (kind == kinds.end()) {
-        throw ToolError(path + ": the output ends in none of " + Extensions());
+        throw ToolError(settings.path + ": the output ends in none of " + Extensions(false));
+    }
+    if (settings.path == "-" && !kind->streams) {
+        throw ToolError("--format " + settings.format +
+                        ": this kind of file cannot be written to stdout; those that can are " +
+                        Extensions(true));
     }
     return *kind;
 }
@@ -48,15 +54,16 @@ const OutputKind& KindOf(const std::string& path) {
 }  // namespace
 
 Output OpenOutput(const OutputSettings& settings) {
-    const OutputKind& kind = KindOf(settings.path);
+    const OutputKind& kind = KindOf(settings);
     if (settings.encoding.ChoosesVideo() && kind.audio == nullptr) {
-        throw ToolError(settings.path + ": --codec, --crf and --preset are for mp4, mkv and webm");
+        throw ToolError(settings.path +
+                        ": --codec, --crf and --preset are for mp4, mkv, webm and ts");
     }
     Output output;
     output.sink = kind.make(settings);
     output.limit = kind.frames == OutputFrames::kFirst ? 1 : 0;
     output.audio = kind.audio != nullptr ? output.sink->Audio()
-                                         : AudioReport{{}, settings.input.AudioCodecs()};
+                                         : AudioReport{{}, {}, settings.input.AudioCodecs()};
     return output;
 }
 
@@ -76,6 +83,17 @@ std::string OutputExamples() {
         list += (list.empty() ? "" : last ? " or " : ", ") + std::string(kind.example);
     }
     return list;
+}
+
+std::vector<std::string> OutputFormats() {
+    std::vector<std::string> formats;
+    for (const OutputKind& kind : OutputKinds()) {
+        const std::string format = Extension(kind.example).substr(1);
+        if (formats.empty() || formats.back() != format) {
+            formats.push_back(format);
+        }
+    }
+    return formats;
 }
 
 std::string OutputNotes() {

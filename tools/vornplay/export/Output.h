@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "OutputKinds.h"
 
@@ -21,6 +22,9 @@ const char* Words(OutputAlpha alpha);
 
 /// The kinds by their examples: "x.png, dir/%04d.png, … or x.gif".
 std::string OutputExamples();
+
+/// The extensions of the kinds, without the dot, each once.
+std::vector<std::string> OutputFormats();
 
 /// A line for each kind, for the help.
 std::string OutputNotes();

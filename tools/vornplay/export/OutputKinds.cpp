@@ -57,22 +57,30 @@ const std::vector<OutputKind>& OutputKinds() {
     using Frames = OutputFrames;
     using Alpha = OutputAlpha;
     static const std::vector<OutputKind> kKinds = {
-        {"x.png", "the first drawn frame", Frames::kFirst, Alpha::kKept, nullptr, Png},
+        {"x.png", "the first drawn frame", Frames::kFirst, Alpha::kKept, nullptr, false, Png},
         {"dir/%04d.png", "all drawn frames, numbered from 1 on", Frames::kNumbered, Alpha::kKept,
-         nullptr, NumberedPng},
+         nullptr, false, NumberedPng},
         // The index goes to the front, so that playing can begin before all of the file is there.
         {"x.mp4", "H.264 video", Frames::kAll, Alpha::kFlattened,
-         "AAC, MP3, AC-3, Opus, FLAC and more",
-         Video({"mp4", H264(), {{"movflags", "+faststart"}}, true, true})},
-        {"x.mkv", "H.264 video", Frames::kAll, Alpha::kFlattened, "almost any",
-         Video({"matroska", H264(), {}, true, false})},
-        {"x.webm", "VP9 video", Frames::kAll, Alpha::kKept, "Opus and Vorbis",
-         Video({"webm", Vp9(), {}, false, false})},
-        {"x.webp", "an animation of lossy pictures", Frames::kAll, Alpha::kKept, nullptr, Webp},
+         "AAC, MP3, AC-3, Opus, FLAC and more", true,
+         Video({"mp4",
+                H264(),
+                {{"movflags", "+faststart"}},
+                {{"movflags", "+frag_keyframe+empty_moov+default_base_moof"}},
+                true,
+                true})},
+        {"x.mkv", "H.264 video", Frames::kAll, Alpha::kFlattened, "almost any", true,
+         Video({"matroska", H264(), {}, {}, true, false})},
+        {"x.ts", "H.264 video", Frames::kAll, Alpha::kFlattened, "AAC, MP3, AC-3 and Opus", true,
+         Video({"mpegts", H264(), {}, {}, true, false})},
+        {"x.webm", "VP9 video", Frames::kAll, Alpha::kKept, "Opus and Vorbis", true,
+         Video({"webm", Vp9(), {}, {}, false, false})},
+        {"x.webp", "an animation of lossy pictures", Frames::kAll, Alpha::kKept, nullptr, false,
+         Webp},
         {"x.gif", "an animation with 256 colors for each frame", Frames::kAll, Alpha::kOneBit,
-         nullptr, Gif},
-        {"x.apng", "an animation without loss", Frames::kAll, Alpha::kKept, nullptr,
-         Video({"apng", Apng(), {{"plays", "0"}}, false, false})},
+         nullptr, true, Gif},
+        {"x.apng", "an animation without loss", Frames::kAll, Alpha::kKept, nullptr, false,
+         Video({"apng", Apng(), {{"plays", "0"}}, {}, false, false})},
     };
     return kKinds;
 }

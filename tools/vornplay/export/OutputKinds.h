@@ -16,6 +16,7 @@ struct OutputKind {
     OutputFrames frames;  ///< The first one, each in a file of its number, or all in one file.
     OutputAlpha alpha;
     const char* audio;  ///< The codecs whose tracks are copied; null for none.
+    bool streams;       ///< Can be written to stdout.
     std::function<std::unique_ptr<FrameSink>(const OutputSettings&)> make;
 };
 

@@ -92,7 +92,8 @@ VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settin
       muxer_(settings.path, format.container, settings.existing),
       video_(Taking(muxer_, coding_), coding_, size_, settings.input.FrameRate(), settings.clock,
              TagsOf(ColorsOf(settings), settings.size, coding_.format)),
-      audio_(muxer_, settings.input, settings.begin, settings.encoding.copiesAudio),
+      audio_(muxer_, settings.input, settings.begin, settings.encoding.audio),
+      clock_(settings.clock),
       converter_(video_.Encoder(), HasAlpha(coding_.format) ? AV_PIX_FMT_RGBA : AV_PIX_FMT_RGB0) {
     picture_->format = coding_.format;
     picture_->width = size_.width;
@@ -106,7 +107,7 @@ VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settin
         losesMatrix_ = !format.keepsMatrix;
     }
     lead_ = std::llround(audio_.Lead() / av_q2d(settings.clock.tick));
-    muxer_.Begin(format.muxing);
+    muxer_.Begin(muxer_.IsPipe() ? format.streaming : format.muxing);
 }
 
 std::string VideoWriter::Remark() const {
@@ -133,13 +134,18 @@ void VideoWriter::Write(Image& frame, int64_t time) {
     }
     converter_.Convert((padded_.has_value() ? *padded_ : frame).pixels.data(), *picture_);
     video_.Write(*picture_, time + lead_);
-    audio_.CopyUntil(video_.Seconds());
+    audio_.WriteUntil(video_.Seconds());
+}
+
+void VideoWriter::Join(const VideoFile& input, int64_t time) {
+    audio_.Join(input, clock_.Seconds(time + lead_));
 }
 
 void VideoWriter::Finish(bool cutShort) {
     if (!cutShort) {
-        audio_.CopyRest();
+        audio_.WriteRest();
     }
     video_.Finish();
+    audio_.Finish();
     muxer_.Finish();
 }

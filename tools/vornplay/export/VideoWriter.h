@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "AudioCopy.h"
+#include "AudioWriter.h"
 #include "FrameSink.h"
 #include "VideoTrack.h"
 
@@ -12,8 +12,9 @@ struct VideoFormat {
     const char* container;  ///< libavformat's name of it.
     VideoCoding coding;
     LibavOptions muxing;
-    bool even;         ///< Width and height must be even; odd frames are padded.
-    bool keepsMatrix;  ///< Keeps the display matrix.
+    LibavOptions streaming;  ///< Of a file that is a pipe.
+    bool even;               ///< Width and height must be even; odd frames are padded.
+    bool keepsMatrix;        ///< Keeps the display matrix.
 };
 
 /// Writes video with the audio and the color tags of the input. Frames
@@ -24,6 +25,7 @@ public:
     VideoWriter(const VideoFormat& format, const OutputSettings& settings);
 
     void Write(Image& frame, int64_t time) override;
+    void Join(const VideoFile& input, int64_t time) override;
     void Finish(bool cutShort) override;
     void Commit() override { muxer_.Commit(); }
     std::string Remark() const override;
@@ -36,8 +38,9 @@ private:
     Size size_;  ///< Of the pictures of the file.
     Muxer muxer_;
     VideoTrack video_;
-    AudioCopy audio_;
+    AudioWriter audio_;
     int64_t lead_ = 0;  ///< The time of the first frame, in ticks.
+    FrameClock clock_;
     ColorConverter converter_;
     std::optional<Image> padded_;  ///< None: frames have the size of the pictures.
     LibavPtr<AVFrame> picture_{av_frame_alloc()};
