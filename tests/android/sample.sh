@@ -47,7 +47,8 @@ activity=$(aapt dump badging "$work/sample.apk" | sed -n "s/^launchable-activity
 check() { node "$source/tests/android/check_api.mjs" "$list" "$level" "$@"; }
 list=$("$source/scripts/android-types")
 unzip -q "$platform" '*.class' -d "$work/platform"
-check "$work/platform" isReleased StateDescription "int R"
+# The kit asks for these from their API level on.
+check "$work/platform" isReleased StateDescription "int R" DataSpace
 compile "$main/java" "$work/java"
 [ -f "$work/classes/${activity//.//}.class" ] || {
     echo "FAILED: the manifest starts $activity, which is no class of the sample" >&2
@@ -56,7 +57,8 @@ compile "$main/java" "$work/java"
 
 {
     # On the line of the page's title, so that errors name the page's lines.
-    printf 'import %s; ' android.app.Activity android.graphics.Bitmap 'android.opengl.*' android.os.Bundle \
+    printf 'import %s; ' android.app.Activity android.graphics.Bitmap android.graphics.ImageFormat \
+        android.media.Image android.media.ImageReader 'android.opengl.*' android.os.Bundle android.os.Handler \
         java.nio.ByteBuffer javax.microedition.khronos.egl.EGLConfig \
         javax.microedition.khronos.opengles.GL10 'org.vornrenderer.*'
     "$source/docs/examples/extract.sh" "$source/docs/android.md" java |

@@ -21,6 +21,12 @@ void ThrowFor(JNIEnv* env, TextureConsumer::Result result) {
         case TextureConsumer::Result::kOtherContext:
             Throw(env, kIllegalState, "another GL context is current than at the first update");
             break;
+        case TextureConsumer::Result::kDetached:
+            Throw(env, kIllegalState, "the SurfaceTexture is detached");
+            break;
+        case TextureConsumer::Result::kAttached:
+            Throw(env, kRuntime, "the SurfaceTexture is attached");
+            break;
         case TextureConsumer::Result::kReleased:
             Throw(env, kRuntime, "the SurfaceTexture was released");
             break;
@@ -48,6 +54,16 @@ void Java_android_graphics_SurfaceTexture_nativeDestroy(JNIEnv* /*env*/, jclass 
 void Java_android_graphics_SurfaceTexture_nativeUpdateTexImage(JNIEnv* env, jobject /*self*/,
                                                                jlong handle) {
     ThrowFor(env, Consumer(handle).Update());
+}
+
+void Java_android_graphics_SurfaceTexture_nativeDetach(JNIEnv* env, jobject /*self*/,
+                                                       jlong handle) {
+    ThrowFor(env, Consumer(handle).Detach());
+}
+
+void Java_android_graphics_SurfaceTexture_nativeAttach(JNIEnv* env, jobject /*self*/, jlong handle,
+                                                       jint texture) {
+    ThrowFor(env, Consumer(handle).Attach(static_cast<unsigned>(texture)));
 }
 
 void Java_android_graphics_SurfaceTexture_nativeSetDefaultBufferSize(JNIEnv* /*env*/,

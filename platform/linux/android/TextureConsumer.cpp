@@ -9,7 +9,7 @@ TextureConsumer::Result TextureConsumer::Update() {
     if (queue_->IsAbandoned()) {
         return Result::kReleased;
     }
-    Result result = CheckContext();
+    Result result = attached_ ? CheckContext() : Result::kDetached;
     if (result != Result::kDone) {
         return result;
     }
@@ -17,6 +17,41 @@ TextureConsumer::Result TextureConsumer::Update() {
     if (auto frame = queue_->Acquire()) {
         result = Latch(*frame);
         queue_->Recycle(std::move(frame));
+    }
+    return result;
+}
+
+TextureConsumer::Result TextureConsumer::Detach() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (!attached_) {
+        return Result::kDetached;
+    }
+    if (context_ != EGL_NO_CONTEXT) {  // Else it was not used yet.
+        const Result result = CheckContext();
+        if (result != Result::kDone) {
+            return result;
+        }
+        glDeleteTextures(1, &texture_);
+    }
+    attached_ = false;
+    display_ = EGL_NO_DISPLAY;
+    context_ = EGL_NO_CONTEXT;
+    return Result::kDone;
+}
+
+TextureConsumer::Result TextureConsumer::Attach(unsigned texture) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (attached_) {
+        return Result::kAttached;
+    }
+    const Result result = CheckContext();
+    if (result == Result::kDone) {
+        texture_ = texture;
+        attached_ = true;
+        glBindTexture(GL_TEXTURE_EXTERNAL_OES, texture_);
+        if (image_ != nullptr) {
+            image_->ShowIn(GL_TEXTURE_EXTERNAL_OES);
+        }
     }
     return result;
 }

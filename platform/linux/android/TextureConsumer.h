@@ -12,7 +12,15 @@
 /// Shows the newest frame of a queue in an external texture.
 class TextureConsumer {
 public:
-    enum class Result { kDone, kReleased, kNoContext, kOtherContext, kFailed };
+    enum class Result {
+        kDone,
+        kReleased,
+        kNoContext,
+        kOtherContext,
+        kDetached,
+        kAttached,
+        kFailed
+    };
 
     explicit TextureConsumer(unsigned texture) : texture_(texture) {}
 
@@ -22,6 +30,11 @@ public:
     /// Latches the newest frame, if it was not latched yet, and binds the texture to
     /// GL_TEXTURE_EXTERNAL_OES of the active unit. Only the first call's context may be used later.
     Result Update();
+
+    /// Deletes the texture. The latched frame stays.
+    Result Detach();
+    /// Shows the latched frame, and all that follow, in a texture of the current context.
+    Result Attach(unsigned texture);
 
     /// Frees all pictures. The texture keeps the last one.
     void Release();
@@ -36,9 +49,10 @@ private:
     Result Latch(const WindowFrame& frame);
 
     const std::shared_ptr<FrameQueue> queue_ = std::make_shared<FrameQueue>();
-    const unsigned texture_;
 
     mutable std::mutex mutex_;  ///< Guards all below.
+    unsigned texture_;
+    bool attached_ = true;
     EGLDisplay display_ = EGL_NO_DISPLAY;
     EGLContext context_ = EGL_NO_CONTEXT;
     /// The image of the latched frame, and of the one before. Draws may still read the latter, so

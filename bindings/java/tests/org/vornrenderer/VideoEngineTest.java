@@ -9,109 +9,11 @@ import android.graphics.Bitmap;
 import java.awt.Color;
 import java.awt.image.BufferedImage;
 import java.nio.ByteBuffer;
-import java.util.ArrayList;
 import java.util.List;
-import org.junit.After;
-import org.junit.Before;
 import org.junit.Test;
-import org.vornrenderer.offscreen.OffscreenContext;
 
-/** What an engine shows besides clips, in pixels. The screen is wider than the pictures. */
-public class VideoEngineTest extends GlTest {
-    private static final int WIDTH = 60;
-    private static final int HEIGHT = 30;
-    private static final int SCREEN_WIDTH = 100;
-    private static final int BORDER = (SCREEN_WIDTH - WIDTH) / 2;
-    private static final Color LEFT = new Color(200, 80, 41);
-    private static final Color RIGHT = new Color(30, 60, 190);
-    private static final Color AROUND = new Color(10, 120, 90);
-
-    private final List<Exception> errors = new ArrayList<>();
-    private final List<Long> frames = new ArrayList<>();
-    private int starts;
-    private RenderTarget screen;
-    private final VideoEngine engine =
-            new VideoEngine(
-                    new VideoEngine.Listener() {
-                        @Override
-                        public void onStart() {
-                            ++starts;
-                        }
-
-                        @Override
-                        public void onFrame(long timeUs) {
-                            frames.add(timeUs);
-                        }
-
-                        @Override
-                        public void onError(Exception reason) {
-                            errors.add(reason);
-                        }
-                    });
-
-    @Before
-    public void open() {
-        screen = new RenderTarget(SCREEN_WIDTH, HEIGHT);
-        engine.setBorderColor(AROUND.getRGB());
-    }
-
-    @After
-    public void close() {
-        engine.close();
-        assertEquals(List.of(), errors);
-    }
-
-    private void loseContext() {
-        gl.close();
-        gl = new OffscreenContext();
-        open();
-        engine.contextLost();
-    }
-
-    private static Bitmap bitmap(ByteBuffer rgba, int width, int height) {
-        Bitmap bitmap = Bitmap.createBitmap(width, height, Bitmap.Config.ARGB_8888);
-        bitmap.copyPixelsFromBuffer(rgba);
-        return bitmap;
-    }
-
-    private static Bitmap halves(int width, int height, Color left, Color right) {
-        return bitmap(halves(PixelLayout.RGBA, width, height, left, right), width, height);
-    }
-
-    private static Bitmap picture() {
-        return halves(WIDTH, HEIGHT, LEFT, RIGHT);
-    }
-
-    /** The screen after a draw, its first row at the top. */
-    private BufferedImage draw() {
-        screen.bind();
-        engine.draw(SCREEN_WIDTH, HEIGHT);
-        screen.unbind();
-        BufferedImage upward = gl.readImage(screen.texture(), SCREEN_WIDTH, HEIGHT);
-        BufferedImage image =
-                new BufferedImage(SCREEN_WIDTH, HEIGHT, BufferedImage.TYPE_INT_ARGB);
-        for (int y = 0; y < HEIGHT; ++y) {
-            for (int x = 0; x < SCREEN_WIDTH; ++x) {
-                image.setRGB(x, y, upward.getRGB(x, HEIGHT - 1 - y));
-            }
-        }
-        return image;
-    }
-
-    private void assertDrawn(Color left, Color right) {
-        BufferedImage image = draw();
-        assertEquals(AROUND, pixel(image, BORDER - 1, 15));
-        assertEquals(left, pixel(image, BORDER + 1, 1));
-        assertEquals(left, pixel(image, BORDER + WIDTH / 2 - 2, 28));
-        assertEquals(right, pixel(image, BORDER + WIDTH / 2 + 1, 1));
-        assertEquals(right, pixel(image, BORDER + WIDTH - 2, 28));
-        assertEquals(AROUND, pixel(image, BORDER + WIDTH, 15));
-    }
-
-    private static Color color(Bitmap bitmap, int x, int y) {
-        return new Color(bitmap.getPixel(x, y), true);
-    }
-
+/** Bitmaps, pixels, masks and stickers, in pixels. */
+public class VideoEngineTest extends EngineTest {
     @Test
     public void bitmapsStayThroughChangesAndLostContexts() {
         assertNull(engine.capture());

@@ -51,12 +51,31 @@ public class SurfaceTexture {
      * Latches the newest picture, if it is new, and leaves the texture bound to
      * GL_TEXTURE_EXTERNAL_OES of the active unit. No other GL state changes.
      *
-     * @throws IllegalStateException without a current GL context, or if it is not that of the first
-     *     call
+     * @throws IllegalStateException without a current GL context, if it is not that of the first
+     *     call, or if the texture is detached
      * @throws RuntimeException after release(), or if the picture is too large
      */
     public void updateTexImage() {
         nativeUpdateTexImage(consumer);
+    }
+
+    /**
+     * Lets go of the context, and deletes the texture. The latched picture stays.
+     *
+     * @throws RuntimeException if there is no texture, or it is one of another context
+     */
+    public void detachFromGLContext() {
+        nativeDetach(consumer);
+    }
+
+    /**
+     * Shows the pictures in a texture of the current context.
+     *
+     * @param texName from glGenTextures, not bound yet
+     * @throws RuntimeException if there is a texture already, or no context is current
+     */
+    public void attachToGLContext(int texName) {
+        nativeAttach(consumer, texName);
     }
 
     /** Sets the size of pictures for producers that set none. A decoder sets its size. */
@@ -116,6 +135,10 @@ public class SurfaceTexture {
     private static native void nativeDestroy(long consumer);
 
     private native void nativeUpdateTexImage(long consumer);
+
+    private native void nativeDetach(long consumer);
+
+    private native void nativeAttach(long consumer, int texName);
 
     private native void nativeSetDefaultBufferSize(long consumer, int width, int height);
 

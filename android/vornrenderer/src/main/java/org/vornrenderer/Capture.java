@@ -27,6 +27,7 @@ final class Capture {
             painter.end();
             GLES30.glReadPixels(
                     0, 0, width, height, GLES30.GL_RGBA, GLES30.GL_UNSIGNED_BYTE, pixels);
+            target.unbind();
         }
         bitmap.copyPixelsFromBuffer(pixels);
         return bitmap;

@@ -5,7 +5,7 @@ import org.jetbrains.annotations.NotNull;
 /** The mask of an engine: pixels, or a texture of the application. Runs on the GL thread. */
 final class MaskLayer {
     private final PixelSlot slot = new PixelSlot();
-    private final PixelTexture texture = new PixelTexture();
+    private final Texture texture = new Texture();
     private Pixels pixels;
     private boolean changed;
     private int given;

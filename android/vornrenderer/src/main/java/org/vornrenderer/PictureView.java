@@ -1,6 +1,8 @@
 package org.vornrenderer;
 
 import android.graphics.Bitmap;
+import android.graphics.SurfaceTexture;
+import android.media.Image;
 import java.nio.ByteBuffer;
 import org.jetbrains.annotations.NotNull;
 import org.jetbrains.annotations.Nullable;
@@ -72,6 +74,35 @@ public interface PictureView {
             int rowBytes) {
         engine().stillSlot().offer(pixels, layout, width, height, rowBytes);
         queueEvent(engine().takeStill);
+    }
+
+    /**
+     * Shows an image of a camera or a decoder, in the colors that it states from API level 33 on, else
+     * in those of cameras (BT.601, full range). After a pause or a context loss the next image shows.
+     * Any thread.
+     *
+     * @param image of YUV_420_888; the view closes it, also if a newer one comes before its turn
+     */
+    default void show(@NotNull Image image) {
+        engine().imageSlot().offer(image);
+        queueEvent(engine().takeImage);
+    }
+
+    /**
+     * Shows what a camera, a player or another producer draws into a surface, turned and cropped as its
+     * matrix says. It works on through pauses.
+     *
+     * @param width of the producer's buffers in pixels; the default size that cameras choose theirs by
+     * @param height likewise
+     * @return for {@code new Surface(…)}; released when the view shows something else. If a device
+     *     takes the context away without a pause, the error listener is called, and another is needed
+     * @throws IllegalArgumentException if a side is not positive
+     */
+    @NotNull
+    default SurfaceTexture surfaceTexture(int width, int height) {
+        SurfaceTexture made = SurfaceTextureSource.make(width, height);
+        queueEvent(() -> engine().show(made, width, height));
+        return made;
     }
 
     /**

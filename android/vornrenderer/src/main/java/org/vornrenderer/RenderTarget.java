@@ -4,28 +4,38 @@ import android.opengl.GLES30;
 
 /** A texture of RGBA that GL draws into. Runs on the GL thread. */
 final class RenderTarget implements AutoCloseable {
-    private final int[] texture = new int[1];
+    private final Texture texture = new Texture();
     private final int[] framebuffer = new int[1];
     private final int[] before = new int[1];
+    private final int width;
+    private final int height;
 
+    /** @throws RendererException if GL has no texture of that size */
     RenderTarget(int width, int height) {
-        GLES30.glGenTextures(1, texture, 0);
-        PixelTexture.bindSmooth(texture[0]);
-        GLES30.glTexStorage2D(GLES30.GL_TEXTURE_2D, 1, GLES30.GL_RGBA8, width, height);
-        GLES30.glBindTexture(GLES30.GL_TEXTURE_2D, 0);
+        this.width = width;
+        this.height = height;
+        texture.allocate(GLES30.GL_RGBA8, width, height);
         GLES30.glGenFramebuffers(1, framebuffer, 0);
         bind();
         GLES30.glFramebufferTexture2D(
                 GLES30.GL_FRAMEBUFFER,
                 GLES30.GL_COLOR_ATTACHMENT0,
                 GLES30.GL_TEXTURE_2D,
-                texture[0],
+                texture.name(),
                 0);
         unbind();
     }
 
     int texture() {
-        return texture[0];
+        return texture.name();
+    }
+
+    int width() {
+        return width;
+    }
+
+    int height() {
+        return height;
     }
 
     void bind() {
@@ -40,8 +50,7 @@ final class RenderTarget implements AutoCloseable {
 
     @Override
     public void close() {
-        unbind();
         GLES30.glDeleteFramebuffers(1, framebuffer, 0);
-        GLES30.glDeleteTextures(1, texture, 0);
+        texture.free(false);
     }
 }

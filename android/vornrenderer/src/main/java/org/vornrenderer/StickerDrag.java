@@ -12,6 +12,7 @@ final class StickerDrag {
 
     private float lastX;
     private float lastY;
+    private int fingers;
 
     StickerDrag(@NotNull PictureView view) {
         this.view = view;
@@ -23,11 +24,12 @@ final class StickerDrag {
         if (action == MotionEvent.ACTION_DOWN) {
             Sticker touched = view.stickerAt(event.getX(), event.getY());
             dragged = touched != null && touched.isDraggable() ? touched : null;
-        } else if (dragged != null && action == MotionEvent.ACTION_MOVE) {
+        } else if (dragged != null && event.getPointerCount() == fingers) {
             dragged.moveTo(
                     dragged.x() + event.getX() - lastX, dragged.y() + event.getY() - lastY);
         }
         boolean used = dragged != null;
+        fingers = event.getPointerCount(); // With another number, the first may be another finger.
         lastX = event.getX();
         lastY = event.getY();
         if (action == MotionEvent.ACTION_UP || action == MotionEvent.ACTION_CANCEL) {

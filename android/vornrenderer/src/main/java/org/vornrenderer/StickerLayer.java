@@ -15,7 +15,7 @@ final class StickerLayer {
     /** The last is on top. Replaced, never changed. */
     private volatile Sticker[] stickers = NONE;
 
-    private final Map<Sticker, PixelTexture> textures = new IdentityHashMap<>();
+    private final Map<Sticker, Texture> textures = new IdentityHashMap<>();
     private Sticker[] prepared = NONE;
 
     /** Puts a sticker on top. */
@@ -87,7 +87,7 @@ final class StickerLayer {
                             return gone;
                         });
         for (Sticker sticker : now) {
-            PixelTexture texture = textures.computeIfAbsent(sticker, each -> new PixelTexture());
+            Texture texture = textures.computeIfAbsent(sticker, each -> new Texture());
             if (texture.name() == 0) {
                 texture.upload(sticker.pixels());
             }
@@ -97,7 +97,7 @@ final class StickerLayer {
 
     /** Frees what GL gave. The next draw takes it again. */
     void free(boolean contextLost) {
-        for (PixelTexture texture : textures.values()) {
+        for (Texture texture : textures.values()) {
             texture.free(contextLost);
         }
         textures.clear();

@@ -6,7 +6,7 @@ import org.jetbrains.annotations.Nullable;
 /** Pixels that show until others come. Runs on the GL thread. */
 final class StillSource implements PictureSource {
     private final PixelSlot slot = new PixelSlot();
-    private final PixelTexture texture = new PixelTexture();
+    private final Texture texture = new Texture();
     private Pixels pixels;
     private boolean changed;
     private Picture picture;

@@ -1,12 +1,7 @@
 package org.vornrenderer;
 
-import android.content.Context;
 import android.graphics.Bitmap;
-import android.net.Uri;
-import java.io.FileDescriptor;
 import java.io.IOException;
-import java.nio.ByteBuffer;
-import java.util.Objects;
 import org.jetbrains.annotations.NotNull;
 import org.jetbrains.annotations.Nullable;
 
@@ -20,7 +15,7 @@ import org.jetbrains.annotations.Nullable;
  * <p>A clip is an H.264 video in a file that MediaExtractor reads. It is turned as the file says, and
  * held to the clip's time: what is late is skipped.
  */
-public final class VideoEngine extends ClipEngine {
+public final class VideoEngine extends SourceEngine {
     /** What happens in an engine. All methods are called on the GL thread. */
     public interface Listener {
         /** A clip, or another kind of source than before, shows its first picture. */
@@ -29,7 +24,8 @@ public final class VideoEngine extends ClipEngine {
         /**
          * Another picture was drawn into the framebuffer.
          *
-         * @param timeUs its time in the clip, in microseconds; 0 for bitmaps and pixels
+         * @param timeUs its time in the clip, in microseconds; for images and surface textures
+         *     their time stamp; 0 for bitmaps and pixels
          */
         default void onFrame(long timeUs) {}
 
@@ -54,22 +50,6 @@ public final class VideoEngine extends ClipEngine {
 
     private final Listener listener;
     private final Painter painter = new Painter();
-    private final StillSource stills = new StillSource();
-
-    /** Null for none. */
-    private PictureSource source;
-
-    private boolean started;
-    private boolean suspended;
-
-    /** Shows the pixels in the slot. Kept, so that a call makes no garbage. */
-    final Runnable takeStill =
-            () -> {
-                if (stills.takePixels()) {
-                    change(stills);
-                }
-            };
-
     /**
      * An engine that shows nothing.
      *
@@ -83,99 +63,6 @@ public final class VideoEngine extends ClipEngine {
     @NotNull
     Listener listener() {
         return listener;
-    }
-
-    /** Where other threads put pixels before they call {@link #takeStill} on the GL thread. */
-    @NotNull
-    PixelSlot stillSlot() {
-        return stills.slot();
-    }
-
-    private void change(PictureSource next) {
-        if (source == next) {
-            return;
-        }
-        if (source != null) {
-            source.close();
-        }
-        source = next;
-        started = false;
-    }
-
-    /**
-     * Plays a clip from its start. It is opened by the next {@link #draw}.
-     *
-     * @param context to resolve the address
-     * @param clip the address
-     */
-    public void play(@NotNull Context context, @NotNull Uri clip) {
-        Objects.requireNonNull(clip);
-        play(extractor -> extractor.setDataSource(context, clip, null));
-    }
-
-    /**
-     * Plays a clip from its start. It is opened by the next {@link #draw}.
-     *
-     * @param file stays open until the engine is closed or shows something else
-     * @param offset of the clip in the file, in bytes
-     * @param length of the clip, in bytes
-     */
-    public void play(@NotNull FileDescriptor file, long offset, long length) {
-        Objects.requireNonNull(file);
-        play(extractor -> extractor.setDataSource(file, offset, length));
-    }
-
-    private void play(ClipFeed.Source clip) {
-        change(null);
-        change(clips);
-        clips.play(clip);
-    }
-
-    /**
-     * Shows a bitmap.
-     *
-     * @param picture copied; translucent parts are over black
-     * @throws IllegalArgumentException if it is recycled
-     */
-    public void show(@NotNull Bitmap picture) {
-        stills.slot().offer(picture);
-        takeStill.run();
-    }
-
-    /**
-     * Shows pixels. Memory is used again, so frames of one size make no garbage.
-     *
-     * @param pixels direct or not; read from its position, which stays, and copied: rows without
-     *     padding, first row first; alpha is ignored
-     * @param layout of the pixels
-     * @param width in pixels
-     * @param height in pixels
-     * @throws IllegalArgumentException if a size is not positive, or the buffer ends too early
-     */
-    public void show(
-            @NotNull ByteBuffer pixels, @NotNull PixelLayout layout, int width, int height) {
-        show(pixels, layout, width, height, layout.bytes(width, 1));
-    }
-
-    /**
-     * Shows pixels whose rows have padding.
-     *
-     * @param pixels as in {@link #show(ByteBuffer, PixelLayout, int, int)}
-     * @param layout of the pixels
-     * @param width in pixels
-     * @param height in pixels
-     * @param rowBytes from the begin of a row to that of the next; the last row needs no padding
-     * @throws IllegalArgumentException if a size is not positive, a row is longer than rowBytes, or
-     *     the buffer ends too early
-     */
-    public void show(
-            @NotNull ByteBuffer pixels,
-            @NotNull PixelLayout layout,
-            int width,
-            int height,
-            int rowBytes) {
-        stills.slot().offer(pixels, layout, width, height, rowBytes);
-        takeStill.run();
     }
 
     /**

@@ -253,8 +253,8 @@ public interface VideoPlayer extends PictureView {
     /**
      * Is told the time of each picture that is shown.
      *
-     * @param listener called on the GL thread with microseconds, 0 for bitmaps and pixels; null for
-     *     none
+     * @param listener called on the GL thread with microseconds, those of the time stamp of
+     *     images and surface textures, 0 for bitmaps and pixels; null for none
      */
     default void setFrameListener(@Nullable LongConsumer listener) {
         ViewListeners.of(this).frame = listener;
