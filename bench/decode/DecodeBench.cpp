@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kPicturesPerTurn = 25;
 constexpr size_t kUnits = 100;
-constexpr int kRounds = 24;  // Each order of the four contestants once.
+constexpr int kRounds = 24;
 
 using Pixels = std::vector<unsigned char>;
 
@@ -35,15 +35,18 @@ public:
     explicit DecodeContest(const Clip& clip) : clip_(clip) {}
 
     std::vector<Interleaved::Work> works() {
-        return {[this] { ours_.play(kPicturesPerTurn); }, [this] { bare_.play(kPicturesPerTurn); },
-                [this] { lean_.play(kPicturesPerTurn); }, [this] { decodeOnly(); }};
+        return {[this] { ours_.play(kPicturesPerTurn); },
+                [this] { guarded_.play(kPicturesPerTurn); },
+                [this] { bare_.play(kPicturesPerTurn); }, [this] { lean_.play(kPicturesPerTurn); },
+                [this] { decodeOnly(); }};
     }
 
     /// Differences come from rounding, and from the blue that libyuv's own constants cut.
     bool picturesAreAlike() const {
         constexpr double kTolerance = 2;
         const Pixels picture = read(ours_.target());
-        return MeanDifference(picture, read(bare_.target())) < kTolerance &&
+        return MeanDifference(picture, read(guarded_.target())) < kTolerance &&
+               MeanDifference(picture, read(bare_.target())) < kTolerance &&
                MeanDifference(picture, read(lean_.target())) < kTolerance;
     }
 
@@ -58,24 +61,28 @@ private:
 
     OffscreenContext context_;
     const Clip& clip_;
-    LibraryPath ours_{clip_, Jvm()};
+    LibraryPath ours_{clip_, Jvm(), WayIn::kSevenFunctions};
+    LibraryPath guarded_{clip_, Jvm(), WayIn::kGuarded};
     LeastPath bare_{clip_, ShaderKind::kEquivalent};
     LeastPath lean_{clip_, ShaderKind::kLean};
     ClipDecoder decoder_{clip_};
 };
 
 void Report(benchmark::State& state, const Interleaved& times) {
-    enum : size_t { kOurs, kBare, kLean, kDecoding };
+    enum : size_t { kOurs, kGuarded, kBare, kLean, kDecoding };
     const auto perPicture = [&](size_t work) {
         return times.medianMilliseconds(work) / kPicturesPerTurn;
     };
     state.counters["ours ms"] = perPicture(kOurs);
+    state.counters["guarded ms"] = perPicture(kGuarded);
     state.counters["bare ms"] = perPicture(kBare);
     state.counters["lean ms"] = perPicture(kLean);
     state.counters["decoding ms"] = perPicture(kDecoding);
     state.counters["ours/bare"] = times.medianRatio(kOurs, kBare);
     state.counters["ours/lean"] = times.medianRatio(kOurs, kLean);
     state.counters["ours/bare CPU"] = times.medianProcessorRatio(kOurs, kBare);
+    state.counters["ours/guarded"] = times.medianRatio(kOurs, kGuarded);
+    state.counters["ours/guarded CPU"] = times.medianProcessorRatio(kOurs, kGuarded);
 }
 
 void Contend(benchmark::State& state, const Clip& clip) {

@@ -2,22 +2,46 @@
 
 #include <stdexcept>
 
-#include "render/VERenderer.h"
+#include "render/VERendererExt.h"
 
-LibraryPath::LibraryPath(const Clip& clip, JavaVM* machine) : clip_(clip) {
-    VERendererMode mode = {};
-    mode.outputMode = VE_OUTPUT_PICTURE;
-    mode.modeType = VE_MODE_H264;
-    mode.textureWidth = clip.width;
-    mode.textureHeight = clip.height;
+LibraryPath::LibraryPath(const Clip& clip, JavaVM* machine, WayIn wayIn) : clip_(clip) {
     glGenTextures(1, &target_);
-    VECreateRendererHandle(&handle_, static_cast<int>(target_), &mode, machine);
+    if (wayIn == WayIn::kGuarded) {
+        createGuarded(machine);
+    } else {
+        create(machine);
+    }
     decoder_ = HostDecoder_acquire();
     HostDecoder_setLockStep(decoder_, 1);
     HostDecoder_setReorderDepth(decoder_, clip.reorderDepth);
     for (int i = 0; i < clip.reorderDepth; ++i) {
         feed();
     }
+}
+
+void LibraryPath::create(JavaVM* machine) {
+    VERendererMode mode = {};
+    mode.outputMode = VE_OUTPUT_PICTURE;
+    mode.modeType = VE_MODE_H264;
+    mode.textureWidth = clip_.width;
+    mode.textureHeight = clip_.height;
+    VECreateRendererHandle(&handle_, static_cast<int>(target_), &mode, machine);
+}
+
+/// The functions of VERenderer.h draw this one, too.
+void LibraryPath::createGuarded(JavaVM* machine) {
+    VERendererOptions options = VEMakeRendererOptions();
+    options.source = VE_SOURCE_H264;
+    options.sourceWidth = clip_.width;
+    options.sourceHeight = clip_.height;
+    options.outputTexture = target_;
+    options.javaVM = machine;
+    VERenderer* renderer = nullptr;
+    const VEResult result = VECreateRenderer(&options, &renderer);
+    if (result != VE_OK) {
+        throw std::runtime_error(VEResultText(result));
+    }
+    handle_ = renderer;
 }
 
 LibraryPath::~LibraryPath() {

@@ -7,11 +7,16 @@
 
 #include "Clip.h"
 
+enum class WayIn {
+    kSevenFunctions,  ///< VERenderer.h
+    kGuarded,         ///< VERendererExt.h
+};
+
 /// The library from units to drawn pictures, in lock-step: every picture is shown.
 class LibraryPath {
 public:
     /// \param clip must outlive this object.
-    LibraryPath(const Clip& clip, JavaVM* machine);
+    LibraryPath(const Clip& clip, JavaVM* machine, WayIn wayIn);
     ~LibraryPath();
     LibraryPath(const LibraryPath&) = delete;
     LibraryPath& operator=(const LibraryPath&) = delete;
@@ -23,6 +28,8 @@ public:
     GLuint target() const { return target_; }
 
 private:
+    void create(JavaVM* machine);
+    void createGuarded(JavaVM* machine);
     void feed();
     bool showNext();
 

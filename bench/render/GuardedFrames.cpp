@@ -31,5 +31,9 @@ void GuardedFrames::draw(const void* pixels, float zoom) const {
     VEDrawOptions options = VEMakeDrawOptions();
     options.frame = pixels;
     options.view = &view;
+    draw(options);
+}
+
+void GuardedFrames::draw(const VEDrawOptions& options) const {
     Check(VEDraw(renderer_, &options, nullptr));
 }

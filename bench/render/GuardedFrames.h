@@ -14,6 +14,7 @@ public:
     GuardedFrames& operator=(const GuardedFrames&) = delete;
 
     void draw(const void* pixels, float zoom) const;
+    void draw(const VEDrawOptions& options) const;
 
     GLuint target() const { return target_; }
 
