@@ -8,14 +8,26 @@ import android.view.View;
 public final class Activities {
     private Activities() {}
 
-    public static View start(Activity activity, Uri data) {
+    public static <T extends View> T start(Activity activity, Uri data) {
         activity.setIntent(new Intent().setData(data));
         activity.onCreate(null);
         activity.onResume();
-        return activity.contentView();
+        @SuppressWarnings("unchecked")
+        T content = (T) activity.contentView();
+        return content;
     }
 
-    public static void pause(Activity activity) {
+    public static Intent started(Activity activity) {
+        return activity.started;
+    }
+
+    /** As when the user picked a file. */
+    public static void pick(Activity activity, Uri file) {
+        activity.onActivityResult(1, Activity.RESULT_OK, new Intent().setData(file));
+    }
+
+    public static void end(Activity activity) {
         activity.onPause();
+        activity.onDestroy();
     }
 }

@@ -70,5 +70,11 @@ public class Activity extends Context {
         getApplication().tell(callback -> callback.onActivityDestroyed(this));
     }
 
+    /** Everything is allowed already. */
+    public final void requestPermissions(String[] permissions, int requestCode) {}
+
+    public void onRequestPermissionsResult(
+            int requestCode, String[] permissions, int[] grantResults) {}
+
     protected void onActivityResult(int requestCode, int resultCode, Intent data) {}
 }

@@ -4,7 +4,6 @@ import android.app.Activity;
 import android.content.Intent;
 import android.os.Bundle;
 import android.widget.Switch;
-import android.widget.Toast;
 import org.vornrenderer.VornVideoView;
 
 /** Plays a file that the user picks. Drag moves it, pinch zooms, double tap resets. */
@@ -18,23 +17,11 @@ public final class PlayerActivity extends Activity {
         super.onCreate(state);
         setContentView(R.layout.player);
         video = findViewById(R.id.video);
-        video.setLooping(true);
-        video.setErrorListener(this::showUnplayable);
+        video.follow(this);
+        video.setErrorListener(reason -> Message.show(this, reason.getMessage()));
         findViewById(R.id.open).setOnClickListener(button -> pickVideo());
         Switch mirror = findViewById(R.id.mirror);
         mirror.setOnCheckedChangeListener((button, on) -> video.setMirrored(on));
-    }
-
-    @Override
-    protected void onResume() {
-        super.onResume();
-        video.onResume();
-    }
-
-    @Override
-    protected void onPause() {
-        video.onPause();
-        super.onPause();
     }
 
     @Override
@@ -49,10 +36,5 @@ public final class PlayerActivity extends Activity {
         intent.addCategory(Intent.CATEGORY_OPENABLE);
         intent.setType("video/*");
         startActivityForResult(intent, PICK_VIDEO);
-    }
-
-    private void showUnplayable(Exception reason) {
-        String text = getString(R.string.cannot_play, reason.getMessage());
-        Toast.makeText(this, text, Toast.LENGTH_LONG).show();
     }
 }
