@@ -74,6 +74,7 @@ public final class TestImage extends Image {
 
     @Override
     public int getDataSpace() {
+        super.getDataSpace();
         return dataSpace;
     }
 

@@ -3,8 +3,10 @@ package org.vornrenderer;
 import static org.junit.Assert.assertEquals;
 
 import android.graphics.Bitmap;
+import android.opengl.GLES20;
 import java.awt.Color;
 import java.awt.image.BufferedImage;
+import java.lang.management.ManagementFactory;
 import java.nio.ByteBuffer;
 import java.util.ArrayList;
 import java.util.List;
@@ -18,6 +20,7 @@ public abstract class EngineTest extends GlTest {
     protected static final int HEIGHT = 30;
     protected static final int SCREEN_WIDTH = 100;
     protected static final int BORDER = (SCREEN_WIDTH - WIDTH) / 2;
+    private static final int LIST_GROWTH = 600;
     protected static final Color LEFT = new Color(200, 80, 41);
     protected static final Color RIGHT = new Color(30, 60, 190);
     protected static final Color AROUND = new Color(10, 120, 90);
@@ -55,6 +58,7 @@ public abstract class EngineTest extends GlTest {
     public void close() {
         engine.close();
         assertEquals(List.of(), errors);
+        assertEquals(0, GLES20.glGetError());
     }
 
     protected void loseContext() {
@@ -106,5 +110,25 @@ public abstract class EngineTest extends GlTest {
 
     protected static Color color(Bitmap bitmap, int x, int y) {
         return new Color(bitmap.getPixel(x, y), true);
+    }
+
+    protected void assertNoGarbage(Runnable show) {
+        com.sun.management.ThreadMXBean threads =
+                (com.sun.management.ThreadMXBean) ManagementFactory.getThreadMXBean();
+        long self = Thread.currentThread().getId();
+        long before = 0;
+        screen.bind();
+        for (int i = 0; i < 40; ++i) {
+            if (i == 20) { // All classes are loaded, all methods linked.
+                before = threads.getThreadAllocatedBytes(self);
+            }
+            show.run();
+            engine.draw(SCREEN_WIDTH, HEIGHT);
+        }
+        long call = -threads.getThreadAllocatedBytes(self);
+        call += threads.getThreadAllocatedBytes(self);
+        long allocated = threads.getThreadAllocatedBytes(self) - before - 3 * call;
+        // The list of frames grows, and has new numbers.
+        assertEquals(0, Math.max(0, allocated), LIST_GROWTH);
     }
 }

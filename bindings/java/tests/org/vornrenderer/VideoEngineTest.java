@@ -72,6 +72,12 @@ public class VideoEngineTest extends EngineTest {
         assertEquals(2, frames.size());
     }
 
+    @Test
+    public void framesOfPixelsMakeNoGarbage() {
+        ByteBuffer pixels = ByteBuffer.allocate(PixelLayout.RGBA.bytes(WIDTH, HEIGHT));
+        assertNoGarbage(() -> engine.show(pixels, PixelLayout.RGBA, WIDTH, HEIGHT));
+    }
+
     private static Color clear(Color color) {
         return new Color(color.getRed(), color.getGreen(), color.getBlue(), 0);
     }
@@ -142,6 +148,8 @@ public class VideoEngineTest extends EngineTest {
         assertDrawn(mixed, AROUND);
         loseContext();
         assertDrawn(mixed, AROUND);
+        engine.setMask(halves(WIDTH, 1, clear(RIGHT), LEFT).copy(Bitmap.Config.ALPHA_8, false));
+        assertDrawn(AROUND, RIGHT);
         engine.show(halves(WIDTH, HEIGHT, RIGHT, LEFT));
         engine.clearMask();
         assertDrawn(RIGHT, LEFT);

@@ -230,6 +230,10 @@ public class VideoPlayerTest {
         Windows.leave(asView()); // As in a list.
         layOut(WIDTH, HEIGHT);
         assertEquals(time, awaitPicture(60), 3 * FRAME_US);
+        view.setRotation(90);
+        assertEquals(time, awaitPicture(60), 3 * FRAME_US);
+        assertEquals(HEIGHT, capture().getWidth());
+        view.setRotation(0);
         if (view instanceof VornTextureView) {
             Windows.loseSurface((VornTextureView) view);
             view.seekTo(80L * FRAME_US); // Runs in the context that was kept.

@@ -7,8 +7,9 @@ import java.nio.ByteBuffer;
 public final class Bitmap {
     /** How pixels are kept. */
     public enum Config {
-        ARGB_8888,
-        RGB_565
+        ALPHA_8,
+        RGB_565,
+        ARGB_8888
     }
 
     private static final int BYTES_PER_PIXEL = 4;

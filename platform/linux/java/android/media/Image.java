@@ -1,6 +1,7 @@
 package android.media;
 
 import android.graphics.Rect;
+import android.os.Build;
 import java.nio.ByteBuffer;
 
 /** An image of a camera or a decoder. */
@@ -15,6 +16,8 @@ public abstract class Image implements AutoCloseable {
 
         public abstract ByteBuffer getBuffer();
     }
+
+    private static final int DATA_SPACE_LEVEL = 33;
 
     Image() {}
 
@@ -34,8 +37,11 @@ public abstract class Image implements AutoCloseable {
         return new Rect(0, 0, getWidth(), getHeight());
     }
 
-    /** Since API level 33. */
+    /** @throws NoSuchMethodError before API level 33 */
     public int getDataSpace() {
+        if (Build.VERSION.SDK_INT < DATA_SPACE_LEVEL) {
+            throw new NoSuchMethodError("getDataSpace");
+        }
         return 0;
     }
 

@@ -84,7 +84,7 @@ abstract class LookEngine {
      * mirrored, and stays until it is replaced, also when another picture is shown. Where it is black,
      * the border color shows; elsewhere the picture has the mask's alpha.
      *
-     * @param mask copied
+     * @param mask copied; ALPHA_8 counts as white, so its alpha is that of the picture
      * @throws IllegalArgumentException if it is recycled
      */
     public final void setMask(@NotNull Bitmap mask) {

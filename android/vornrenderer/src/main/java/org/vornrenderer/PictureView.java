@@ -78,8 +78,8 @@ public interface PictureView {
 
     /**
      * Shows an image of a camera or a decoder, in the colors that it states from API level 33 on, else
-     * in those of cameras (BT.601, full range). After a pause or a context loss the next image shows.
-     * Any thread.
+     * in those of cameras (BT.601, full range). Its crop is that of the first image of its size. After a
+     * pause or a context loss the next image shows. Any thread.
      *
      * @param image of YUV_420_888; the view closes it, also if a newer one comes before its turn
      */
@@ -121,7 +121,7 @@ public interface PictureView {
      * mirrored, and stays until it is replaced, also when another picture is shown. Where it is black,
      * the border color shows; elsewhere the picture has the mask's alpha.
      *
-     * @param mask copied
+     * @param mask copied; ALPHA_8 counts as white, so its alpha is that of the picture
      * @throws IllegalArgumentException if it is recycled
      */
     default void setMask(@NotNull Bitmap mask) {

@@ -8,6 +8,10 @@ import org.jetbrains.annotations.NotNull;
 
 /** A copy of an image's pixels, whose memory is used again. */
 final class Pixels {
+    /** The place of alpha in a pixel of RGBA. */
+    static final int ALPHA = 3;
+
+    private static final int WHITE = 0x01010101; // Of the level 1.
     private static final ByteBuffer NO_BYTES = ByteBuffer.allocateDirect(0);
 
     private ByteBuffer bytes = NO_BYTES;
@@ -62,27 +66,38 @@ final class Pixels {
     }
 
     /**
-     * Copies a bitmap, with its color multiplied by its alpha.
+     * Copies a bitmap, with its color multiplied by its alpha. One of alpha alone counts as white.
      *
-     * @throws IllegalArgumentException if it is recycled
+     * @throws IllegalArgumentException if it is recycled, or cannot be read
      */
     void copy(@NotNull Bitmap bitmap) {
         if (bitmap.isRecycled()) {
             throw new IllegalArgumentException("the bitmap is recycled");
         }
-        PixelLayout rgba = PixelLayout.RGBA;
+        boolean alphaOnly = bitmap.getConfig() == Bitmap.Config.ALPHA_8;
         boolean fits =
                 bitmap.getConfig() == Bitmap.Config.ARGB_8888
-                        && bitmap.getRowBytes() == rgba.bytes(bitmap.getWidth(), 1);
+                        && bitmap.getRowBytes() == PixelLayout.RGBA.bytes(bitmap.getWidth(), 1);
         Bitmap source = fits ? bitmap : bitmap.copy(Bitmap.Config.ARGB_8888, false);
         if (source == null) {
             throw new IllegalArgumentException("the bitmap cannot be read");
         }
-        resize(rgba, bitmap.getWidth(), bitmap.getHeight());
+        resize(PixelLayout.RGBA, bitmap.getWidth(), bitmap.getHeight());
         source.copyPixelsToBuffer(bytes);
         ((Buffer) bytes).position(0);
+        if (alphaOnly) {
+            whiten();
+        }
         if (!fits) {
             source.recycle();
+        }
+    }
+
+    /** Sets the color to white, multiplied by the alpha. */
+    private void whiten() {
+        for (int i = 0; i < bytes.limit(); i += PixelLayout.RGBA.bytesPerPixel) {
+            int alpha = bytes.get(i + ALPHA) & 0xFF;
+            bytes.putInt(i, alpha * WHITE);
         }
     }
 

@@ -149,7 +149,8 @@ abstract class SourceEngine extends ClipEngine {
 
     /**
      * Shows an image of a camera or a decoder, in the colors that it states from API level 33 on, else
-     * in those of cameras (BT.601, full range). After a pause or a context loss the next image shows.
+     * in those of cameras (BT.601, full range). Its crop is that of the first image of its size. After a
+     * pause or a context loss the next image shows.
      *
      * @param image of YUV_420_888; the engine closes it
      */
@@ -170,7 +171,8 @@ abstract class SourceEngine extends ClipEngine {
      * @param width of the producer's buffers in pixels; the default size that cameras choose theirs by
      * @param height likewise
      * @return for {@code new Surface(…)}; released when the engine shows something else. If the context
-     *     is lost without {@link VideoEngine#suspend} before, the listener gets an error, and another is needed
+     *     is lost without {@link VideoEngine#suspend} before, the listener gets an error, and another
+     *     is needed
      * @throws IllegalArgumentException if a side is not positive
      */
     @NotNull

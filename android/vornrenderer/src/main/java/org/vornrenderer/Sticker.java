@@ -14,8 +14,6 @@ import org.jetbrains.annotations.NotNull;
  * }</pre>
  */
 public final class Sticker {
-    private static final int ALPHA = 3;
-
     private final Pixels pixels = new Pixels();
     private volatile float x;
     private volatile float y;
@@ -25,7 +23,7 @@ public final class Sticker {
     /**
      * A sticker of the bitmap's size, around the first pixel of the view.
      *
-     * @param image copied; translucent parts let the picture show
+     * @param image copied; translucent parts let the picture show, ALPHA_8 is white
      * @throws IllegalArgumentException if it is recycled
      */
     public Sticker(@NotNull Bitmap image) {
@@ -128,7 +126,7 @@ public final class Sticker {
             return false;
         }
         int pixel = (int) row * pixels.width() + (int) column;
-        return pixels.bytes().get(pixel * pixels.layout().bytesPerPixel + ALPHA) != 0;
+        return pixels.bytes().get(pixel * pixels.layout().bytesPerPixel + Pixels.ALPHA) != 0;
     }
 
     @NotNull

@@ -50,6 +50,7 @@ public final class VideoEngine extends SourceEngine {
 
     private final Listener listener;
     private final Painter painter = new Painter();
+
     /**
      * An engine that shows nothing.
      *
@@ -66,9 +67,11 @@ public final class VideoEngine extends SourceEngine {
     }
 
     /**
-     * Draws the picture that is due, once per displayed frame, into the framebuffer that is bound. Sets
-     * viewport, clear color and blend function; leaves blending off, and no program, vertex array, and
-     * texture of unit 0 bound.
+     * Draws the picture that is due, once per displayed frame, into the framebuffer that is bound.
+     *
+     * <p>Expects the tests of GL off, all colors written, and no sampler objects and unpack buffer
+     * bound. Sets viewport, clear color, blend function and unpack alignment; leaves blending off, and
+     * no program, vertex array and textures bound.
      *
      * @param width of the screen in pixels
      * @param height of the screen in pixels

@@ -15,7 +15,7 @@ import org.jetbrains.annotations.NotNull;
 import org.jetbrains.annotations.Nullable;
 
 /**
- * Plays a clip. {@link #follow} passes the activity's pauses on to the view.
+ * Plays a clip, or shows other pictures. {@link #follow} passes the activity's pauses on to the view.
  *
  * <p>The user drags, pinches and taps twice to reset. With the focus on the view, the space bar pauses
  * and resumes, the left and right arrows go 5 s back and forth, plus and minus zoom, and 0 resets.
