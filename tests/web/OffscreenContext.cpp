@@ -6,6 +6,8 @@
 #include <emscripten/html5_webgl.h>
 #include <gtest/gtest.h>
 
+#include "MapForReading.h"
+
 namespace {
 
 EM_JS(EMSCRIPTEN_WEBGL_CONTEXT_HANDLE, OpenContext, (), {
@@ -32,5 +34,6 @@ OffscreenContext::~OffscreenContext() {
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
+    MapForReading();
     return RUN_ALL_TESTS();
 }

@@ -1,5 +1,6 @@
 // The page in a browser, with a camera that shows a portrait.
 // VORN_PLAY_SECONDS: how long the heap must stay flat.
+// VORN_KEEP_PICTURES: if set, the screenshots of docs/web.md are made again.
 
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
@@ -8,6 +9,7 @@ import { after, before, test } from 'node:test';
 import { launch, serve } from './Browser.mjs';
 
 const OUT = 'build/web/tests/page';
+const PICTURES = process.env.VORN_KEEP_PICTURES ? 'docs/images/web' : OUT;
 const PLAY_SECONDS = Number(process.env.VORN_PLAY_SECONDS ?? 60);
 const PLACE = 'scale=1400:1400,crop=1280:720:60:60'; // The portrait in the camera's picture.
 const OVERLAP = 0.9;
@@ -83,7 +85,7 @@ test('opens at once, within its policy, for everyone', { timeout: 240_000 }, asy
         const { page, problems, close } = await openPage({ width, height, colorScheme });
         await isKeyed(page);
         await page.waitForTimeout(1000);
-        await page.screenshot({ path: `${OUT}/page-${width}.png` });
+        await page.screenshot({ path: `${width === 1280 ? OUT : PICTURES}/page-${width}.png` });
         assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= innerWidth), 'too wide');
         assert.ok(await page.evaluate(() => document.documentElement.scrollHeight <= innerHeight), 'more than a screen');
         assert.ok((await page.evaluate(() => window.shift)) < 0.01, 'the layout shifts');
