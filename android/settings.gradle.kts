@@ -15,4 +15,4 @@ dependencyResolutionManagement {
 }
 
 rootProject.name = "vornrenderer"
-include(":vornrenderer", ":sample")
+include(":vornrenderer", ":sample", ":sample-kotlin")

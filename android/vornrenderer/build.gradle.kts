@@ -10,6 +10,7 @@ val libraryVersion = Regex("""project\(vornrenderer VERSION (\S+)""")
 android {
     namespace = "org.vornrenderer"
     compileSdk = libs.versions.compileSdk.get().toInt()
+    resourcePrefix = "vorn"
     ndkVersion = libs.versions.ndk.get()
 
     defaultConfig {

@@ -1,5 +1,5 @@
 #!/bin/bash
-# Compiles the sample and the Java code of docs/android.md as for Android: resources and manifests
+# Compiles the sample, and the layout, the Java and the C++ code of docs/android.md as for Android: resources and manifests
 # against the system's own, classes against those of the Android platform for Linux, which are compared
 # with a list of what Android has.
 # sample.sh SOURCE WORK API-JAR PLATFORM-JAR KIT-JAR
@@ -40,8 +40,12 @@ resources=$source/android/vornrenderer/src/main/res
 package vornrenderer org.vornrenderer -S "$resources"
 holds vornrenderer "uses-gl-es: '0x30000'"
 main=$source/android/sample/src/main
+page=$source/docs/android.md
+mkdir -p "$work/page/layout"
+"$source/docs/examples/extract.sh" "$page" xml | sed '/./,$!d' >"$work/page/layout/page.xml"
+package sample-kotlin org.vornrenderer.sample.kotlin
 package sample org.vornrenderer.sample -m -J "$work/java" --non-constant-id --auto-add-overlay \
-    --extra-packages org.vornrenderer -S "$main/res" -S "$resources"
+    --extra-packages org.vornrenderer -S "$main/res" -S "$resources" -S "$work/page"
 activity=$(aapt dump badging "$work/sample.apk" | sed -n "s/^launchable-activity: name='\([^']*\)'.*/\1/p")
 
 check() { node "$source/tests/android/check_api.mjs" "$list" "$level" "$@"; }
@@ -61,7 +65,12 @@ compile "$main/java" "$work/java"
         android.media.Image android.media.ImageReader 'android.opengl.*' android.os.Bundle android.os.Handler \
         java.nio.ByteBuffer javax.microedition.khronos.egl.EGLConfig \
         javax.microedition.khronos.opengles.GL10 'org.vornrenderer.*'
-    "$source/docs/examples/extract.sh" "$source/docs/android.md" java |
+    "$source/docs/examples/extract.sh" "$page" java |
         sed 's/^public final class MovieActivity/final class MovieActivity/' # A file has one public class.
 } >"$work/MainActivity.java"
 compile "$work/MainActivity.java"
+
+java_home=$(dirname "$(dirname "$(readlink -f "$(command -v javac)")")")
+"$source/docs/examples/extract.sh" "$page" cpp |
+    c++ -std=c++17 -Wall -Wextra -Werror -fsyntax-only -I"$source/include" -I"$java_home/include" \
+        -I"$java_home/include/linux" -x c++ -

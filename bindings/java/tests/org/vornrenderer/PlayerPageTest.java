@@ -6,6 +6,7 @@ import android.app.Activities;
 import android.app.Activity;
 import android.graphics.Bitmap;
 import android.net.Uri;
+import android.view.View;
 import java.io.File;
 import java.util.concurrent.BlockingQueue;
 import java.util.concurrent.CompletableFuture;
@@ -13,14 +14,17 @@ import java.util.concurrent.CountDownLatch;
 import java.util.concurrent.LinkedBlockingQueue;
 import org.junit.Test;
 
-/** The player of the docs plays a clip. Its picture after a second is kept. */
+/** A player of the docs or the samples plays a clip. Its picture after a second is kept. */
 public class PlayerPageTest {
     @Test
     public void plays() throws Exception {
         Activity player =
-                (Activity) Class.forName("MovieActivity").getDeclaredConstructor().newInstance();
+                (Activity)
+                        Class.forName(System.getProperty("vorn.player", "MovieActivity"))
+                                .getDeclaredConstructor()
+                                .newInstance();
         Uri clip = Uri.fromFile(new File(System.getProperty("vorn.clip")));
-        VornVideoView view = Activities.start(player, clip);
+        VideoPlayer view = (VideoPlayer) Activities.<View>start(player, clip);
         CountDownLatch second = new CountDownLatch(25);
         view.setFrameListener(timeUs -> second.countDown());
         second.await();

@@ -10,6 +10,7 @@ import android.app.Activity;
 import android.graphics.Bitmap;
 import android.hardware.camera2.Cameras;
 import android.net.Uri;
+import android.opengl.GLSurfaceView;
 import android.view.MotionEvent;
 import android.view.View;
 import android.widget.Toasts;
@@ -19,15 +20,16 @@ import java.util.concurrent.CountDownLatch;
 import org.junit.After;
 import org.junit.Test;
 
-/** The screens of the sample, unchanged. What the last two show is kept. */
+/** The screens of the sample and the ten steps of the docs. What camera and stickers show is kept. */
 public class SampleTest {
+    private static final String SAMPLE = "org.vornrenderer.sample.";
     private static final int CAMERA_WIDTH = 1280;
     private static final int CAMERA_HEIGHT = 720;
 
     private Activity activity;
 
     private <T extends View> T start(String name) throws ReflectiveOperationException {
-        Class<?> type = Class.forName("org.vornrenderer.sample." + name);
+        Class<?> type = Class.forName(name);
         activity = (Activity) type.getDeclaredConstructor().newInstance();
         return Activities.start(activity, null);
     }
@@ -44,7 +46,7 @@ public class SampleTest {
 
     @Test
     public void leadsToThreeScreens() throws Exception {
-        start("StartActivity");
+        start(SAMPLE + "StartActivity");
         for (String button : new String[] {"file", "camera", "stickers"}) {
             assertTrue(button, find(button).performClick());
         }
@@ -53,7 +55,7 @@ public class SampleTest {
 
     @Test
     public void playsTheFileThatIsPicked() throws Exception {
-        start("PlayerActivity");
+        start(SAMPLE + "PlayerActivity");
         find("open").performClick();
         assertNotNull(Activities.started(activity));
         View view = find("video");
@@ -70,12 +72,12 @@ public class SampleTest {
 
     @Test
     public void showsTheCameraThroughAnOval() throws Exception {
-        VornVideoView view = start("CameraActivity");
+        VornVideoView view = start(SAMPLE + "CameraActivity");
         CountDownLatch shown = new CountDownLatch(1);
         view.setFrameListener(timeUs -> shown.countDown());
         Producer.post(Cameras.target(), street(), 0);
         shown.await();
-        Bitmap screen = Screens.of(view);
+        Bitmap screen = Screens.of(view::queueEvent);
         assertEquals(0xFF000000, screen.getPixel(2, 2));
         assertEquals(0xFF, screen.getPixel(Screens.WIDTH / 2, Screens.HEIGHT / 4) & 0xFF, 40);
         Screens.save(screen, "view-camera.png");
@@ -100,19 +102,31 @@ public class SampleTest {
 
     @Test
     public void stickersFollowTheFinger() throws Exception {
-        VornTextureView view = start("StickerActivity");
+        VornTextureView view = start(SAMPLE + "StickerActivity");
         Sticker balloon = view.stickerAt(144, 128);
         touch(view, 0, MotionEvent.ACTION_DOWN, 144, 128);
         touch(view, 10, MotionEvent.ACTION_MOVE, 164, 158);
         touch(view, 20, MotionEvent.ACTION_UP, 164, 158);
         assertEquals(164, balloon.x(), 0);
-        Bitmap screen = Screens.of(view);
+        Bitmap screen = Screens.of(view::queueEvent);
         while (screen.getPixel(164, 158) != 0xFFF0C020) { // Until it is drawn.
             Thread.sleep(20);
-            screen = Screens.of(view);
+            screen = Screens.of(view::queueEvent);
         }
         assertEquals(0xC0, screen.getPixel(Screens.WIDTH - 3, 2) & 0xFF, 8);
         Screens.save(screen, "view-stickers.png");
+    }
+
+    @Test
+    public void tenStepsDrawFrames() throws Exception {
+        GLSurfaceView view = start("MainActivity");
+        int color = 0;
+        while ((color & 0xFF) == 0) { // Until a frame is drawn.
+            Thread.sleep(20);
+            color = Screens.of(view::queueEvent).getPixel(Screens.WIDTH / 2, Screens.HEIGHT / 4);
+        }
+        assertEquals(0x80, color & 0xFF);
+        assertEquals(Screens.HEIGHT / 2, color >> 8 & 0xFF, 2); // The frame is twice as high.
     }
 
     private static void touch(View view, long timeMs, int action, float x, float y) {

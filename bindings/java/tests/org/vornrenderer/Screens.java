@@ -7,6 +7,7 @@ import java.io.File;
 import java.io.IOException;
 import java.nio.ByteBuffer;
 import java.util.concurrent.CompletableFuture;
+import java.util.function.Consumer;
 import javax.imageio.ImageIO;
 
 /** What is on the screen. */
@@ -16,16 +17,17 @@ final class Screens {
 
     private Screens() {}
 
-    /** All that a view of an activity shows, with what lies over the picture. */
-    static Bitmap of(PictureView view) throws Exception {
+    /** All that the view of an activity shows, by what puts events on its GL thread. */
+    static Bitmap of(Consumer<Runnable> glThread) throws Exception {
         CompletableFuture<Bitmap> taken = new CompletableFuture<>();
-        view.queueEvent(() -> taken.complete(read()));
+        glThread.accept(() -> taken.complete(read()));
         return taken.get();
     }
 
     /** GL's first row is at the bottom. */
     private static Bitmap read() {
         ByteBuffer pixels = ByteBuffer.allocateDirect(WIDTH * HEIGHT * 4);
+        GLES20.glBindFramebuffer(GLES20.GL_FRAMEBUFFER, 0);
         for (int y = 0; y < HEIGHT; ++y) {
             ByteBuffer row = pixels.position((HEIGHT - 1 - y) * WIDTH * 4).slice();
             GLES20.glReadPixels(
