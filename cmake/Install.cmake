@@ -21,6 +21,11 @@ foreach(header IN LISTS VORN_PUBLIC_HEADERS)
   install(FILES ${header} DESTINATION ${VORN_INCLUDE_DIR}/${folder} COMPONENT dev)
 endforeach()
 
+install(FILES docs/examples/example/Scene.h DESTINATION ${VORN_INCLUDE_DIR}/example COMPONENT dev)
+if(VORN_BUILD_PLATFORM)
+  install(FILES docs/examples/example/Clip.h DESTINATION ${VORN_INCLUDE_DIR}/example COMPONENT dev)
+endif()
+
 include(CMakePackageConfigHelpers)
 set(GENERATED ${PROJECT_BINARY_DIR}/package)
 configure_package_config_file(packaging/vornrendererConfig.cmake.in
