@@ -13,4 +13,9 @@ public final class GlThreads {
             EGL14.contextIsLost = true;
         }
     }
+
+    /** New contexts fail, as on a device without OpenGL ES 3. */
+    public static void refuseContexts(boolean refuse) {
+        EGL14.configIsMissing = refuse;
+    }
 }

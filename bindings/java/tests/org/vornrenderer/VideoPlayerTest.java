@@ -255,12 +255,24 @@ public class VideoPlayerTest {
         assertFailure(RendererException.Reason.DECODER_RECLAIMED);
         view.play(clip("bars.mp4"));
         awaitPicture(3);
+        if (view instanceof VornTextureView) { // The other view's thread is Android's.
+            GlThreads.refuseContexts(true);
+            GlThreads.loseContext(asView());
+            assertReason(RendererException.Reason.NO_CONTEXT);
+            GlThreads.refuseContexts(false);
+            layOut(WIDTH, HEIGHT);
+            awaitPicture(4);
+        }
+    }
+
+    private void assertReason(RendererException.Reason reason) throws InterruptedException {
+        Exception error = errors.poll(PATIENCE_S, TimeUnit.SECONDS);
+        assertEquals(reason, ((RendererException) error).reason());
     }
 
     private void assertFailure(RendererException.Reason reason) throws InterruptedException {
         view.play(clip("bars.mp4"));
-        Exception error = errors.poll(PATIENCE_S, TimeUnit.SECONDS);
-        assertEquals(reason, ((RendererException) error).reason());
+        assertReason(reason);
         assertFalse(view.isPlaying());
     }
 

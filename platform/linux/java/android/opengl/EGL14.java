@@ -32,6 +32,9 @@ public class EGL14 {
     /** The next swap of any thread finds its context lost. */
     static volatile boolean contextIsLost;
 
+    /** There is no kind of surfaces for OpenGL ES 3. */
+    static volatile boolean configIsMissing;
+
     private static final ThreadLocal<Integer> error = ThreadLocal.withInitial(() -> EGL_SUCCESS);
 
     private static boolean fail(int code) {
@@ -60,7 +63,7 @@ public class EGL14 {
     public static boolean eglChooseConfig(
             EGLDisplay dpy, int[] attrib_list, int attrib_listOffset, EGLConfig[] configs,
             int configsOffset, int config_size, int[] num_config, int num_configOffset) {
-        long config = nativeConfig(dpy.handle, attrib_list);
+        long config = configIsMissing ? 0 : nativeConfig(dpy.handle, attrib_list);
         num_config[num_configOffset] = config == 0 ? 0 : 1;
         configs[configsOffset] = new EGLConfig(config);
         return true;
