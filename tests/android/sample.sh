@@ -52,7 +52,7 @@ check() { node "$source/tests/android/check_api.mjs" "$list" "$level" "$@"; }
 list=$("$source/scripts/android-types")
 unzip -q "$platform" '*.class' -d "$work/platform"
 # The kit asks for these from their API level on.
-check "$work/platform" isReleased StateDescription "int R" DataSpace
+check "$work/platform" isReleased StateDescription "int R" "int TIRAMISU" DataSpace
 compile "$main/java" "$work/java"
 [ -f "$work/classes/${activity//.//}.class" ] || {
     echo "FAILED: the manifest starts $activity, which is no class of the sample" >&2

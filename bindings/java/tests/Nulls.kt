@@ -7,6 +7,7 @@ fun nulls(renderer: VideoRenderer, builder: VideoRenderer.Builder, unit: ByteBuf
     val mask: PixelLayout = renderer.maskLayout() // refused
     val reason: RendererException.Reason = renderer.decoderState().failure // refused
     renderer.draw(null, null)
+    renderer.drawTexture(1, null)
     renderer.queueUnit(unit) // refused
     renderer.queueUnit(unit, 0, VideoRenderer.UNIT_CONFIG) // refused
     builder.mask(null, 1, 1) // refused

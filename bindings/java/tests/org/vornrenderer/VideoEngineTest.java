@@ -180,6 +180,11 @@ public class VideoEngineTest extends EngineTest {
             assertEquals(new Color(50, 127, 0), pixel(drawn, 9, 7)); // Multiplied by its alpha.
             assertEquals(Color.WHITE, pixel(drawn, 10, 8));
             assertEquals(LEFT, pixel(drawn, BORDER + WIDTH - 2, 8));
+            Bitmap captured = engine.captureScreen();
+            for (int y = 0; y < HEIGHT; ++y) {
+                assertEquals(drawn.getRGB(9, y), captured.getPixel(9, y));
+                assertEquals(drawn.getRGB(70, y), captured.getPixel(70, y));
+            }
             loseContext();
         }
         assertSame(above, engine.stickerAt(10.5F, 8.5F));

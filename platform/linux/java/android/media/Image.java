@@ -17,8 +17,6 @@ public abstract class Image implements AutoCloseable {
         public abstract ByteBuffer getBuffer();
     }
 
-    private static final int DATA_SPACE_LEVEL = 33;
-
     Image() {}
 
     public abstract int getFormat();
@@ -39,7 +37,7 @@ public abstract class Image implements AutoCloseable {
 
     /** @throws NoSuchMethodError before API level 33 */
     public int getDataSpace() {
-        if (Build.VERSION.SDK_INT < DATA_SPACE_LEVEL) {
+        if (Build.VERSION.SDK_INT < Build.VERSION_CODES.TIRAMISU) {
             throw new NoSuchMethodError("getDataSpace");
         }
         return 0;

@@ -10,5 +10,6 @@ public class Build {
     /** Names of versions. */
     public static class VERSION_CODES {
         public static final int R = 30;
+        public static final int TIRAMISU = 33;
     }
 }

@@ -14,8 +14,6 @@ enum ImageColors {
     BT709(0.2126F, 0.0722F),
     BT2020(0.2627F, 0.0593F);
 
-    private static final int DATA_SPACE_LEVEL = 33;
-
     /** V in red, U in green, V in green, U in blue, for luma and chroma of the same scale. */
     final float vInRed;
     final float uInGreen;
@@ -32,7 +30,7 @@ enum ImageColors {
 
     @NotNull
     static ImageColors of(@NotNull Image image) {
-        if (Build.VERSION.SDK_INT < DATA_SPACE_LEVEL) {
+        if (Build.VERSION.SDK_INT < Build.VERSION_CODES.TIRAMISU) {
             return BT601;
         }
         switch (DataSpace.getStandard(image.getDataSpace())) {
@@ -47,7 +45,7 @@ enum ImageColors {
     }
 
     static boolean hasFullRange(@NotNull Image image) {
-        return Build.VERSION.SDK_INT < DATA_SPACE_LEVEL
+        return Build.VERSION.SDK_INT < Build.VERSION_CODES.TIRAMISU
                 || DataSpace.getRange(image.getDataSpace()) != DataSpace.RANGE_LIMITED;
     }
 }

@@ -50,6 +50,9 @@ public final class VideoEngine extends SourceEngine {
 
     private final Listener listener;
     private final Painter painter = new Painter();
+    private final Capture capture = new Capture(painter);
+    private int screenWidth;
+    private int screenHeight;
 
     /**
      * An engine that shows nothing.
@@ -81,6 +84,8 @@ public final class VideoEngine extends SourceEngine {
             Painter.clear(look.borderColor);
             return;
         }
+        screenWidth = width;
+        screenHeight = height;
         prepareMask();
         boolean isNew = false;
         try {
@@ -133,7 +138,20 @@ public final class VideoEngine extends SourceEngine {
     @Nullable
     public Bitmap capture() {
         Picture picture = source == null ? null : source.picture();
-        return picture == null ? null : Capture.take(picture, painter, look.mask.isShown());
+        return picture == null ? null : capture.take(picture, look.mask.isShown());
+    }
+
+    /**
+     * The screen as it was drawn last: picture, mask, stickers and borders.
+     *
+     * @return null before the first draw
+     */
+    @Nullable
+    public Bitmap captureScreen() {
+        if (screenWidth == 0 || suspended) {
+            return null;
+        }
+        return capture.take(screenWidth, screenHeight, () -> paint(screenWidth, screenHeight));
     }
 
     /** Frees everything but what is needed to continue with {@link #wake}. */

@@ -213,6 +213,19 @@ public interface VideoPlayer extends PictureView {
     }
 
     /**
+     * Takes what the view shows: the picture with mask, stickers and borders.
+     *
+     * @param taker gets it on the UI thread, or null before the view was drawn
+     */
+    default void captureScreen(@NotNull Consumer<Bitmap> taker) {
+        queueEvent(
+                () -> {
+                    Bitmap screen = engine().captureScreen();
+                    post(() -> taker.accept(screen));
+                });
+    }
+
+    /**
      * Is told why a clip or picture cannot be shown, or not any further, or why a mask or stickers
      * cannot.
      *
