@@ -221,6 +221,16 @@ bool CommandLine::Parse(int argc, char** argv) {
     }
 }
 
+std::vector<std::pair<std::string, std::vector<std::string>>> CommandLine::Given() const {
+    std::vector<std::pair<std::string, std::vector<std::string>>> given;
+    for (const CLI::Option* option : parser_->app.get_options()) {
+        if (option->count() > 0) {
+            given.emplace_back(option->get_name(), option->results());
+        }
+    }
+    return given;
+}
+
 Size ParseSize(const std::string& text) {
     constexpr int kLargest = 16384;
     Size size;

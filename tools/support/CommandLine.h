@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/Image.h"
@@ -62,6 +63,9 @@ public:
     /// \return false if the user asked for one of these, or for --version, which was printed
     /// \throws ToolError on bad arguments
     bool Parse(int argc, char** argv);
+
+    /// The options and arguments that were given, in the order of the help, with their values.
+    std::vector<std::pair<std::string, std::vector<std::string>>> Given() const;
 
 private:
     struct Parser;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 
@@ -52,6 +53,20 @@ std::pair<int, int> ParsePosition(const std::string& text) {
     constexpr double kFarthest = 1e6;
     const auto [x, y] = ParseNumbers<2>(text, -kFarthest, kFarthest);
     return {static_cast<int>(x), static_cast<int>(y)};
+}
+
+PartNumber ParsePart(const std::string& text) {
+    constexpr int kMost = 10000;
+    PartNumber part;
+    int used = 0;
+    // NOLINTNEXTLINE(cert-err34-c): %n and the range show what sscanf would let pass.
+    const int fields = std::sscanf(text.c_str(), "%5d/%5d%n", &part.number, &part.count, &used);
+    if (fields != 2 || static_cast<size_t>(used) != text.size() || part.count > kMost ||
+        part.number < 1 || part.number > part.count) {
+        throw ToolError(text + " is no part K/N, from 1/N to N/N, of " + std::to_string(kMost) +
+                        " at most");
+    }
+    return part;
 }
 
 Backdrop ParseBackdrop(const std::string& text) {

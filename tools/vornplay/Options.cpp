@@ -8,6 +8,7 @@
 #include "OutputGuard.h"
 #include "Version.h"
 #include "export/Output.h"
+#include "parts/PartOptions.h"
 #include "support/CommandLine.h"
 #include "support/ToolError.h"
 
@@ -45,6 +46,7 @@ constexpr char kStatusNote[] =
     "  0    done\n"
     "  1    the input is broken, and was drawn as far as it decodes\n"
     "  2    nothing could be done, or the output could not be written\n"
+    "  3    the clip cannot be cut into parts\n"
     "  130  stopped by Ctrl-C; the output has the frames so far";
 
 void AddInputOptions(CommandLine& line, Options& options) {
@@ -141,7 +143,7 @@ void AddOutputOptions(CommandLine& line, Options& options) {
         "The kind of FILE, if its ending does not say (default of stdout: mkv)", "KIND");
     line.Choice(
         "--codec", [&encoding](const std::string& text) { encoding.codec = text; },
-        {"h264", "h265", "vp9"}, "Codec of mp4 and mkv (default: h264)");
+        {"h264", "h265", "vp9", "ffv1"}, "Codec of mp4 and mkv (default: h264)");
     line.Option("--crf", encoding.crf, WholeIn(0, 63), "N",
                 "Quality of mp4, mkv and webm, 0 the best (default: 18)");
     line.Choice(
@@ -213,6 +215,7 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
     AddStickerOptions(line, options);
     AddViewOptions(line, options, script);
     AddOutputOptions(line, options);
+    AddPartOptions(line, options);
     AddNotes(line);
     if (!line.Parse(argc, argv)) {
         return std::nullopt;
@@ -231,5 +234,6 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
         ReadScriptInto(options, script);
     }
     CheckIsNoInput(options.out, options.sticker, "sticker");
+    options.given = OptionsOfPictures(line);
     return options;
 }

@@ -7,6 +7,7 @@
 
 #include "Script.h"
 #include "export/Encoding.h"
+#include "parts/PartRange.h"
 #include "render/VEStickerList.h"
 #include "support/Backdrop.h"
 #include "support/Image.h"
@@ -47,6 +48,9 @@ struct Options {
     Backdrop backdrop;
 
     Encoding encoding;
+    std::optional<PartNumber> part;  ///< None: the whole clip.
+    /// The options that decide how pictures look, as they were given; for parts.
+    std::vector<std::string> given;
     bool overwrite = false;
     bool noWindow = false;
     bool json = false;

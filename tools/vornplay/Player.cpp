@@ -12,35 +12,67 @@
 
 namespace {
 
-std::optional<Output> Open(const Options& options, const Stage& stage, const FrameClock& clock) {
+/// \param input the clip from its start, \param begin when the output begins in it, in seconds
+std::optional<Output> Open(const Options& options, const Stage& stage, const FrameClock& clock,
+                           const VideoFile& input, double begin) {
     if (options.out.empty()) {
         return std::nullopt;
     }
     const FrameSource& source = stage.Source();
     const Existing existing = options.overwrite ? Existing::kReplaced : Existing::kKept;
     return OpenOutput({options.out, options.format, existing, stage.FrameSize(), options.backdrop,
-                       source.File(), clock, source.Seconds(), source.IsToneMapped(),
-                       options.autorotate, options.encoding});
+                       input, clock, begin, source.IsToneMapped(), options.autorotate,
+                       options.encoding, options.part.has_value()});
+}
+
+std::optional<VideoFile> WholeFor(const Options& options, const PartRange& range) {
+    return range.isPart
+               ? std::optional(OpenInput(options, options.inputs.front(), options.startSeconds))
+               : std::nullopt;
 }
 
 }  // namespace
 
-Player::Player(const Options& options)
-    : Player(options, OpenInput(options, options.inputs.front(), options.startSeconds)) {}
+Player::Player(const Options& options, const PartRange& range)
+    : Player(options, range,
+             OpenInput(options, options.inputs.front(),
+                       range.isPart ? range.readSeconds : options.startSeconds)) {}
 
-Player::Player(const Options& options, VideoFile file)
-    : options_(options), current_(options), joined_(JoinInputs(options, file)) {
-    stage_.emplace(current_, std::move(file));
-    output_ = Open(options_, *stage_, joined_.clock);
+Player::Player(const Options& options, const PartRange& range, VideoFile file)
+    : options_(options),
+      current_(options),
+      range_(range),
+      whole_(WholeFor(options, range)),
+      joined_(JoinInputs(options, whole_.has_value() ? *whole_ : file)) {
+    stage_.emplace(current_, std::move(file), range_);
+    const int64_t begin = range_.isPart ? range_.begin : stage_->Source().Time();
+    output_ = Open(options_, *stage_, joined_.clock, Whole(),
+                   stage_->Source().Times().Clock().Seconds(begin));
     limit_ = output_.has_value() && output_->limit > 0 ? output_->limit : options.frames;
-    expected_ = Limited(joined_.expected);
-    shift_ = -Rescaled(stage_->Source().Time());
+    inAll_ = Limited(joined_.expected);
+    expected_ = Expected();
+    shift_ = -Rescaled(begin);
     if (output_.has_value()) {
         queue_.emplace(*output_->sink, stage_->FrameSize());
     }
-    if (options.viewTo.has_value() && expected_ == 0) {
+    if (options.viewTo.has_value() && inAll_ == 0) {
         throw ToolError(options.input + ": its length is not known; --view-to needs --frames here");
     }
+}
+
+const VideoFile& Player::Whole() const {
+    return whole_.has_value() ? *whole_ : stage_->Source().File();
+}
+
+int64_t Player::Expected() const {
+    const int64_t frame = stage_->Source().Times().Clock().frame;
+    const int64_t end = range_.to != PartRange::kEnd ? range_.to : range_.begin + inAll_ * frame;
+    return range_.isPart && inAll_ > 0 ? std::max<int64_t>(0, (end - range_.from) / frame) : inAll_;
+}
+
+/// Parts that do not begin with the file cannot know what was repaired before.
+bool Player::IsWronglyCut() const {
+    return range_.isPart && !range_.IsAll() && stage_->Source().Times().Repaired() > 0;
 }
 
 /// How many of these frames will be drawn, as far as that is known.
@@ -58,13 +90,19 @@ int64_t Player::Limited(int64_t available) const {
 int Player::Play() {
     ReportAudio();
     DrawAll();
+    if (IsWronglyCut()) {
+        std::cerr << "vornplay: " << options_.input
+                  << ": its time stamps are missing or step back, so that it cannot be cut; leave "
+                     "out --part\n";
+        return kExitUncuttable;
+    }
     if (output_.has_value() && out_ > 0) {
         queue_->Finish();
         output_->sink->Finish(stopped_ || over_ || out_ == limit_);
         Remark(output_->sink->Remark());
     }
     const int status = Report();
-    if (output_.has_value() && out_ > 0) {
+    if (output_.has_value() && Keeps()) {
         output_->sink->Commit();
     }
     return status;
@@ -88,7 +126,7 @@ void Player::ReportAudio() const {
 
 void Player::DrawAll() {
     Progress progress(options_.quiet, expected_);
-    for (bool more = true; more; more = out_ != limit_ && NextFrame() && !IsOver()) {
+    for (bool more = !IsOver(); more; more = out_ != limit_ && NextFrame() && !IsOver()) {
         stopped_ = Interrupted();
         if (stopped_) {
             return;
@@ -129,8 +167,10 @@ void Player::OpenNext() {
 
 bool Player::IsOver() {
     constexpr double kTimeTolerance = 0.001;
-    over_ = options_.durationSeconds > 0.0 &&
-            joined_.clock.Seconds(Time()) > options_.durationSeconds - kTimeTolerance;
+    const bool enough = options_.durationSeconds > 0.0 &&
+                        joined_.clock.Seconds(Time()) > options_.durationSeconds - kTimeTolerance;
+    const int64_t time = stage_->Source().Time();
+    over_ = enough || time >= range_.to || time < range_.from;
     return over_;
 }
 
@@ -160,8 +200,9 @@ void Player::DrawFrame() {
 void Player::SetShot() {
     if (options_.script.has_value()) {
         stage_->NextShot() = ShotAt(options_.script->keyframes, joined_.clock.Seconds(time_));
-    } else if (options_.viewTo.has_value() && expected_ > 1) {
-        const double progress = static_cast<double>(out_) / static_cast<double>(expected_ - 1);
+    } else if (options_.viewTo.has_value() && inAll_ > 1) {
+        const double progress =
+            static_cast<double>(range_.earlier + out_) / static_cast<double>(inAll_ - 1);
         stage_->NextShot().view =
             Between(options_.view.value_or(kFitView), *options_.viewTo, std::min(progress, 1.0));
     }
@@ -178,7 +219,7 @@ void Player::ReportStop() const {
     }
     std::cerr << " frames, at " << std::fixed << std::setprecision(2) << SecondsDrawn() << " s";
     if (output_.has_value()) {
-        std::cerr << "; " << options_.out << (out_ > 0 ? " holds them" : " was not written");
+        std::cerr << "; " << options_.out << (Keeps() ? " holds them" : " was not written");
     }
     std::cerr << '\n';
 }

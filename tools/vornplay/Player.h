@@ -17,13 +17,28 @@
 class Player {
 public:
     /// Opens everything that the options name. \throws ToolError, OffscreenError
-    explicit Player(const Options& options);
+    /// \param range what to draw: all, or a part
+    explicit Player(const Options& options, const PartRange& range = {});
 
-    /// Plays to the end. \return an ExitStatus
+    /// Plays to the end. A part that is stopped is not kept. \return an ExitStatus
+    /// \throws ToolError
     int Play();
 
+    const FrameSource& Source() const { return stage_->Source(); }
+    /// When the last frame that was drawn ends, in ticks from the beginning of the run.
+    int64_t End() const { return end_; }
+    /// The clip goes on after what was asked for.
+    bool IsCutShort() const { return over_; }
+    /// Of what was played.
+    const RunSummary& Summary() const { return summary_; }
+
 private:
-    Player(const Options& options, VideoFile file);
+    Player(const Options& options, const PartRange& range, VideoFile file);
+    const VideoFile& Whole() const;
+    int64_t Expected() const;
+    bool IsWronglyCut() const;
+    /// A part that is stopped must not be taken for a whole one.
+    bool Keeps() const { return out_ > 0 && !(stopped_ && range_.isPart); }
     int64_t Limited(int64_t available) const;
     void Remark(const std::string& remark) const;
     void ReportAudio() const;
@@ -44,11 +59,14 @@ private:
     Options current_;  ///< With the input that is played.
     std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
     OffscreenContext context_;
+    PartRange range_;
+    std::optional<VideoFile> whole_;  ///< Of a part: the clip from its start, which is not read.
     JoinedInputs joined_;
     std::optional<Stage> stage_;
     std::optional<Output> output_;
     std::optional<FrameQueue> queue_;  ///< To the output.
     int64_t limit_ = 0;                ///< Frames to draw at most; 0 for all.
+    int64_t inAll_ = 0;                ///< Frames of all parts; 0 if not known.
     int64_t expected_ = 0;             ///< Frames that will be drawn; 0 if not known.
     size_t played_ = 1;                ///< Inputs up to the one that is played.
     // Times are in ticks of the joined inputs' clock, from the first frame on.
@@ -59,6 +77,6 @@ private:
     int64_t outBefore_ = 0;  ///< By the inputs before.
     RunSummary summary_;     ///< Of the inputs before.
     bool broken_ = false;    ///< An input is.
-    bool over_ = false;      ///< The duration that was asked for is drawn.
+    bool over_ = false;      ///< The duration or the part that was asked for is drawn.
     bool stopped_ = false;   ///< By the user, before the end.
 };

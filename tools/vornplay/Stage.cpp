@@ -34,9 +34,10 @@ double LastSeconds(const VideoFile& file) {
 
 }  // namespace
 
-Stage::Stage(const Options& options, VideoFile file)
+Stage::Stage(const Options& options, VideoFile file, const PartRange& range)
     : options_(options),
       sticker_(LoadSticker(options)),
+      range_(range),
       java_(JavaFor(file, options)),
       shot_{options.view.value_or(kFitView), options.mirror, false, options.positions},
       lastSeconds_(LastSeconds(file)) {
@@ -71,10 +72,12 @@ void Stage::Open(VideoFile file) {
     if (!Next()) {
         throw ToolError(none);
     }
+    while (source_->Time() < range_.from && Next()) {
+    }
 }
 
 std::unique_ptr<FrameSource> Stage::MakeSource(VideoFile file) {
-    const auto nextMask = [this] { return mask_.has_value() ? mask_->Next() : nullptr; };
+    const auto nextMask = [this] { return NextMask(); };
     RendererSettings settings = Settings(file);
     if (java_ == nullptr) {
         return std::make_unique<PixelSource>(std::move(file), std::move(settings), nextMask);
@@ -90,9 +93,15 @@ void Stage::OpenMask(const VideoFile& file) {
     mask_.reset();
     if (!options_.mask.empty()) {
         const double seconds = file.StartSeconds() - options_.startSeconds;
-        const auto first = std::llround(seconds * av_q2d(file.FrameRate()));
+        const auto first =
+            range_.isPart ? range_.earlier : std::llround(seconds * av_q2d(file.FrameRate()));
         mask_.emplace(options_.mask, options_.maskSize, options_.rgbMask, first);
     }
+}
+
+/// Frames before the range are not drawn.
+uint8_t* Stage::NextMask() {
+    return mask_.has_value() && source_->Time() >= range_.from ? mask_->Next() : nullptr;
 }
 
 RendererSettings Stage::Settings(const VideoFile& file) const {

@@ -13,8 +13,8 @@
 /// the user or a script changes while it runs. Needs a current GL context.
 class Stage {
 public:
-    /// Takes the first frame. \param file the input of \p options. \throws ToolError
-    Stage(const Options& options, VideoFile file);
+    /// Takes the first frame of a range. \param file the input of \p options. \throws ToolError
+    Stage(const Options& options, VideoFile file, const PartRange& range = {});
 
     /// Takes the next frame. \return false after the last one. \throws ToolError
     bool Next() { return source_->Next(); }
@@ -47,10 +47,12 @@ private:
     void Open(VideoFile file);
     void OpenAt(double seconds);
     void OpenMask(const VideoFile& file);
+    uint8_t* NextMask();
     std::unique_ptr<FrameSource> MakeSource(VideoFile file);
 
     const Options& options_;
     std::optional<Image> sticker_;
+    PartRange range_;
     JavaVM* java_;
     Shot shot_;
     double lastSeconds_;  ///< When the last frame is shown; 0 if not known.

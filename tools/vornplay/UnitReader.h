@@ -10,7 +10,7 @@ extern "C" {
 #include <memory>
 
 /// Reads the access units of a file in the form that platform decoders take: H.264 with start
-/// codes, and with parameter sets before key frames; JPEG pictures unchanged.
+/// codes, and with parameter sets in the first one and before key frames; JPEG pictures unchanged.
 class UnitReader {
 public:
     /// \throws ToolError
@@ -25,7 +25,10 @@ private:
         void operator()(AVBSFContext* filter) const { av_bsf_free(&filter); }
     };
 
+    void AddParameterSets();
+
     VideoFile& file_;
     std::unique_ptr<AVBSFContext, FreeFilter> filter_;
     LibavPtr<AVPacket> unit_{av_packet_alloc()};
+    bool started_ = false;
 };

@@ -39,10 +39,13 @@ std::string GlText() {
 
 }  // namespace
 
+std::string CodecVersions() {
+    return std::string("vornplay and libvornrenderer " VORN_VERSION "\nlibavcodec ") +
+           Dotted(avcodec_version()) + ", libavformat " + Dotted(avformat_version());
+}
+
 std::string VersionText() {
     std::ostringstream text;
-    text << "vornplay and libvornrenderer " << VORN_VERSION << "\nlibavcodec "
-         << Dotted(avcodec_version()) << ", libavformat " << Dotted(avformat_version())
-         << "\nencoders: " << Encoders() << "\nGL: " << GlText();
+    text << CodecVersions() << "\nencoders: " << Encoders() << "\nGL: " << GlText();
     return text.str();
 }

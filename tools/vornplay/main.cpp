@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <iostream>
+#include <string_view>
 
 #include "Interrupt.h"
 #include "LogSink.h"
@@ -9,6 +10,8 @@
 #include "OutputGuard.h"
 #include "Player.h"
 #include "RunSummary.h"
+#include "parts/Join.h"
+#include "parts/PartRun.h"
 #include "support/RunTool.h"
 #include "window/WindowPlayer.h"
 
@@ -31,7 +34,7 @@ int Play(Options& options) {
     CatchInterrupts();  // With a window, SDL catches them.
     try {
         CheckReplaces(options);
-        return Player(options).Play();
+        return options.part.has_value() ? PlayPart(options) : Player(options).Play();
     } catch (const std::exception& error) {
         if (options.json) {
             std::cout << FailureToJson(options.inputs, options.out, error.what()) << std::endl;
@@ -51,6 +54,9 @@ int Run(int argc, char** argv) {
     if (argc == 1) {
         std::cout << kShortHelp;
         return kExitBadInput;
+    }
+    if (argc > 1 && std::string_view(argv[1]) == "--join") {
+        return Join(argc, argv);
     }
     std::optional<Options> options = ParseOptions(argc, argv);
     if (!options.has_value()) {

@@ -22,6 +22,7 @@ struct OutputSettings {
     bool toneMapped;         ///< The frames have the colors of BT.709, not the input's.
     bool turned;             ///< The frames were turned by the input's display matrix.
     Encoding encoding;
+    bool isPart = false;  ///< It will be joined with others; then the audio is copied.
 };
 
 /// What becomes of the input's audio tracks, by the names of their codecs.

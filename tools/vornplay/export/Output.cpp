@@ -67,6 +67,12 @@ Output OpenOutput(const OutputSettings& settings) {
     return output;
 }
 
+bool TakesParts(const std::string& path) {
+    const std::string extension = Extension(path);
+    return extension == ".mp4" || extension == ".mkv" || extension == ".webm" ||
+           (extension == ".png" && NumberedPath::IsPattern(path));
+}
+
 const char* Words(OutputAlpha alpha) {
     switch (alpha) {
         case OutputAlpha::kKept: return "kept";

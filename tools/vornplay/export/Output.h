@@ -17,6 +17,9 @@ struct Output {
 /// Opens an output of the kind that the extension of its path names. \throws ToolError
 Output OpenOutput(const OutputSettings& settings);
 
+/// Whether files of this kind can be joined from parts.
+bool TakesParts(const std::string& path);
+
 /// What becomes of alpha, in words.
 const char* Words(OutputAlpha alpha);
 

@@ -9,7 +9,8 @@ void PngWriter::Write(Image& frame, int64_t /*time*/) {
 }
 
 void PngSequence::Write(Image& frame, int64_t time) {
-    varies_ = varies_ || time != number_ * clock_.frame;
+    begin_ = number_ == 0 ? time : begin_;
+    varies_ = varies_ || time - begin_ != number_ * clock_.frame;
     const std::string path = path_.At(++number_);
     if (number_ == 1) {
         CreateDirectoryOf(path);

@@ -37,4 +37,5 @@ private:
     FrameClock clock_;
     bool varies_ = false;  ///< The frames do not come at a constant rate.
     int number_ = 0;
+    int64_t begin_ = 0;  ///< The time of the first frame.
 };

@@ -20,13 +20,22 @@ VideoCoding CodingOf(const std::string& codec) {
                 AV_PIX_FMT_YUV420P,
                 {{"crf", "18"}, {"deadline", "good"}, {"cpu-used", "4"}, {"lag-in-frames", "0"}}};
     }
+    if (codec == "ffv1") {
+        return {AV_CODEC_ID_FFV1, "ffv1", AV_PIX_FMT_BGRA, {}};
+    }
     if (codec == "h265") {
         return {AV_CODEC_ID_HEVC,
                 "libx265",
                 AV_PIX_FMT_YUV420P,
-                {{"crf", "18"}, {"preset", "fast"}, {"x265-params", "log-level=none"}}};
+                // Without its settings in the stream, which name the processor.
+                {{"crf", "18"}, {"preset", "fast"}, {"x265-params", "log-level=none:info=0"}}};
     }
     return {AV_CODEC_ID_H264, "libx264", AV_PIX_FMT_YUV420P, {{"crf", "18"}, {"preset", "fast"}}};
+}
+
+bool Has(const VideoCoding& coding, const char* option) {
+    return std::any_of(coding.options.begin(), coding.options.end(),
+                       [option](const auto& entry) { return entry.first == option; });
 }
 
 /// What the user chose instead of the usual.
@@ -36,8 +45,11 @@ VideoCoding Chosen(const VideoFormat& format, const OutputSettings& settings) {
     if (!encoding.codec.empty() && CodingOf(encoding.codec).codec != coding.codec) {
         coding = CodingOf(encoding.codec);
     }
-    if (!encoding.preset.empty() && coding.codec == AV_CODEC_ID_VP9) {
-        throw ToolError(settings.path + ": vp9 has no --preset");
+    if (!encoding.preset.empty() && !Has(coding, "preset")) {
+        throw ToolError(settings.path + ": " + avcodec_get_name(coding.codec) + " has no --preset");
+    }
+    if (encoding.crf >= 0 && !Has(coding, "crf")) {
+        throw ToolError(settings.path + ": " + avcodec_get_name(coding.codec) + " has no --crf");
     }
     for (auto& [name, value] : coding.options) {
         if (name == "crf" && encoding.crf >= 0) {
@@ -71,6 +83,16 @@ AVCodecParameters ColorsOf(const OutputSettings& settings) {
     return colors;
 }
 
+/// A part of an MP4 begins later than at 0. The header counts that time in thousandths, unless it
+/// is told otherwise.
+LibavOptions MuxingOf(const VideoFormat& format, const OutputSettings& settings, bool streams) {
+    LibavOptions options = streams ? format.streaming : format.muxing;
+    if (settings.isPart && format.container == std::string("mp4")) {
+        options.emplace_back("movie_timescale", std::to_string(settings.clock.tick.den));
+    }
+    return options;
+}
+
 /// Repeats the last column and the last row.
 void Pad(const Image& frame, Image& padded) {
     for (int y = 0; y < padded.size.height; ++y) {
@@ -88,6 +110,7 @@ void Pad(const Image& frame, Image& padded) {
 VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settings)
     : coding_(Chosen(format, settings)),
       backdrop_(settings.backdrop),
+      leavesAudio_(settings.isPart),
       size_(SizeFor(format, settings.size)),
       muxer_(settings.path, format.container, settings.existing),
       video_(Taking(muxer_, coding_), coding_, size_, settings.input.FrameRate(), settings.clock,
@@ -107,7 +130,7 @@ VideoWriter::VideoWriter(const VideoFormat& format, const OutputSettings& settin
         losesMatrix_ = !format.keepsMatrix;
     }
     lead_ = std::llround(audio_.Lead() / av_q2d(settings.clock.tick));
-    muxer_.Begin(muxer_.IsPipe() ? format.streaming : format.muxing);
+    muxer_.Begin(MuxingOf(format, settings, muxer_.IsPipe()));
 }
 
 std::string VideoWriter::Remark() const {
@@ -134,7 +157,9 @@ void VideoWriter::Write(Image& frame, int64_t time) {
     }
     converter_.Convert((padded_.has_value() ? *padded_ : frame).pixels.data(), *picture_);
     video_.Write(*picture_, time + lead_);
-    audio_.WriteUntil(video_.Seconds());
+    if (!leavesAudio_) {
+        audio_.WriteUntil(video_.Seconds());
+    }
 }
 
 void VideoWriter::Join(const VideoFile& input, int64_t time) {
@@ -142,10 +167,12 @@ void VideoWriter::Join(const VideoFile& input, int64_t time) {
 }
 
 void VideoWriter::Finish(bool cutShort) {
-    if (!cutShort) {
+    if (!cutShort && !leavesAudio_) {
         audio_.WriteRest();
     }
     video_.Finish();
-    audio_.Finish();
+    if (!leavesAudio_) {
+        audio_.Finish();
+    }
     muxer_.Finish();
 }

@@ -34,6 +34,7 @@ public:
 private:
     VideoCoding coding_;
     Backdrop backdrop_;
+    bool leavesAudio_;  ///< For the time when parts are joined.
     bool losesMatrix_ = false;
     Size size_;  ///< Of the pictures of the file.
     Muxer muxer_;
