@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <ctime>
 #include <numeric>
 #include <utility>
 
@@ -16,8 +15,19 @@ double SecondsOf(const Interleaved::Work& work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+double Seconds(const timeval& time) {
+    constexpr double kMicrosecond = 1e-6;
+    return static_cast<double>(time.tv_sec) + kMicrosecond * static_cast<double>(time.tv_usec);
+}
+
 double ProcessorSeconds() {
-    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+    double seconds = 0;
+    for (const auto who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
+        rusage usage = {};
+        getrusage(who, &usage);
+        seconds += Seconds(usage.ru_utime) + Seconds(usage.ru_stime);
+    }
+    return seconds;
 }
 
 /// Of the whole process, since threads of the driver also touch new pages.

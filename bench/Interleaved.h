@@ -21,8 +21,8 @@ public:
     double medianMilliseconds(size_t work) const;
     /// The time of \p work divided by that of \p reference, for each round; the median of that.
     double medianRatio(size_t work, size_t reference) const;
-    /// The same with the processor time of all threads of the process instead of the time that
-    /// passed. Other load hardly changes it.
+    /// The same with the processor time of the process and of the programs that it ran, instead of
+    /// the time that passed. Other load hardly changes it.
     double medianProcessorRatio(size_t work, size_t reference) const;
     /// Page faults of one run, on average.
     double meanPageFaults(size_t work) const;
