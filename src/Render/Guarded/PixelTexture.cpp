@@ -17,7 +17,7 @@ void SetTightRows() {
 }
 
 /// Four pixels at a time, in words of the platform's byte order, which is little-endian everywhere.
-/// On ARM, compilers make it loads of three and stores of four vectors.
+/// Clang for Android makes it loads of three and stores of four vectors.
 void WidenToRgba(const uint8_t* rgb, size_t pixels, uint8_t* rgba) {
     constexpr uint32_t kOpaque = 0xFF000000;
     const size_t blocks = pixels / 4;
