@@ -54,7 +54,7 @@ void AddInputOptions(CommandLine& line, Options& options) {
     line.Repeated(
         "INPUT", [&options](const std::string& text) { options.inputs.push_back(text); }, "",
         "A video, a picture, a sequence such as dir/%04d.png, a URL, or - for stdin; several are "
-        "played one after the other");
+        "joined");
     line.Require("INPUT");
     line.Group("Input");
     line.Flag("--rgb", options.rgb, "Hand the frames over as RGB");
@@ -189,11 +189,14 @@ void ReadScriptInto(Options& options, const std::string& path) {
     }
 }
 
-/// \throws ToolError for what does not work with pipes
-void CheckPipes(const Options& options) {
+/// \throws ToolError for what does not work with several inputs, or with pipes
+void CheckInputs(const Options& options) {
     const bool reads = std::count(options.inputs.begin(), options.inputs.end(), "-") > 0;
     if (reads && options.inputs.size() > 1) {
         throw ToolError("-: stdin goes with no other input");
+    }
+    if (options.inputs.size() > 1 && options.WantsWindow()) {
+        throw ToolError("a window plays one input; --out joins several, --no-window draws them");
     }
     if (options.out == "-" && options.json) {
         throw ToolError("--json prints on stdout, where --out - writes the video");
@@ -223,7 +226,7 @@ std::optional<Options> ParseOptions(int argc, char** argv) {
     if (options.realtime && options.handover == Handover::kPixels) {
         throw ToolError("--realtime is for compressed frames, not for --path cpu");
     }
-    CheckPipes(options);
+    CheckInputs(options);
     for (const std::string& input : options.inputs) {
         CheckIsNoInput(options.out, input, "input");
     }
