@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <thread>
 
-#include "support/BitmapFont.h"
+#include "window/hud/Font.h"
 
 namespace {
 
@@ -27,14 +27,20 @@ bool Await(const std::function<bool()>& holds) {
     return true;
 }
 
-bool IsWhite(const uint8_t* pixel) {
-    return pixel[0] == 255 && pixel[1] == 255 && pixel[2] == 255;
+/// Whether a pixel may be white with this cover over the ground of text.
+bool MayBe(const uint8_t* pixel, int cover) {
+    constexpr int kTolerance = 3;
+    constexpr int kBrightestGround = 60;
+    const int most = cover + (255 - cover) * kBrightestGround / 255 + kTolerance;
+    return std::all_of(pixel, pixel + 3, [cover, most](uint8_t value) {
+        return value >= cover - kTolerance && value <= most;
+    });
 }
 
 bool MatchesAt(const Image& image, const Image& text, int left, int top) {
     for (int y = 0; y < text.size.height; ++y) {
         for (int x = 0; x < text.size.width; ++x) {
-            if (IsWhite(image.At(left + x, top + y)) != IsWhite(text.At(x, y))) {
+            if (!MayBe(image.At(left + x, top + y), text.At(x, y)[3])) {
                 return false;
             }
         }
@@ -72,9 +78,10 @@ int CountDifferent(const Image& one, const Image& other, int tolerance) {
 }
 
 bool ShowsText(const Image& image, const std::string& text) {
-    for (const int scale : {1, 2}) {
-        Image letters({TextWidth(text, scale), TextHeight(scale)});
-        DrawText(letters, 0, 0, text, scale, {255, 255, 255});
+    for (const int pixels : {12, 15, 30}) {
+        Font font(pixels);
+        Image letters({font.Width(text), font.LineHeight()});
+        font.Write(letters, 0, 0, text, {255, 255, 255});
         if (Contains(image, letters)) {
             return true;
         }

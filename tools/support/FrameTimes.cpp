@@ -87,6 +87,7 @@ int64_t FrameTimes::Repair(int64_t time) {
     if (last_ - time <= kLongestMistake * clock_.frame) {
         return last_ + std::max<int64_t>(1, clock_.frame / kSmall);
     }
+    restarted_ = true;
     offset_ += last_ + clock_.frame - time;
     return last_ + clock_.frame;
 }

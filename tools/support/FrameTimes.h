@@ -38,6 +38,8 @@ public:
 
     /// Frames without a usable stamp.
     int64_t Repaired() const { return repaired_; }
+    /// Whether the stamps began again.
+    bool Restarted() const { return restarted_; }
 
 private:
     static constexpr int64_t kNone = std::numeric_limits<int64_t>::min();
@@ -59,4 +61,5 @@ private:
     int64_t last_ = kNone;               ///< The time of the last frame.
     int64_t offset_ = 0;                 ///< Added since the stamps began again.
     int64_t repaired_ = 0;
+    bool restarted_ = false;
 };

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <optional>
 #include <string_view>
 #include <utility>
 
+#include "support/StampScan.h"
 #include "support/ToolError.h"
 
 namespace {
@@ -13,13 +15,18 @@ namespace {
 /// Time stamps of some containers are rounded to milliseconds.
 constexpr double kTimeTolerance = 0.001;
 
+/// Whether a file may be in parts, each with stamps of its own.
+bool MayRestart(const AVInputFormat& format) {
+    return (format.flags & AVFMT_TS_DISCONT) != 0;
+}
+
 }  // namespace
 
-VideoFile::VideoFile(std::string path, double startSeconds)
+VideoFile::VideoFile(std::string path, double startSeconds, Seeking seeking)
     : path_(std::move(path)), startSeconds_(startSeconds) {
     Open();
     if (startSeconds_ > 0.0) {
-        Seek();
+        Seek(seeking);
     }
 }
 
@@ -95,7 +102,14 @@ std::vector<std::string> VideoFile::AudioCodecs() const {
 
 /// Goes to the last key frame before the start. If that fails, the file is read from its beginning;
 /// either way the caller drops the frames before the start.
-void VideoFile::Seek() {
+void VideoFile::Seek(Seeking seeking) {
+    if (seeking == Seeking::kAsFits && MayRestart(*input_->iformat)) {
+        const std::optional<StampScan> scan = ScanStamps(path_);
+        seeking = scan.has_value() && scan->restart ? Seeking::kByReading : seeking;
+    }
+    if (seeking == Seeking::kByReading) {
+        return;
+    }
     const double ticks = startSeconds_ / av_q2d(stream_->time_base);
     constexpr double kFarthest = 1e15;
     av_seek_frame(input_.get(), stream_->index,

@@ -10,6 +10,13 @@
 #include "support/PacketQueue.h"
 #include "support/PictureShape.h"
 
+/// How the start of a file is found.
+enum class Seeking {
+    kAsFits,    ///< By stamps, unless they turn out to begin again.
+    kByStamps,  ///< By the index, or by the stamps.
+    kByReading  ///< By reading the file from its beginning.
+};
+
 /// The packets of the video in a file, of a single picture or of a numbered sequence of pictures.
 class VideoFile {
 public:
@@ -17,7 +24,8 @@ public:
     /// \param startSeconds The packets begin with the last key frame before this time. The caller
     ///        drops the frames before it.
     /// \throws ToolError
-    explicit VideoFile(std::string path, double startSeconds = 0.0);
+    explicit VideoFile(std::string path, double startSeconds = 0.0,
+                       Seeking seeking = Seeking::kAsFits);
 
     /// From now on Next() also keeps the packets of the audio, if the file can be read only once.
     void KeepAudio();
@@ -71,7 +79,7 @@ private:
     };
 
     void Open();
-    void Seek();
+    void Seek(Seeking seeking);
     void Note(const AVPacket& packet);
     void KeepIfAudio(const AVPacket& packet);
     void End(int readResult);

@@ -27,20 +27,34 @@ std::optional<Image> LoadSticker(const Options& options) {
 }
 
 /// When the last frame of a file is shown; 0 if the file does not say.
-double LastSeconds(const VideoFile& file) {
+double LastSeconds(const VideoFile& file, const std::optional<StampScan>& scan) {
+    const double frame = 1.0 / av_q2d(file.FrameRate());
+    if (scan.has_value()) {
+        return scan->seconds - frame;
+    }
     const auto frames = static_cast<double>(file.ExpectedFrames());
-    return frames > 0 ? file.StartSeconds() + (frames - 1) / av_q2d(file.FrameRate()) : 0.0;
+    return frames > 0 ? file.StartSeconds() + (frames - 1) * frame : 0.0;
+}
+
+/// Only a window lets its user look for a time.
+std::optional<StampScan> ScanFor(const Options& options) {
+    return options.WantsWindow() ? ScanStamps(options.input) : std::nullopt;
 }
 
 }  // namespace
 
 Stage::Stage(const Options& options, VideoFile file, const PartRange& range)
+    : Stage(options, std::move(file), range, ScanFor(options)) {}
+
+Stage::Stage(const Options& options, VideoFile file, const PartRange& range,
+             const std::optional<StampScan>& scan)
     : options_(options),
       sticker_(LoadSticker(options)),
       range_(range),
       java_(JavaFor(file, options)),
       shot_{options.view.value_or(kFitView), options.mirror, false, options.positions},
-      lastSeconds_(LastSeconds(file)) {
+      stampsRestart_(scan.has_value() && scan->restart),
+      lastSeconds_(LastSeconds(file, scan)) {
     Open(std::move(file));
 }
 
@@ -48,17 +62,72 @@ void Stage::Seek(double seconds) {
     if (options_.input == "-") {
         return;  // Stdin is read once.
     }
-    const double before = Seconds();
     const double latest = lastSeconds_ > 0.0 ? lastSeconds_ : seconds;
+    const double before = Seconds();
     try {
         OpenAt(std::clamp(seconds, 0.0, std::max(latest, 0.0)));
     } catch (const ToolError&) {
-        OpenAt(before);  // There is no such time in the clip.
+        OpenAtEnd(before);  // There is no such time in the clip.
     }
 }
 
+/// \param reached a time that is in the clip
+void Stage::OpenAtEnd(double reached) {
+    constexpr double kFarther = 4.0;
+    const double last = std::max(lastSeconds_, reached);
+    for (double back = 1.0;; back *= kFarther) {
+        try {
+            OpenAt(std::max(0.0, last - back));
+            break;
+        } catch (const ToolError&) {
+            if (back > last) {
+                throw;
+            }
+        }
+    }
+    while (Next()) {
+    }
+}
+
+void Stage::StepBack() {
+    const double now = Seconds();
+    if (now > kTimeTolerance) {
+        OpenAt(TimeBefore(now));
+    }
+}
+
+/// The time of the last frame before a time at which there is one. Takes other frames.
+double Stage::TimeBefore(double seconds) {
+    constexpr double kFarther = 4.0;
+    double before = 0.0;
+    for (double back = FrameSeconds(); before <= 0.0 && back < kFarther * seconds;
+         back *= kFarther) {
+        OpenAt(std::max(0.0, seconds - back));
+        if (std::abs(Seconds() - seconds + FrameSeconds()) < kTimeTolerance) {
+            return Seconds();  // The frame rate is even here.
+        }
+        while (Seconds() < seconds - kTimeTolerance) {
+            before = Seconds();
+            if (!Next()) {
+                break;
+            }
+        }
+    }
+    return before;
+}
+
+double Stage::EndSeconds() const {
+    return lastSeconds_ > 0.0 ? lastSeconds_ + FrameSeconds() : 0.0;
+}
+
+bool Stage::StampsRestart() const {
+    return stampsRestart_ || (source_ != nullptr && source_->Times().Restarted());
+}
+
 void Stage::OpenAt(double seconds) {
-    Open(VideoFile(options_.input, seconds));
+    stampsRestart_ = StampsRestart();
+    Open(VideoFile(options_.input, seconds,
+                   stampsRestart_ ? Seeking::kByReading : Seeking::kByStamps));
     // Files without times are read from their beginning.
     while (Seconds() < seconds - kTimeTolerance && Next()) {
     }

@@ -8,6 +8,7 @@
 #include "FrameSource.h"
 #include "Mask.h"
 #include "Options.h"
+#include "support/StampScan.h"
 
 /// A clip at one point in time, with all that is drawn over it: what the options ask for, and what
 /// the user or a script changes while it runs. Needs a current GL context.
@@ -27,6 +28,14 @@ public:
     /// Takes the frame of this time of the clip, or the nearest one. Does nothing for stdin.
     /// \throws ToolError
     void Seek(double seconds);
+    /// Takes the last frame. \throws ToolError
+    void SeekToEnd() { OpenAtEnd(Seconds()); }
+    /// Takes the frame before the current one, if there is one. \throws ToolError
+    void StepBack();
+    /// When the last frame ends; 0 if not known.
+    double EndSeconds() const;
+    /// Whether the time stamps of the clip begin again.
+    bool StampsRestart() const;
     double Seconds() const { return source_->Seconds(); }
     double FrameSeconds() const { return 1.0 / av_q2d(source_->File().FrameRate()); }
 
@@ -43,9 +52,13 @@ public:
     Size FrameSize() const { return source_->GetRenderer().FrameSize(); }
 
 private:
+    Stage(const Options& options, VideoFile file, const PartRange& range,
+          const std::optional<StampScan>& scan);
     RendererSettings Settings(const VideoFile& file) const;
     void Open(VideoFile file);
     void OpenAt(double seconds);
+    void OpenAtEnd(double reached);
+    double TimeBefore(double seconds);
     void OpenMask(const VideoFile& file);
     uint8_t* NextMask();
     std::unique_ptr<FrameSource> MakeSource(VideoFile file);
@@ -55,6 +68,7 @@ private:
     PartRange range_;
     JavaVM* java_;
     Shot shot_;
+    bool stampsRestart_;  ///< As far as known.
     double lastSeconds_;  ///< When the last frame is shown; 0 if not known.
     std::optional<Mask> mask_;
     std::unique_ptr<FrameSource> source_;

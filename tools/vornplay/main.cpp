@@ -51,6 +51,9 @@ constexpr char kShortHelp[] =
     "  vornplay --help                            all options\n";
 
 int Run(int argc, char** argv) {
+    if (argc == 1 && HasDisplay()) {
+        return WindowPlayer(Options()).Play();
+    }
     if (argc == 1) {
         std::cout << kShortHelp;
         return kExitBadInput;

@@ -25,6 +25,17 @@ double InFrame(double place, int length) {
     return 2.0 * place / length - 1.0;
 }
 
+/// \p view, moved back so far that at least this part of the picture, or of the frame, is seen.
+VEView Kept(VEView view) {
+    constexpr double kSeen = 0.25;
+    const double scale = Scale(view);
+    const double seen = 2.0 * kSeen * std::min(1.0, scale);
+    const auto most = static_cast<float>(1.0 + (1.0 - seen) / scale);
+    view.x = std::clamp(view.x, -most, most);
+    view.y = std::clamp(view.y, -most, most);
+    return view;
+}
+
 }  // namespace
 
 Point PointSeenAt(const VEView& view, const Point& place, Size output) {
@@ -50,7 +61,7 @@ VEView Dragged(const VEView& view, const Point& pixels, Size output) {
     VEView moved = view;
     moved.x -= static_cast<float>(2.0 * pixels.x / output.width / Scale(view));
     moved.y -= static_cast<float>(2.0 * pixels.y / output.height / Scale(view));
-    return moved;
+    return Kept(moved);
 }
 
 VEView Zoomed(const VEView& view, double steps, const Point& place, Size output) {
@@ -62,5 +73,5 @@ VEView Zoomed(const VEView& view, double steps, const Point& place, Size output)
     const Point after = PointSeenAt(zoomed, place, output);
     zoomed.x += static_cast<float>(before.x - after.x);
     zoomed.y += static_cast<float>(before.y - after.y);
-    return zoomed;
+    return Kept(zoomed);
 }

@@ -14,8 +14,9 @@ Point PointSeenAt(const VEView& view, const Point& place, Size output);
 /// numbers allow.
 std::pair<int, int> StickerAt(const VEView& view, const Point& place, Size output);
 
-/// \p view after a drag by so many pixels to the right and down: the picture follows the pointer.
+/// \p view after a drag by so many pixels to the right and down: the picture follows the pointer,
+/// until only a quarter of its width or height is left in the frame.
 VEView Dragged(const VEView& view, const Point& pixels, Size output);
 
-/// \p view so many steps nearer. What is seen at \p place stays there.
+/// \p view so many steps nearer. What is seen at \p place stays there, within the same limit.
 VEView Zoomed(const VEView& view, double steps, const Point& place, Size output);

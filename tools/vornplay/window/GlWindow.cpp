@@ -14,17 +14,20 @@ namespace {
     throw ToolError(what + ": " + SDL_GetError());
 }
 
+/// All texts fit into it.
+constexpr Size kSmallest = {320, 240};
+
 /// As large as the picture, or as the screen allows.
 Size StartSize(Size picture) {
     constexpr double kOfScreen = 0.9;
     SDL_Rect screen{};
-    if (SDL_GetDisplayUsableBounds(0, &screen) != 0) {
-        return picture;
+    double scale = 1.0;
+    if (SDL_GetDisplayUsableBounds(0, &screen) == 0) {
+        scale = std::min(
+            {1.0, kOfScreen * screen.w / picture.width, kOfScreen * screen.h / picture.height});
     }
-    const double scale = std::min(
-        {1.0, kOfScreen * screen.w / picture.width, kOfScreen * screen.h / picture.height});
-    return {std::max(1, static_cast<int>(picture.width * scale)),
-            std::max(1, static_cast<int>(picture.height * scale))};
+    return {std::max(kSmallest.width, static_cast<int>(picture.width * scale)),
+            std::max(kSmallest.height, static_cast<int>(picture.height * scale))};
 }
 
 /// SDL stays until the process ends, since the whole process shares its EGL display.
@@ -38,6 +41,7 @@ void StartVideo() {
     // Otherwise the first click only focuses the window, even if it is in front.
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    SDL_SetHint(SDL_HINT_MOUSE_DOUBLE_CLICK_RADIUS, "5");
     if (SDL_Init(SDL_INIT_VIDEO) != 0) {
         throw ToolError(
             "no display to open a window on: name a file with --out, or let it be drawn and timed "
@@ -60,6 +64,7 @@ GlWindow::GlWindow(const std::string& title, Size picture) {
     if (window_ == nullptr) {
         Fail("no window");
     }
+    SDL_SetWindowMinimumSize(window_.get(), kSmallest.width, kSmallest.height);
     context_.reset(SDL_GL_CreateContext(window_.get()));
     if (context_ == nullptr) {
         Fail("no OpenGL ES 3 in the window");
@@ -74,6 +79,18 @@ Layout GlWindow::LayoutOf(Size picture) const {
     Layout layout;
     SDL_GetWindowSize(window_.get(), &layout.window.width, &layout.window.height);
     SDL_GL_GetDrawableSize(window_.get(), &layout.drawable.width, &layout.drawable.height);
+    for (int* length : {&layout.window.width, &layout.window.height, &layout.drawable.width,
+                        &layout.drawable.height}) {
+        *length = std::max(1, *length);
+    }
     layout.picture = picture;
     return layout;
+}
+
+bool GlWindow::IsFullScreen() const {
+    return (SDL_GetWindowFlags(window_.get()) & SDL_WINDOW_FULLSCREEN) != 0;
+}
+
+void GlWindow::SetFullScreen(bool on) {
+    SDL_SetWindowFullscreen(window_.get(), on ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0);
 }

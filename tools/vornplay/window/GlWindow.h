@@ -15,6 +15,8 @@ public:
 
     void SetTitle(const std::string& title) { SDL_SetWindowTitle(window_.get(), title.c_str()); }
     void Present() { SDL_GL_SwapWindow(window_.get()); }
+    bool IsFullScreen() const;
+    void SetFullScreen(bool on);
     Layout LayoutOf(Size picture) const;
 
 private:

@@ -35,4 +35,9 @@ struct Layout {
 
     /// Pixels of the drawable per unit of the pointer.
     double Density() const;
+
+    /// The place of the pointer in pixels of the drawable.
+    Point DrawableAt(int pointerX, int pointerY) const {
+        return {pointerX * Density(), pointerY * Density()};
+    }
 };

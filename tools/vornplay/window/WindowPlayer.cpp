@@ -1,6 +1,9 @@
 #include "window/WindowPlayer.h"
 
+#include <SDL.h>
+
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <iomanip>
 #include <iostream>
@@ -8,43 +11,115 @@
 
 #include "RunSummary.h"
 #include "support/RunTool.h"
-#include "window/Texts.h"
+#include "support/ToolError.h"
+#include "window/hud/Texts.h"
 
 namespace {
 
-std::string TitleOf(const Options& options) {
-    return std::filesystem::path(options.input).filename().string() + " - vornplay";
+constexpr Size kEmptyWindow = {640, 360};
+
+std::string NameOf(const std::string& path) {
+    return std::filesystem::path(path).filename().string();
 }
 
-Size PictureSize(const Options& options, const VideoFile& file) {
-    return options.size.width > 0
-               ? options.size
-               : file.Shape(options.autorotate).Upright({file.Codec().width, file.Codec().height});
+std::string TitleOf(const Options& options) {
+    return options.input.empty() ? "vornplay" : NameOf(options.input) + " - vornplay";
+}
+
+std::unique_ptr<VideoFile> FileOf(const Options& options) {
+    return options.input.empty() ? nullptr
+                                 : std::make_unique<VideoFile>(options.input, options.startSeconds);
+}
+
+Size PictureSize(const Options& options, const VideoFile* file) {
+    if (file == nullptr) {
+        return kEmptyWindow;
+    }
+    return options.size.width > 0 ? options.size
+                                  : file->Shape(options.autorotate)
+                                        .Upright({file->Codec().width, file->Codec().height});
+}
+
+/// Fills the window as beside a picture.
+void Clear(Size drawable) {
+    constexpr float kDark = 24.0F / 255.0F;
+    glViewport(0, 0, drawable.width, drawable.height);
+    glClearColor(kDark, kDark, kDark, 1.0F);
+    glClear(GL_COLOR_BUFFER_BIT);
 }
 
 }  // namespace
 
-WindowPlayer::WindowPlayer(const Options& options, VideoFile file)
-    : options_(options),
-      window_(TitleOf(options), PictureSize(options, file)),
-      stage_(options, std::move(file)) {
-    hud_.Say("H: keys");
+bool HasDisplay() {
+    return std::getenv("WAYLAND_DISPLAY") != nullptr || std::getenv("DISPLAY") != nullptr;
+}
+
+WindowPlayer::WindowPlayer(const Options& options) : WindowPlayer(options, FileOf(options)) {}
+
+WindowPlayer::WindowPlayer(const Options& options, std::unique_ptr<VideoFile> file)
+    : session_(TitleOf(options), PictureSize(options, file.get())), options_(options) {
+    session_.hud.Say(kHelpHint);
+    if (file != nullptr) {
+        Start(options, std::move(*file));
+    }
+}
+
+/// Begins to play a file.
+void WindowPlayer::Start(const Options& options, VideoFile file) {
+    session_.clip.reset();  // First: platforms have few decoders.
+    session_.clip = std::make_unique<Clip>(options, std::move(file), session_.speaker);
+    session_.window.SetTitle(TitleOf(options));
+    session_.hud.ShowTimeLine();
+    ShowNew(Clock::now());
+    session_.clip->playback.Toggle();
+}
+
+/// \param path given by SDL
+void WindowPlayer::OpenDropped(char* path) {
+    Options options = options_;
+    options.input = path;
+    options.startSeconds = 0.0;
+    SDL_free(path);
+    try {
+        VideoFile file(options.input);
+        Report();
+        Start(options, std::move(file));
+    } catch (const ToolError& error) {
+        session_.hud.Say("Cannot play " + NameOf(options.input));
+        std::cerr << "vornplay: " << error.what() << '\n';
+    }
 }
 
 int WindowPlayer::Play() {
-    ShowNew(Clock::now());
-    playback_.Toggle();
-    while (!controls_.Quits()) {
-        bool changed = HandleEvents();
-        const Clock::time_point now = Clock::now();
-        changed = changed || (hud_.SaysUntil().has_value() && *hud_.SaysUntil() <= now);
-        if (playback_.Playing() && playback_.Due() <= now && playback_.Advance()) {
-            ShowNew(now);
-        } else if (changed) {
+    bool changed = true;
+    while (!session_.quits) {
+        if (changed) {
             Refresh();
         }
+        changed = HandleEvents();
+        changed = (session_.clip != nullptr && Advance()) || changed;
+        const auto next = session_.hud.NextChange();
+        changed = changed || (next.has_value() && *next <= Clock::now());
     }
-    return Report();
+    Report();
+    return broken_ ? kExitBroken : kExitDone;
+}
+
+/// Shows the next frame if it is due. \return whether something else changed
+bool WindowPlayer::Advance() {
+    const Clock::time_point now = Clock::now();
+    Playback& playback = session_.clip->playback;
+    session_.clip->sound.Feed();
+    if (!playback.Playing() || playback.Due() > now) {
+        return false;
+    }
+    if (playback.Advance()) {
+        ShowNew(now);
+    }
+    if (playback.AtEnd()) {
+        session_.hud.Say(kAtEnd);
+    }
+    return playback.AtEnd();
 }
 
 /// Waits for events until something else is due, and handles them.
@@ -55,21 +130,38 @@ bool WindowPlayer::HandleEvents() {
         return false;
     }
     do {
-        controls_.Handle(event);
+        Handle(event);
     } while (SDL_PollEvent(&event) != 0);
+    pointer_.Seek();
     return true;
+}
+
+void WindowPlayer::Handle(const SDL_Event& event) {
+    switch (event.type) {
+        case SDL_QUIT: session_.quits = true; break;
+        case SDL_KEYDOWN: keys_.Handle(event.key); break;
+        case SDL_DROPFILE: OpenDropped(event.drop.file); break;
+        case SDL_WINDOWEVENT:
+            if (event.window.event == SDL_WINDOWEVENT_LEAVE) {
+                session_.hud.HideTimeLine();
+            }
+            break;
+        case SDL_MOUSEBUTTONDOWN:
+        case SDL_MOUSEBUTTONUP:
+        case SDL_MOUSEMOTION:
+        case SDL_MOUSEWHEEL: pointer_.Handle(event); break;
+        default: break;
+    }
 }
 
 /// Milliseconds until something is due without an event.
 int WindowPlayer::Patience() const {
     constexpr std::chrono::milliseconds kLongest(1000);
     Clock::time_point next = Clock::now() + kLongest;
-    if (playback_.Playing()) {
-        next = std::min(next, playback_.Due());
+    if (session_.clip != nullptr && session_.clip->playback.Playing()) {
+        next = std::min(next, session_.clip->playback.Due());
     }
-    if (hud_.SaysUntil().has_value()) {
-        next = std::min(next, *hud_.SaysUntil());
-    }
+    next = std::min(next, session_.hud.NextChange().value_or(next));
     const auto wait = std::chrono::ceil<std::chrono::milliseconds>(next - Clock::now());
     return std::max(0, static_cast<int>(wait.count()));
 }
@@ -78,32 +170,70 @@ int WindowPlayer::Patience() const {
 void WindowPlayer::ShowNew(Clock::time_point asked) {
     const Clock::duration drawing = Refresh();
     const Clock::time_point now = Clock::now();
-    playback_.Shown();
-    figures_.NoteShown(now, drawing, now - asked);
+    session_.clip->playback.Shown();
+    session_.clip->figures.NoteShown(now, drawing, now - asked);
 }
 
 /// \return how long the renderer took
 WindowPlayer::Clock::duration WindowPlayer::Refresh() {
     const Clock::time_point start = Clock::now();
-    stage_.Draw();
+    Clip* clip = session_.clip.get();
+    const bool draws = clip != nullptr && !clip->playback.Waiting();
+    if (draws) {
+        clip->stage.Draw();
+    }
     const Clock::duration drawing = Clock::now() - start;
-    const Layout layout = window_.LayoutOf(stage_.FrameSize());
-    pass_.Draw(stage_.Source().GetRenderer().TextureName(), layout);
-    hud_.Draw(FigureTexts(figures_, playback_, stage_), KeyTexts(stage_), layout);
-    window_.Present();
+    const Layout layout = session_.CurrentLayout();
+    if (clip != nullptr) {
+        pass_.Draw(clip->stage.Source().GetRenderer().TextureName(), layout);
+    } else {
+        Clear(layout.drawable);
+    }
+    session_.hud.Draw(Content(), layout);
+    ShowPointer();
+    session_.window.Present();
     return drawing;
 }
 
-int WindowPlayer::Report() {
-    const FrameSource& source = stage_.Source();
-    if (!options_.quiet) {
-        ReportRemarks(options_.input, source.Remarks());
+HudContent WindowPlayer::Content() const {
+    HudContent content;
+    content.keys = KeyTexts();
+    if (session_.clip == nullptr) {
+        content.invitation = kDropHere;
+        return content;
     }
-    const bool broken = ReportBroken(options_.input, source.Lost(), source.Damaged());
+    const Clip& clip = *session_.clip;
+    const Playback& playback = clip.playback;
+    if (clip.HasTime()) {
+        content.state = {playback.Playing(),     playback.AtEnd(),      playback.Loops(),
+                         playback.Seconds(),     playback.EndSeconds(), clip.sound.IsThere(),
+                         session_.volume.Heard()};
+    }
+    content.figures = FigureTexts(clip);
+    return content;
+}
+
+/// In full screen it is hidden while the user only looks.
+void WindowPlayer::ShowPointer() const {
+    const bool looks = session_.clip != nullptr && session_.clip->playback.Playing() &&
+                       session_.window.IsFullScreen() && session_.hud.Rests();
+    SDL_ShowCursor(looks ? SDL_DISABLE : SDL_ENABLE);
+}
+
+/// Says what became of the clip.
+void WindowPlayer::Report() {
+    if (session_.clip == nullptr) {
+        return;
+    }
+    const Clip& clip = *session_.clip;
+    const FrameSource& source = clip.stage.Source();
     if (!options_.quiet) {
-        std::cerr << playback_.FramesShown() << " frames shown, " << playback_.Dropped()
+        ReportRemarks(clip.options.input, source.Remarks());
+    }
+    broken_ = ReportBroken(clip.options.input, source.Lost(), source.Damaged()) || broken_;
+    if (!options_.quiet) {
+        std::cerr << clip.playback.FramesShown() << " frames shown, " << clip.playback.Dropped()
                   << " dropped, " << std::fixed << std::setprecision(2)
                   << source.GetRenderer().MillisecondsPerDraw() << " ms a draw\n";
     }
-    return broken ? kExitBroken : kExitDone;
 }

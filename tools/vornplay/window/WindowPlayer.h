@@ -1,20 +1,17 @@
 #pragma once
 
 #include "Options.h"
-#include "Stage.h"
-#include "window/Controls.h"
-#include "window/Figures.h"
-#include "window/GlWindow.h"
-#include "window/Hud.h"
-#include "window/Playback.h"
+#include "window/Keys.h"
+#include "window/Pointer.h"
 #include "window/PresentPass.h"
+#include "window/Session.h"
 
 /// Plays the input in a window that the user controls.
 class WindowPlayer {
 public:
+    /// \param options without an input, the window waits for a file to be dropped onto it
     /// \throws ToolError
-    explicit WindowPlayer(const Options& options)
-        : WindowPlayer(options, VideoFile(options.input, options.startSeconds)) {}
+    explicit WindowPlayer(const Options& options);
 
     /// Plays until the user quits. \return an ExitStatus
     int Play();
@@ -22,19 +19,26 @@ public:
 private:
     using Clock = Playback::Clock;
 
-    WindowPlayer(const Options& options, VideoFile file);
+    WindowPlayer(const Options& options, std::unique_ptr<VideoFile> file);
+    void Start(const Options& options, VideoFile file);
+    void OpenDropped(char* path);
     bool HandleEvents();
+    void Handle(const SDL_Event& event);
+    bool Advance();
     int Patience() const;
     void ShowNew(Clock::time_point asked);
     Clock::duration Refresh();
-    int Report();
+    HudContent Content() const;
+    void ShowPointer() const;
+    void Report();
 
-    const Options& options_;
-    GlWindow window_;
+    Session session_;
     PresentPass pass_;
-    Hud hud_;
-    Stage stage_;
-    Playback playback_{stage_};
-    Figures figures_;
-    Controls controls_{window_, stage_, playback_, hud_};
+    Keys keys_{session_};
+    Pointer pointer_{session_, keys_};
+    Options options_;
+    bool broken_ = false;
 };
+
+/// Whether there is a display to open a window on.
+bool HasDisplay();

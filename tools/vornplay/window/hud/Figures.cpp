@@ -1,4 +1,4 @@
-#include "window/Figures.h"
+#include "window/hud/Figures.h"
 
 #include <algorithm>
 #include <numeric>
