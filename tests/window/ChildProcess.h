@@ -16,6 +16,7 @@ public:
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
+    pid_t Id() const { return pid_; }
     /// Whether it has ended. Its exit status is gone then.
     bool HasEnded();
     /// \return its exit status, or -1 if it crashed or HasEnded() was true

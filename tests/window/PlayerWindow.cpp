@@ -1,5 +1,8 @@
 #include "PlayerWindow.h"
 
+#include <signal.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
@@ -106,15 +109,16 @@ void PlayerWindow::Open(const std::string& arguments) {
     WaitForWindow("vornplay", player_);
 }
 
-void PlayerWindow::OpenOnWayland(const std::string& arguments, Size size, int density) {
+void PlayerWindow::OpenOnWayland(const std::string& arguments, Size size, int density,
+                                 const std::string& shell) {
     const std::string environment = "XDG_RUNTIME_DIR=" + Path(".") + " ";
-    compositor_ = ChildProcess(
-        "exec env DISPLAY=" + screen_->Name() + " " + environment +
-        "weston --backend=x11-backend.so --use-pixman --shell=kiosk-shell.so --socket=wayland"
-        " --no-config --idle-time=0 --log=" +
-        Path("weston.log") + " --scale=" + std::to_string(density) +
-        " --width=" + std::to_string(size.width / density) +
-        " --height=" + std::to_string(size.height / density));
+    compositor_ = ChildProcess("exec env DISPLAY=" + screen_->Name() + " " + environment +
+                               "weston --backend=x11-backend.so --use-pixman --shell=" + shell +
+                               "-shell.so --socket=wayland"
+                               " --no-config --idle-time=0 --log=" +
+                               Path("weston.log") + " --scale=" + std::to_string(density) +
+                               " --width=" + std::to_string(size.width / density) +
+                               " --height=" + std::to_string(size.height / density));
     WaitForWindow("weston", compositor_);
     StartPlayer("-u DISPLAY WAYLAND_DISPLAY=wayland " + environment, arguments);
     const auto shows = [](const Image& screen) {
@@ -128,8 +132,9 @@ void PlayerWindow::OpenOnWayland(const std::string& arguments, Size size, int de
 }
 
 void PlayerWindow::StartPlayer(const std::string& environment, const std::string& arguments) {
-    player_ = ChildProcess("cd " + Path(".") + " && exec env " + environment + " " VORNPLAY " " +
-                           arguments + " 2>" + Path("log"));
+    logRead_ = 0;
+    player_ = ChildProcess("cd " + Path(".") + " && exec env " + environment + " " + environment_ +
+                           " " VORNPLAY " " + arguments + " 2>" + Path("log"));
 }
 
 void PlayerWindow::WaitForWindow(const std::string& program, ChildProcess& process) {
@@ -152,6 +157,31 @@ int PlayerWindow::EndCompositor() {
     return player_.Wait();
 }
 
+int PlayerWindow::EndScreen() {
+    screen_->Disconnect(window_);
+    return player_.Wait();
+}
+
+void PlayerWindow::Sleep(std::chrono::seconds time) const {
+    kill(player_.Id(), SIGSTOP);
+    std::this_thread::sleep_for(time);
+    kill(player_.Id(), SIGCONT);
+}
+
+double PlayerWindow::CpuSeconds() const {
+    constexpr int kFieldsBefore = 11;  // Of those after the name.
+    std::ifstream file("/proc/" + std::to_string(player_.Id()) + "/stat");
+    std::string field;
+    std::getline(file, field, ')');
+    for (int i = 0; i < kFieldsBefore; ++i) {
+        file >> field;
+    }
+    long user = 0;
+    long system = 0;
+    file >> user >> system;
+    return static_cast<double>(user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
+}
+
 std::string PlayerWindow::Log() const {
     std::ifstream file(Path("log"));
     return {std::istreambuf_iterator<char>(file), {}};
@@ -165,6 +195,10 @@ void PlayerWindow::MoveTo(int x, int y) const {
 void PlayerWindow::Click(int x, int y, int button) const {
     MoveTo(x, y);
     screen_->Do("click " + std::to_string(button));
+}
+
+void PlayerWindow::DoubleClick() const {
+    screen_->Do("click --repeat 2 --delay 50 1");
 }
 
 void PlayerWindow::Drag(int fromX, int fromY, int toX, int toY) const {

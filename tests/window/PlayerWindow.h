@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -15,12 +16,21 @@ protected:
     /// Starts the player and waits for its window.
     void Open(const std::string& arguments);
     /// Likewise on Wayland. The window fills a screen of \p size pixels, \p density of which make
-    /// one unit of the pointer in each direction.
-    void OpenOnWayland(const std::string& arguments, Size size, int density);
+    /// one unit of the pointer in each direction. With the shell "desktop" it does not fill it.
+    void OpenOnWayland(const std::string& arguments, Size size, int density,
+                       const std::string& shell = "kiosk");
     /// Presses Q. \return the player's exit status
     int Quit();
     /// Ends the Wayland compositor. \return the player's exit status
     int EndCompositor();
+    /// Takes the X server away. \return the player's exit status
+    int EndScreen();
+    /// Stops the player for a while, as a machine that sleeps does.
+    void Sleep(std::chrono::seconds time) const;
+    /// The time that the player computed, in seconds.
+    double CpuSeconds() const;
+    /// Drops a file of the test's directory onto the window.
+    void Drop(const std::string& name) const { screen_->Drop(window_, Path(name)); }
     /// What the player has written to stderr so far.
     std::string Log() const;
 
@@ -28,6 +38,7 @@ protected:
     /// Places of the pointer are in the window.
     void MoveTo(int x, int y) const;
     void Click(int x, int y, int button = 1) const;
+    void DoubleClick() const;
     void Wheel(bool nearer) const { screen_->Do(nearer ? "click 4" : "click 5"); }
     void Drag(int fromX, int fromY, int toX, int toY) const;
     void Resize(Size size) const;
@@ -40,6 +51,8 @@ protected:
     Saved Save();
 
     Image Capture() const { return screen_->Capture(window_); }
+    /// Variables for the player.
+    std::string environment_ = "SDL_AUDIODRIVER=dummy";
     /// Captures until \p holds, up to a time limit.
     bool Sees(const std::function<bool(const Image&)>& holds) const;
     bool SeesText(const std::string& text) const;

@@ -3,6 +3,7 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -48,6 +49,47 @@ VirtualScreen::VirtualScreen(FILE* server, std::string name, _XDisplay* display)
 VirtualScreen::~VirtualScreen() {
     XCloseDisplay(display_);
     pclose(server_);
+}
+
+void VirtualScreen::Disconnect(unsigned long window) const {
+    XKillClient(display_, window);
+    XFlush(display_);
+}
+
+/// By the protocol of drag and drop: this client owns the data, and hands them over on demand.
+void VirtualScreen::Drop(unsigned long window, const std::string& path) const {
+    const auto atom = [this](const char* name) {
+        return static_cast<long>(XInternAtom(display_, name, False));
+    };
+    const Window source =
+        XCreateSimpleWindow(display_, DefaultRootWindow(display_), 0, 0, 1, 1, 0, 0, 0);
+    const auto send = [&](const char* type, std::array<long, 4> values) {
+        XEvent event{};
+        event.xclient = {
+            ClientMessage, 0, True, display_, window, static_cast<Atom>(atom(type)), 32, {}};
+        event.xclient.data.l[0] = static_cast<long>(source);
+        std::copy(values.begin(), values.end(), event.xclient.data.l + 1);
+        XSendEvent(display_, window, False, NoEventMask, &event);
+    };
+    XSetSelectionOwner(display_, static_cast<Atom>(atom("XdndSelection")), source, CurrentTime);
+    send("XdndEnter", {5L << 24, atom("text/uri-list"), 0, 0});
+    send("XdndPosition", {0, (20L << 16) | 20L, CurrentTime, atom("XdndActionCopy")});
+    send("XdndDrop", {0, CurrentTime, 0, 0});
+    const std::string text = "file://" + path + "\r\n";
+    XEvent event{};
+    do {
+        XNextEvent(display_, &event);
+    } while (event.type != SelectionRequest);
+    const XSelectionRequestEvent& asked = event.xselectionrequest;
+    XChangeProperty(display_, asked.requestor, asked.property, asked.target, 8, PropModeReplace,
+                    reinterpret_cast<const unsigned char*>(text.data()),
+                    static_cast<int>(text.size()));
+    XEvent answer{};
+    answer.xselection = {
+        SelectionNotify, 0,         True, display_, asked.requestor, asked.selection, asked.target,
+        asked.property,  asked.time};
+    XSendEvent(display_, asked.requestor, False, NoEventMask, &answer);
+    XFlush(display_);
 }
 
 unsigned long VirtualScreen::FindWindow(const std::string& program) const {

@@ -26,6 +26,12 @@ public:
     Image Capture(unsigned long window) const;
     Size SizeOf(unsigned long window) const;
 
+    /// Drops a file onto a window, and waits until it was taken.
+    void Drop(unsigned long window, const std::string& path) const;
+
+    /// Ends the connection of a window's program, as a server that goes away does.
+    void Disconnect(unsigned long window) const;
+
     /// Runs xdotool with these arguments on the server.
     void Do(const std::string& arguments) const;
 

@@ -162,6 +162,14 @@ std::string VideoFile::NoPicture() const {
                                         : ": no picture in it can be decoded");
 }
 
+double VideoFile::EndSeconds() const {
+    if (stream_->duration != AV_NOPTS_VALUE) {
+        return static_cast<double>(stream_->duration) * av_q2d(stream_->time_base);
+    }
+    const bool known = input_->duration != AV_NOPTS_VALUE;
+    return known ? static_cast<double>(input_->duration) / AV_TIME_BASE : 0.0;
+}
+
 int64_t VideoFile::ExpectedFrames() const {
     const double rate = av_q2d(FrameRate());
     auto frames = static_cast<double>(stream_->nb_frames);

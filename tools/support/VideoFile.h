@@ -59,6 +59,9 @@ public:
     /// How many frames there should be from the start on; 0 if the file does not say.
     int64_t ExpectedFrames() const;
 
+    /// When the video ends, in seconds from its beginning; 0 if the file does not say.
+    double EndSeconds() const;
+
     /// Frames that are missing because the file breaks off; known after the last packet.
     int64_t Missing() const { return missing_; }
 

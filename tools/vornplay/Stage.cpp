@@ -26,14 +26,10 @@ std::optional<Image> LoadSticker(const Options& options) {
     return std::nullopt;
 }
 
-/// When the last frame of a file is shown; 0 if the file does not say.
+/// When the last frame of a file is shown, as far as known; 0 for a picture.
 double LastSeconds(const VideoFile& file, const std::optional<StampScan>& scan) {
-    const double frame = 1.0 / av_q2d(file.FrameRate());
-    if (scan.has_value()) {
-        return scan->seconds - frame;
-    }
-    const auto frames = static_cast<double>(file.ExpectedFrames());
-    return frames > 0 ? file.StartSeconds() + (frames - 1) * frame : 0.0;
+    const double end = scan.has_value() ? scan->seconds : file.EndSeconds();
+    return std::max(0.0, end - 1.0 / av_q2d(file.FrameRate()));
 }
 
 /// Only a window lets its user look for a time.
@@ -59,13 +55,13 @@ Stage::Stage(const Options& options, VideoFile file, const PartRange& range,
 }
 
 void Stage::Seek(double seconds) {
-    if (options_.input == "-") {
-        return;  // Stdin is read once.
-    }
-    const double latest = lastSeconds_ > 0.0 ? lastSeconds_ : seconds;
     const double before = Seconds();
+    if (lastSeconds_ > 0.0 && seconds >= lastSeconds_) {
+        OpenAtEnd(before);  // The last frame may last longer than the others.
+        return;
+    }
     try {
-        OpenAt(std::clamp(seconds, 0.0, std::max(latest, 0.0)));
+        OpenAt(std::max(0.0, seconds));
     } catch (const ToolError&) {
         OpenAtEnd(before);  // There is no such time in the clip.
     }
@@ -74,6 +70,9 @@ void Stage::Seek(double seconds) {
 /// \param reached a time that is in the clip
 void Stage::OpenAtEnd(double reached) {
     constexpr double kFarther = 4.0;
+    if (!CanSeek()) {
+        return;
+    }
     const double last = std::max(lastSeconds_, reached);
     for (double back = 1.0;; back *= kFarther) {
         try {
@@ -124,7 +123,15 @@ bool Stage::StampsRestart() const {
     return stampsRestart_ || (source_ != nullptr && source_->Times().Restarted());
 }
 
+/// Stdin is read once.
+bool Stage::CanSeek() const {
+    return options_.input != "-";
+}
+
 void Stage::OpenAt(double seconds) {
+    if (!CanSeek()) {
+        return;
+    }
     stampsRestart_ = StampsRestart();
     Open(VideoFile(options_.input, seconds,
                    stampsRestart_ ? Seeking::kByReading : Seeking::kByStamps));

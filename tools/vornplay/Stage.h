@@ -56,6 +56,7 @@ private:
           const std::optional<StampScan>& scan);
     RendererSettings Settings(const VideoFile& file) const;
     void Open(VideoFile file);
+    bool CanSeek() const;
     void OpenAt(double seconds);
     void OpenAtEnd(double reached);
     double TimeBefore(double seconds);

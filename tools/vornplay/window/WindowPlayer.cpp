@@ -137,6 +137,9 @@ bool WindowPlayer::HandleEvents() {
 }
 
 void WindowPlayer::Handle(const SDL_Event& event) {
+    if (event.type != SDL_MOUSEMOTION) {
+        pointer_.Seek();  // Of many motions only the last one counts.
+    }
     switch (event.type) {
         case SDL_QUIT: session_.quits = true; break;
         case SDL_KEYDOWN: keys_.Handle(event.key); break;

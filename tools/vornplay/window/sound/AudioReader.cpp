@@ -102,6 +102,7 @@ void AudioReader::Seek(double seconds, bool byReading) {
     silence_ = 0;
     offset_ = 0.0;
     decoded_.reset();
+    begun_ = false;
     next_ = seconds;
 }
 
@@ -114,6 +115,7 @@ std::vector<Sample> AudioReader::Next() {
         }
         samples = silence_ > 0 ? Silence() : std::exchange(pending_, {});
     }
+    begun_ = begun_ || !samples.empty();
     next_ += Seconds(samples.size());
     return samples;
 }
@@ -177,6 +179,8 @@ std::vector<Sample> AudioReader::Convert() {
         converter_.reset();
         return {};
     }
+    held_ = static_cast<double>(swr_get_delay(converter_.get(), Speaker::kRate)) /
+            static_cast<double>(Speaker::kRate);
     const int room = swr_get_out_samples(converter_.get(), frame_->nb_samples);
     std::vector<Sample> samples(static_cast<size_t>(std::max(0, room)));
     auto* out = reinterpret_cast<uint8_t*>(samples.data());
@@ -193,17 +197,16 @@ void AudioReader::Align() {
     if (stamp == AV_NOPTS_VALUE) {
         return;
     }
-    const double held = static_cast<double>(swr_get_delay(converter_.get(), Speaker::kRate)) /
-                        static_cast<double>(Speaker::kRate);
-    const double time = SecondsOf(stamp) - held;
+    const double time = SecondsOf(stamp) - held_;
     if (decoded_.has_value() && time + offset_ < *decoded_ - kLongestMistake) {
         offset_ = *decoded_ - time;
     }
     decoded_ = time + offset_ + Seconds(pending_.size());
     const double ahead = time + offset_ - next_;
-    if (ahead > kTolerance) {
+    const double tolerance = begun_ ? kTolerance : 0.0;
+    if (ahead > tolerance) {
         silence_ = Samples(ahead);
-    } else if (ahead < -kTolerance) {
+    } else if (ahead < -tolerance) {
         const size_t cut = std::min(pending_.size(), Samples(-ahead));
         pending_.erase(pending_.begin(), pending_.begin() + static_cast<ptrdiff_t>(cut));
     }

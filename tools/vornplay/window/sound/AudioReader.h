@@ -57,8 +57,10 @@ private:
     std::unique_ptr<SwrContext, FreeConverter> converter_;
     double endSeconds_ = 0.0;
     std::vector<Sample> pending_;    ///< Decoded, and not given out yet.
+    double held_ = 0.0;              ///< What the converter held back before that.
     size_t silence_ = 0;             ///< Samples to give out before.
     std::optional<double> decoded_;  ///< How far what was decoded reaches.
+    bool begun_ = false;             ///< Samples were given out since the seek.
     double next_ = 0.0;              ///< The time of the next sample.
     double offset_ = 0.0;            ///< Added since the stamps began again.
 };

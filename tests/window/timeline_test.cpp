@@ -1,0 +1,177 @@
+// The time line, single frames, the loop, files that are dropped, and what happens to windows.
+
+#include <cmath>
+#include <filesystem>
+#include <thread>
+
+#include "PlayerWindow.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int kRate = 25;
+constexpr int kFrames = 100;
+/// In the time line of a window of the smallest size.
+constexpr int kBarY = 240 - 8 - 18;
+
+class TimelineTest : public PlayerWindow {
+protected:
+    void MakeClip(int frames) const {
+        WriteClip("in", frames, {64, 48});
+        PlayWell("in/%04d.png --out clip.mp4");
+    }
+
+    double Now() { return Save().seconds; }
+
+    double After(const std::string& keys) {
+        Key(keys);
+        return Now();
+    }
+};
+
+}  // namespace
+
+TEST_F(TimelineTest, ClicksAndDragsGoToTheTime) {
+    MakeClip(kFrames);
+    Open("clip.mp4");
+    Key("space");
+    MoveTo(160, kBarY);
+    Click(160, kBarY);
+    const double middle = Now();
+    EXPECT_NEAR(middle, 2.0, 0.4);
+    Click(200, kBarY);
+    const double later = Now();
+    EXPECT_GT(later, middle + 0.3);
+    EXPECT_NEAR(later * kRate, std::round(later * kRate), 0.03) << "a frame's time";
+    Drag(140, kBarY, 160, kBarY);
+    EXPECT_NEAR(Now(), middle, 0.001);
+    EXPECT_EQ(CountDifferent(Save().image, Save().image, 0), 0);
+    Click(25, kBarY);
+    EXPECT_TRUE(SeesText("The end. Space plays it again"));
+    EXPECT_EQ(Quit(), 0) << Log();
+}
+
+TEST_F(TimelineTest, KeysGoFrameByFrameBothWays) {
+    EXPECT_EQ(Run(AWKWARD_CLIPS, ".").status, 0);
+    Open("varying.mp4");
+    Key("space Home");
+    std::vector<double> times = {Now()};
+    for (int i = 0; i < 10; ++i) {
+        times.push_back(After("period"));
+        EXPECT_GT(times.back(), times[times.size() - 2]);
+    }
+    for (size_t i = times.size() - 1; i-- > 0;) {
+        EXPECT_NEAR(After("comma"), times[i], 0.001) << i;
+    }
+    EXPECT_NEAR(After("comma"), 0.0, 0.001) << "the first one stays";
+    const double last = After("End");
+    EXPECT_GT(last, 1.5);
+    EXPECT_NEAR(After("period"), last, 0.001);
+    EXPECT_LT(After("comma"), last);
+    EXPECT_NEAR(After("Up"), last, 0.001);
+    EXPECT_EQ(After("Down"), 0.0);
+}
+
+TEST_F(TimelineTest, StampsThatBeginAgainCostNoFrameAndCanBeSearched) {
+    EXPECT_EQ(Run(AWKWARD_CLIPS, ".").status, 0);
+    std::filesystem::rename(Path("steps-back.ts"), Path("joined.ts"));
+    // Frames that stay so long that no busy machine drops one.
+    const RunResult slow =
+        Run("ffmpeg",
+            "-nostdin -v error -f lavfi -i testsrc2=size=64x48:rate=10:duration=2"
+            " -c:v libx264 -bf 0 -pix_fmt yuv420p -f mpegts - > once.ts && cat once.ts"
+            " once.ts > slow.ts");
+    EXPECT_EQ(slow.status, 0) << slow.errors;
+    for (const std::string path : {"cpu", "decode"}) {
+        Open("slow.ts --path " + path);
+        EXPECT_TRUE(SeesText("The end. Space plays it again"));
+        EXPECT_EQ(Quit(), 0);
+        EXPECT_NE(Log().find("40 frames shown, 0 dropped"), std::string::npos) << Log();
+        Open("joined.ts --path " + path + " --start 1.48");
+        Key("space");
+        EXPECT_GT(Now(), 1.47) << path;
+        EXPECT_NEAR(After("End"), 1.96, 0.001) << path;
+        EXPECT_NEAR(After("comma"), 1.92, 0.001) << path;
+        EXPECT_NEAR(After("Left"), 0.0, 0.001) << path;
+        EXPECT_NEAR(After("Right"), 1.96, 0.001) << path;
+        EXPECT_EQ(Quit(), 0) << Log();
+    }
+}
+
+TEST_F(TimelineTest, LoopsUntilItIsToldNotTo) {
+    MakeClip(10);
+    Open("clip.mp4");
+    Key("l");
+    std::this_thread::sleep_for(1500ms);
+    EXPECT_TRUE(SeesText("Loop: on"));
+    Key("l");
+    EXPECT_TRUE(SeesText("The end. Space plays it again"));
+    EXPECT_EQ(Quit(), 0);
+    EXPECT_GT(std::strtol(Log().c_str() + Log().rfind('\n', Log().size() - 2) + 1, nullptr, 10), 20)
+        << Log();
+}
+
+TEST_F(TimelineTest, PlaysWhatIsDroppedOntoIt) {
+    MakeClip(kFrames);
+    WriteImage("picture.png", Solid({64, 48}, {10, 200, 30, 255}));
+    Open("");
+    EXPECT_TRUE(SeesText("Drop a file here"));
+    Key("space period s l x k i 0 Home End Left");  // Nothing to do these to.
+    Click(100, 100);
+    Drop("in");
+    EXPECT_TRUE(SeesText("Cannot play in"));
+    Drop("picture.png");
+    EXPECT_TRUE(Sees([](const Image& seen) { return seen.Pixel(320, 180)[1] == 200; }));
+    Drop("clip.mp4");
+    EXPECT_TRUE(Sees([](const Image& seen) { return seen.Pixel(320, 180)[1] != 200; }));
+    EXPECT_EQ(Quit(), 0) << Log();
+}
+
+TEST_F(TimelineTest, TheWholeScreenByKeysAndDoubleClick) {
+    constexpr Rgba kOrange = {200, 100, 50, 255};
+    WriteImage("in.png", Solid({64, 48}, kOrange));
+    OpenOnWayland("in.png", {640, 480}, 1, "desktop");
+    const auto covers = [this, &kOrange](bool all) {
+        return Sees([all, &kOrange](const Image& seen) {
+            return (seen.Pixel(2, 470) == kOrange && seen.Pixel(637, 470) == kOrange) == all;
+        });
+    };
+    EXPECT_TRUE(covers(false));
+    for (const auto& [on, off] : {std::pair("f", "Escape"), {"F11", "f"}}) {
+        Key(on);
+        EXPECT_TRUE(covers(true)) << on;
+        Key(off);
+        EXPECT_TRUE(covers(false)) << off;
+    }
+    DoubleClick();
+    EXPECT_TRUE(covers(true));
+    EXPECT_EQ(CountDifferent(Save().image, Solid({64, 48}, kOrange), 0), 0) << "no sticker stays";
+    EXPECT_EQ(Quit(), 0) << Log();
+}
+
+TEST_F(TimelineTest, OutlivesTinyWindowsAndSleep) {
+    MakeClip(kFrames);
+    Open("clip.mp4");
+    Key("i");
+    for (const Size size : {Size{1, 1}, Size{37, 5}, Size{120, 400}, Size{320, 240}}) {
+        Resize(size);
+        Key("h");
+        Now();
+    }
+    Key("space Home");
+    Now();
+    const double before = CpuSeconds();
+    std::this_thread::sleep_for(1s);
+    EXPECT_LT(CpuSeconds() - before, 0.3) << "computes while the clip stands";
+    Key("space");
+    Sleep(5s);
+    EXPECT_LT(Now(), kFrames / kRate - 1.0) << "skipped what the machine slept through";
+    EXPECT_EQ(Quit(), 0) << Log();
+}
+
+TEST_F(TimelineTest, EndsWithTheScreen) {
+    MakeClip(kFrames);
+    Open("clip.mp4");
+    EXPECT_NE(EndScreen(), -1) << Log();
+}
