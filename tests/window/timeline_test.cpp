@@ -130,6 +130,25 @@ TEST_F(TimelineTest, PlaysWhatIsDroppedOntoIt) {
     EXPECT_EQ(Quit(), 0) << Log();
 }
 
+TEST_F(TimelineTest, PlaysItsInputsInTurn) {
+    MakeClip(10);
+    const auto shows = [this](uint8_t green) {
+        return Sees([green](const Image& seen) { return seen.Pixel(160, 120)[1] == green; });
+    };
+    WriteImage("first.png", Solid({64, 48}, {10, 200, 30, 255}));
+    WriteImage("last.png", Solid({64, 48}, {10, 100, 30, 255}));
+    Open("first.png clip.mp4 in last.png");
+    EXPECT_TRUE(shows(200));
+    Key("Page_Up");
+    EXPECT_TRUE(shows(200));
+    Key("Page_Down");
+    EXPECT_TRUE(shows(100)) << "after the clip, without the folder";
+    Key("Page_Down Page_Up");
+    EXPECT_TRUE(shows(100)) << "the clip plays in between";
+    EXPECT_EQ(Quit(), 1) << Log();
+    EXPECT_NE(Log().find("in: "), std::string::npos);
+}
+
 TEST_F(TimelineTest, TheWholeScreenByKeysAndDoubleClick) {
     constexpr Rgba kOrange = {200, 100, 50, 255};
     WriteImage("in.png", Solid({64, 48}, kOrange));

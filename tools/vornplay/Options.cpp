@@ -53,8 +53,8 @@ void AddInputOptions(CommandLine& line, Options& options) {
     line.Group("What to play");
     line.Repeated(
         "INPUT", [&options](const std::string& text) { options.inputs.push_back(text); }, "",
-        "A video, a picture, a sequence such as dir/%04d.png, a URL, or - for stdin; several are "
-        "joined");
+        "A video, a picture, a sequence such as dir/%04d.png, a URL, or - for stdin; several "
+        "play one after the other");
     line.Require("INPUT");
     line.Group("Input");
     line.Flag("--rgb", options.rgb, "Hand the frames over as RGB");
@@ -194,9 +194,6 @@ void CheckInputs(const Options& options) {
     const bool reads = std::count(options.inputs.begin(), options.inputs.end(), "-") > 0;
     if (reads && options.inputs.size() > 1) {
         throw ToolError("-: stdin goes with no other input");
-    }
-    if (options.inputs.size() > 1 && options.WantsWindow()) {
-        throw ToolError("a window plays one input; --out joins several, --no-window draws them");
     }
     if (options.out == "-" && options.json) {
         throw ToolError("--json prints on stdout, where --out - writes the video");

@@ -46,6 +46,8 @@ void Keys::HandleWindowKey(SDL_Keycode key) {
         case SDLK_m: ToggleMute(); break;
         case SDLK_h:
         case SDLK_F1: session_.hud.TurnKeys(); break;
+        case SDLK_PAGEUP: session_.turn = -1; break;
+        case SDLK_PAGEDOWN: session_.turn = 1; break;
         case SDLK_q: session_.quits = true; break;
         default: break;
     }

@@ -74,20 +74,34 @@ void WindowPlayer::Start(const Options& options, VideoFile file) {
     session_.clip->playback.Toggle();
 }
 
-/// \param path given by SDL
-void WindowPlayer::OpenDropped(char* path) {
+/// Plays another file from its start. \return false if it cannot be played
+bool WindowPlayer::Open(const std::string& input) {
     Options options = options_;
-    options.input = path;
+    options.input = input;
     options.startSeconds = 0.0;
-    SDL_free(path);
     try {
         VideoFile file(options.input);
         Report();
         Start(options, std::move(file));
+        return true;
     } catch (const ToolError& error) {
         session_.hud.Say("Cannot play " + NameOf(options.input));
         std::cerr << "vornplay: " << error.what() << '\n';
+        return false;
     }
+}
+
+/// Plays the nearest input before or after this one that can be played. \return false for none
+bool WindowPlayer::Turn(int by) {
+    const auto count = static_cast<int>(options_.inputs.size());
+    for (int place = place_ + by; place >= 0 && place < count; place += by) {
+        if (Open(options_.inputs.at(static_cast<size_t>(place)))) {
+            place_ = place;
+            return true;
+        }
+        broken_ = true;
+    }
+    return false;
 }
 
 int WindowPlayer::Play() {
@@ -116,10 +130,13 @@ bool WindowPlayer::Advance() {
     if (playback.Advance()) {
         ShowNew(now);
     }
-    if (playback.AtEnd()) {
+    if (!playback.AtEnd()) {
+        return false;
+    }
+    if (!session_.clip->HasTime() || !Turn(1)) {  // A picture stays.
         session_.hud.Say(kAtEnd);
     }
-    return playback.AtEnd();
+    return true;
 }
 
 /// Waits for events until something else is due, and handles them.
@@ -133,6 +150,9 @@ bool WindowPlayer::HandleEvents() {
         Handle(event);
     } while (SDL_PollEvent(&event) != 0);
     pointer_.Seek();
+    if (session_.turn != 0) {
+        Turn(std::exchange(session_.turn, 0));
+    }
     return true;
 }
 
@@ -143,7 +163,10 @@ void WindowPlayer::Handle(const SDL_Event& event) {
     switch (event.type) {
         case SDL_QUIT: session_.quits = true; break;
         case SDL_KEYDOWN: keys_.Handle(event.key); break;
-        case SDL_DROPFILE: OpenDropped(event.drop.file); break;
+        case SDL_DROPFILE:
+            Open(event.drop.file);
+            SDL_free(event.drop.file);
+            break;
         case SDL_WINDOWEVENT:
             if (event.window.event == SDL_WINDOWEVENT_LEAVE) {
                 session_.hud.HideTimeLine();

@@ -21,7 +21,8 @@ private:
 
     WindowPlayer(const Options& options, std::unique_ptr<VideoFile> file);
     void Start(const Options& options, VideoFile file);
-    void OpenDropped(char* path);
+    bool Open(const std::string& input);
+    bool Turn(int by);
     bool HandleEvents();
     void Handle(const SDL_Event& event);
     bool Advance();
@@ -37,6 +38,7 @@ private:
     Keys keys_{session_};
     Pointer pointer_{session_, keys_};
     Options options_;
+    int place_ = 0;  ///< Of the input in the list of them.
     bool broken_ = false;
 };
 

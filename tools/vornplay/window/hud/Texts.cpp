@@ -42,6 +42,7 @@ TextRows KeyTexts() {
         {"↓ ↑", "a minute back or on"},
         {", .", "a frame back or on"},
         {"Home End", "first or last frame"},
+        {"Page Up Down", "previous or next clip"},
         {"L", "loop"},
         {"M", "sound on or off"},
         {"- +", "volume"},
