@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "Interrupt.h"
 #include "OutputGuard.h"
 #include "parts/Joiners.h"
 #include "support/CommandLine.h"
@@ -46,9 +47,10 @@ void CheckCommon(const PartRecord& one, const PartRecord& other) {
                "they are of " + std::to_string(one.part.count) + " and of " +
                    std::to_string(other.part.count) + " parts");
     }
-    for (const auto& [name, value] : one.common.items()) {
-        if (other.common.contains(name) && other.common[name] != value) {
-            Refuse(one, other, name + " is " + value.dump() + " and " + other.common[name].dump());
+    for (const auto& [name, value] : one.common) {
+        const auto found = other.common.find(name);
+        if (found != other.common.end() && found->second != value) {
+            Refuse(one, other, name + " is " + value.dump() + " and " + found->second.dump());
         }
     }
 }
@@ -129,9 +131,13 @@ int Join(int argc, char** argv) {
     CheckReplaces(output);
     const Existing existing = output.overwrite ? Existing::kReplaced : Existing::kKept;
     const auto join = NumberedPath::IsPattern(options->out) ? JoinPictures : JoinVideo;
-    const int64_t frames = join(options->out, existing, parts);
+    CatchInterrupts();
+    const std::optional<int64_t> frames = join(options->out, existing, parts);
+    if (!frames.has_value()) {
+        return kExitInterrupted;
+    }
     if (!options->quiet) {
-        std::cerr << "vornplay: " << frames << " frames of " << options->parts.size()
+        std::cerr << "vornplay: " << *frames << " frames of " << options->parts.size()
                   << " parts joined\n";
     }
     return kExitDone;

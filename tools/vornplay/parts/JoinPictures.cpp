@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "Interrupt.h"
 #include "parts/Joiners.h"
 #include "support/NumberedPath.h"
 #include "support/ToolError.h"
@@ -25,13 +26,16 @@ void Link(const std::string& from, const std::string& to, Existing existing) {
 
 }  // namespace
 
-int64_t JoinPictures(const std::string& out, Existing existing, const Parts& parts) {
+std::optional<int64_t> JoinPictures(const std::string& out, Existing existing, const Parts& parts) {
     const NumberedPath joined(out);
     int number = 0;
     CreateDirectoryOf(joined.At(1));
     for (const PartRecord& part : parts) {
         const NumberedPath pictures(part.out);
         for (int i = 1; i <= part.frames; ++i) {
+            if (Interrupted()) {
+                return std::nullopt;
+            }
             Link(pictures.At(i), joined.At(++number), existing);
         }
     }

@@ -3,6 +3,7 @@
 #include <iostream>
 #include <limits>
 
+#include "Interrupt.h"
 #include "export/AudioWriter.h"
 #include "export/Muxer.h"
 #include "parts/Fingerprint.h"
@@ -37,6 +38,7 @@ class JoinedVideo {
 public:
     JoinedVideo(const std::string& out, Existing existing, const Parts& parts);
 
+    /// Also ends early, at an interrupt.
     void Append(const PartRecord& part);
     void Finish();
 
@@ -137,6 +139,9 @@ void JoinedVideo::Append(const PartRecord& part) {
     }
     int64_t frames = 0;
     for (AVPacket* packet = file.Next(); packet != nullptr; packet = file.Next()) {
+        if (Interrupted()) {
+            return;
+        }
         ++frames;
         Write(*packet, file.Stream().time_base);
     }
@@ -165,12 +170,15 @@ void JoinedVideo::Finish() {
 
 }  // namespace
 
-int64_t JoinVideo(const std::string& out, Existing existing, const Parts& parts) {
+std::optional<int64_t> JoinVideo(const std::string& out, Existing existing, const Parts& parts) {
     JoinedVideo joined(out, existing, parts);
     int64_t frames = 0;
     for (const PartRecord& part : parts) {
         joined.Append(part);
         frames += part.frames;
+    }
+    if (Interrupted()) {
+        return std::nullopt;
     }
     joined.Finish();
     return frames;

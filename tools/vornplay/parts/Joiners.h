@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,7 +10,7 @@
 /// The parts of a clip that have frames, in their order.
 using Parts = std::vector<PartRecord>;
 
-/// Both give the joined output its name when it is whole. \return how many frames it has
-/// \throws ToolError
-int64_t JoinVideo(const std::string& out, Existing existing, const Parts& parts);
-int64_t JoinPictures(const std::string& out, Existing existing, const Parts& parts);
+/// Both give what they write its name when it is whole. \return how many frames the output has;
+/// none if an interrupt stopped it \throws ToolError
+std::optional<int64_t> JoinVideo(const std::string& out, Existing existing, const Parts& parts);
+std::optional<int64_t> JoinPictures(const std::string& out, Existing existing, const Parts& parts);

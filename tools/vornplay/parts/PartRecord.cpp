@@ -9,7 +9,7 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = nlohmann::json;
 
 constexpr int kVersion = 1;
 

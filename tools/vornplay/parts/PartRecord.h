@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <string>
 
@@ -33,5 +34,5 @@ struct PartRecord {
     AudioWay audio = AudioWay::kCopy;
 
     /// What all parts of a clip have in common, by name. An empty part knows less of it.
-    nlohmann::ordered_json common;
+    std::map<std::string, nlohmann::json> common;
 };
