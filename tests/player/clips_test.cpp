@@ -107,6 +107,17 @@ TEST_F(ClipsTest, EveryFrameKeepsItsTime) {
     EXPECT_NE(
         Play("varying.mp4 --out out/%d.png").errors.find("which numbered pictures do not keep"),
         std::string::npos);
+    for (const std::string name : {"box.mp4", "cup.mp4", "vtest.avi"}) {
+        const std::string clip = std::string(FOOTAGE "/") + name;
+        if (!std::filesystem::exists(clip)) {
+            GTEST_SKIP() << "scripts/footage has not fetched " << name;
+        }
+        std::filesystem::create_symlink(clip, Path(name));
+        std::vector<double> times = Times(name, "v");
+        times.resize(60);
+        PlayWell(name + " --preset ultrafast --frames 60 --out " + name + ".mkv");
+        ExpectNear(FromZero(Times(name + ".mkv", "v")), FromZero(times), 0.0011, name);
+    }
 }
 
 TEST_F(ClipsTest, SoundKeepsItsPlaceAndLength) {

@@ -76,8 +76,8 @@ std::vector<double> SoundTest::Listen(int seconds) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
     while (std::chrono::steady_clock::now() < end) {
         const Image image = Capture();
-        const auto bytes = std::filesystem::file_size(file);
-        seen.emplace_back(static_cast<double>(bytes / sizeof(Sample)) / Speaker::kRate,
+        const auto samples = std::filesystem::file_size(file) / sizeof(Sample);
+        seen.emplace_back(static_cast<double>(samples) / Speaker::kRate,
                           image.Pixel(160, 100)[1] * 219.0 / 255.0 / kShades);
         std::this_thread::sleep_for(std::chrono::milliseconds(15));
     }
@@ -128,7 +128,7 @@ TEST_F(SoundTest, GoesOnAcrossStampsThatBeginAgainAndWaitsForLateSound) {
 /// makes the test longer. A busy machine may disturb a try.
 TEST_F(SoundTest, PicturesFollowTheSound) {
     const char* wanted = std::getenv("VORN_SOUND_SECONDS");
-    const int seconds = wanted != nullptr ? std::atoi(wanted) : 9;
+    const int seconds = wanted != nullptr ? static_cast<int>(std::strtol(wanted, nullptr, 10)) : 9;
     MakeClip(seconds + 6);
     // The device holds up to two periods of 11 ms that are not heard yet, and a frame stays for 40.
     constexpr double kExpected = 0.036;

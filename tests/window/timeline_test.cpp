@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int kRate = 25;
+constexpr double kRate = 25.0;
 constexpr int kFrames = 100;
 /// In the time line of a window of the smallest size.
 constexpr int kBarY = 240 - 8 - 18;
