@@ -74,14 +74,16 @@ void Stage::OpenAtEnd(double reached) {
         return;
     }
     const double last = std::max(lastSeconds_, reached);
-    for (double back = 1.0;; back *= kFarther) {
+    double back = 1.0;
+    for (bool found = false; !found;) {
         try {
             OpenAt(std::max(0.0, last - back));
-            break;
+            found = true;
         } catch (const ToolError&) {
             if (back > last) {
                 throw;
             }
+            back *= kFarther;
         }
     }
     while (Next()) {
@@ -99,8 +101,8 @@ void Stage::StepBack() {
 double Stage::TimeBefore(double seconds) {
     constexpr double kFarther = 4.0;
     double before = 0.0;
-    for (double back = FrameSeconds(); before <= 0.0 && back < kFarther * seconds;
-         back *= kFarther) {
+    double back = FrameSeconds();
+    while (before <= 0.0 && back < kFarther * seconds) {
         OpenAt(std::max(0.0, seconds - back));
         if (std::abs(Seconds() - seconds + FrameSeconds()) < kTimeTolerance) {
             return Seconds();  // The frame rate is even here.
@@ -111,6 +113,7 @@ double Stage::TimeBefore(double seconds) {
                 break;
             }
         }
+        back *= kFarther;
     }
     return before;
 }
