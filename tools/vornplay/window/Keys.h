@@ -27,7 +27,7 @@ private:
     void SwitchMask();
     void Save();
 
-    Clip& Playing() { return *session_.clip; }
+    Clip& Playing() const { return *session_.clip; }
 
     Session& session_;
 };

@@ -35,7 +35,7 @@ private:
     void Click(const SDL_MouseButtonEvent& button);
     void DropSticker(int x, int y);
     void TakeSticker();
-    Shot& NextShot() { return session_.clip->stage.NextShot(); }
+    Shot& NextShot() const { return session_.clip->stage.NextShot(); }
 
     Session& session_;
     Keys& keys_;

@@ -25,6 +25,6 @@ struct Session {
     Speaker speaker;
     Volume volume;
     std::unique_ptr<Clip> clip;  ///< Null until there is one.
-    int turn = 0;  ///< How many inputs on the user wants to be.
+    int turn = 0;                ///< How many inputs on the user wants to be.
     bool quits = false;
 };

@@ -26,13 +26,15 @@ std::string TitleOf(const Options& options) {
     return options.input.empty() ? "vornplay" : NameOf(options.input) + " - vornplay";
 }
 
-std::unique_ptr<VideoFile> FileOf(const Options& options) {
-    return options.input.empty() ? nullptr
-                                 : std::make_unique<VideoFile>(options.input, options.startSeconds);
+std::optional<VideoFile> FileOf(const Options& options) {
+    if (options.input.empty()) {
+        return std::nullopt;
+    }
+    return VideoFile(options.input, options.startSeconds);
 }
 
-Size PictureSize(const Options& options, const VideoFile* file) {
-    if (file == nullptr) {
+Size PictureSize(const Options& options, const std::optional<VideoFile>& file) {
+    if (!file.has_value()) {
         return kEmptyWindow;
     }
     return options.size.width > 0 ? options.size
@@ -56,10 +58,10 @@ bool HasDisplay() {
 
 WindowPlayer::WindowPlayer(const Options& options) : WindowPlayer(options, FileOf(options)) {}
 
-WindowPlayer::WindowPlayer(const Options& options, std::unique_ptr<VideoFile> file)
-    : session_(TitleOf(options), PictureSize(options, file.get())), options_(options) {
+WindowPlayer::WindowPlayer(const Options& options, std::optional<VideoFile> file)
+    : session_(TitleOf(options), PictureSize(options, file)), options_(options) {
     session_.hud.Say(kHelpHint);
-    if (file != nullptr) {
+    if (file.has_value()) {
         Start(options, std::move(*file));
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "Options.h"
 #include "window/Keys.h"
 #include "window/Pointer.h"
@@ -19,7 +21,7 @@ public:
 private:
     using Clock = Playback::Clock;
 
-    WindowPlayer(const Options& options, std::unique_ptr<VideoFile> file);
+    WindowPlayer(const Options& options, std::optional<VideoFile> file);
     void Start(const Options& options, VideoFile file);
     bool Open(const std::string& input);
     bool Turn(int by);
