@@ -143,8 +143,7 @@ public:
     }
     ~Context() {
         eglMakeCurrent(display_, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
-        eglDestroyContext(display_, context_);
-        eglTerminate(display_);
+        eglDestroyContext(display_, context_);  // The display belongs to the whole process.
     }
     Context(const Context&) = delete;
     Context& operator=(const Context&) = delete;
