@@ -114,8 +114,8 @@ TEST_F(ClipsTest, EveryFrameKeepsItsTime) {
         }
         std::filesystem::create_symlink(clip, Path(name));
         std::vector<double> times = Times(name, "v");
-        times.resize(60);
-        PlayWell(name + " --preset ultrafast --frames 60 --out " + name + ".mkv");
+        times.resize(20);
+        PlayWell(name + " --preset ultrafast --frames 20 --out " + name + ".mkv");
         ExpectNear(FromZero(Times(name + ".mkv", "v")), FromZero(times), 0.0011, name);
     }
 }
