@@ -1,3 +1,4 @@
+#include <GLES3/gl3.h>
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
@@ -5,8 +6,9 @@
 #include <cstring>
 #include <exception>
 #include <iostream>
+#include <string>
 
-#include "MarkdownReporter.h"
+#include "offscreen/OffscreenContext.h"
 
 namespace {
 
@@ -27,20 +29,27 @@ bool TakeFlag(int& argc, char** argv, const char* flag) {
     return found;
 }
 
+std::string NameOfGl() {
+    const OffscreenContext context;
+    const auto get = [](GLenum name) {
+        return std::string(reinterpret_cast<const char*>(glGetString(name)));
+    };
+    return get(GL_RENDERER) + ", " + get(GL_VERSION);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     if (!TakeFlag(argc, argv, "--no-mallopt")) {
         KeepLargeBlocks();
     }
-    MarkdownReporter markdown;
-    const bool asMarkdown = TakeFlag(argc, argv, "--markdown");
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 1;
     }
     try {
-        benchmark::RunSpecifiedBenchmarks(asMarkdown ? &markdown : nullptr);
+        benchmark::AddCustomContext("GL", NameOfGl());
+        benchmark::RunSpecifiedBenchmarks();
     } catch (const std::exception& error) {
         std::cerr << argv[0] << ": " << error.what() << "\n";
         return 1;

@@ -147,7 +147,8 @@ void GuardedStickers(benchmark::State& state) {
         glFinish();
     };
     const Interleaved times = RunContest(state, {drawOurs, drawBare}, kWarmUpRounds);
-    state.SetLabel(std::to_string(draw.stickerCount) + " stickers");
+    state.SetLabel(std::to_string(draw.stickerCount) +
+                   (draw.stickerCount == 1 ? " sticker" : " stickers"));
     state.counters["ours ms"] = times.medianMilliseconds(0);
     state.counters["bare ms"] = times.medianMilliseconds(1);
     state.counters["ours/bare"] = times.medianRatio(0, 1);
