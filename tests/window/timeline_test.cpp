@@ -27,7 +27,8 @@ std::pair<int, int> Counts(const std::string& log) {
 
 double DrawMilliseconds(const std::string& log) {
     std::smatch time;
-    return std::regex_search(log, time, std::regex("([\\d.]+) ms a draw")) ? std::stod(time[1]) : 0.0;
+    return std::regex_search(log, time, std::regex("([\\d.]+) ms a draw")) ? std::stod(time[1])
+                                                                           : 0.0;
 }
 
 class TimelineTest : public PlayerWindow {
