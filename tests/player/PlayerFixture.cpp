@@ -74,3 +74,9 @@ std::set<std::string> PlayerTest::Files() const {
     }
     return files;
 }
+
+void PlayerTest::LinkAwkwardClips() const {
+    for (const auto& clip : std::filesystem::directory_iterator(AWKWARD_CLIPS)) {
+        std::filesystem::create_symlink(clip.path(), directory_ / clip.path().filename());
+    }
+}

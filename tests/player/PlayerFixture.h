@@ -36,6 +36,8 @@ protected:
     /// \p count pictures "<name>/0001.png" …, each all of its FrameColor.
     void WriteClip(const std::string& name, int count, Size size) const;
     std::set<std::string> Files() const;
+    /// Links the clips of scripts/awkward-clips into the test's directory.
+    void LinkAwkwardClips() const;
 
 private:
     std::filesystem::path directory_;

@@ -18,7 +18,7 @@ struct Point {
 
 class ClipsTest : public PlayerTest {
 protected:
-    ClipsTest() { EXPECT_EQ(Run(AWKWARD_CLIPS, ".").status, 0); }
+    ClipsTest() { LinkAwkwardClips(); }
 
     /// What ffprobe says, line by line.
     std::vector<std::string> Probe(const std::string& file, const std::string& entries) const {

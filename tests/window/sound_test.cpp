@@ -114,7 +114,7 @@ TEST_F(SoundTest, IsReadFromEveryTimeToTheSample) {
 }
 
 TEST_F(SoundTest, GoesOnAcrossStampsThatBeginAgainAndWaitsForLateSound) {
-    EXPECT_EQ(Run(AWKWARD_CLIPS, ".").status, 0);
+    LinkAwkwardClips();
     const auto joined = AudioReader::Open(Path("steps-back.ts"), 1.48);
     ASSERT_NE(joined, nullptr);
     EXPECT_NEAR(static_cast<double>(ReadFrom(*joined, 0.0).size()) / Speaker::kRate, 2.0, 0.1);

@@ -69,7 +69,7 @@ TEST_F(TimelineTest, ClicksAndDragsGoToTheTime) {
 }
 
 TEST_F(TimelineTest, KeysGoFrameByFrameBothWays) {
-    EXPECT_EQ(Run(AWKWARD_CLIPS, ".").status, 0);
+    LinkAwkwardClips();
     Open("varying.mp4");
     Key("space Home");
     std::vector<double> times = {Now()};
@@ -90,7 +90,7 @@ TEST_F(TimelineTest, KeysGoFrameByFrameBothWays) {
 }
 
 TEST_F(TimelineTest, StampsThatBeginAgainCostNoFrameAndCanBeSearched) {
-    EXPECT_EQ(Run(AWKWARD_CLIPS, ".").status, 0);
+    LinkAwkwardClips();
     std::filesystem::rename(Path("steps-back.ts"), Path("joined.ts"));
     for (const std::string path : {"cpu", "decode"}) {
         Open("joined.ts --path " + path);
