@@ -50,7 +50,7 @@ protected:
 };
 
 TEST_F(Lives, LeaveNeitherThreadsNorMemory) {
-    constexpr int kLives = 200;
+    constexpr int kLives = LIVES * 2 / 5;
     // Less than one picture in RGBA, of which each life has several; more than a context keeps of
     // each renderer.
     constexpr long kMegabytesPerLife = 2;

@@ -274,7 +274,7 @@ TEST_F(Decoder, APictureWithoutCropIsTheSameWithoutItsMatrix) {
 }
 
 TEST_F(Decoder, LivesOfTwoThreadsInBothWays) {
-    LiveOnTwoThreads(Jvm(), 500);
+    LiveOnTwoThreads(Jvm(), LIVES);
 }
 
 }  // namespace
