@@ -67,10 +67,10 @@ abstract class ClipEngine extends LookEngine {
     /**
      * The time of the clip's picture. May be called on any thread.
      *
-     * @return microseconds; after a seek the time that was sought
+     * @return microseconds; after a seek the time that was sought, until a later picture shows
      */
     public final long positionUs() {
-        return clips.timeUs();
+        return clips.positionUs();
     }
 
     /**

@@ -17,6 +17,10 @@ final class ClipPlayer implements PictureSource {
     private OpenClip clip;
 
     private boolean hasPicture;
+
+    /** Pictures before this time only lead there. */
+    private long soughtUs;
+
     private volatile boolean playing;
     private volatile long positionUs;
     private volatile long durationUs;
@@ -30,8 +34,7 @@ final class ClipPlayer implements PictureSource {
         close();
         source = newSource;
         finished = false;
-        positionUs = 0;
-        pace.await(0);
+        go(0);
         setPlaying(true);
     }
 
@@ -60,12 +63,21 @@ final class ClipPlayer implements PictureSource {
     }
 
     void seekTo(long timeUs) {
-        positionUs = Math.max(0, timeUs);
         finished = false;
-        pace.await(positionUs);
+        go(limit(timeUs));
         if (clip != null) {
             clip.seek(positionUs);
         }
+    }
+
+    private long limit(long timeUs) {
+        return Math.max(0, durationUs > 0 ? Math.min(timeUs, durationUs) : timeUs);
+    }
+
+    private void go(long timeUs) {
+        soughtUs = timeUs;
+        positionUs = timeUs;
+        pace.await(timeUs);
     }
 
     void setLooping(boolean loop) {
@@ -84,9 +96,13 @@ final class ClipPlayer implements PictureSource {
         return durationUs;
     }
 
+    long positionUs() {
+        return positionUs;
+    }
+
     @Override
     public long timeUs() {
-        return positionUs;
+        return clip.pictureTimeUs();
     }
 
     @Override
@@ -103,6 +119,7 @@ final class ClipPlayer implements PictureSource {
         if (clip == null && source != null) {
             clip = OpenClip.open(source, positionUs, look.rotation);
             durationUs = clip.durationUs();
+            go(limit(positionUs));
         }
         return clip != null && drawPicture(look);
     }
@@ -112,7 +129,7 @@ final class ClipPlayer implements PictureSource {
         if (isNew) {
             hasPicture = true;
             pace.drawn();
-            positionUs = clip.pictureTimeUs();
+            positionUs = Math.max(soughtUs, clip.pictureTimeUs());
         } else if (playing && clip.ended()) {
             end();
         }
@@ -136,7 +153,7 @@ final class ClipPlayer implements PictureSource {
             clip = null;
         }
         hasPicture = false;
-        pace.await(positionUs);
+        go(positionUs);
     }
 
     @Override

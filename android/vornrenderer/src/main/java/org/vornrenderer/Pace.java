@@ -13,6 +13,9 @@ final class Pace {
     /** Draws in which a decoder can give a picture out before it gets another unit ahead of time. */
     private static final int DRAWS_FOR_PICTURE = 3;
 
+    /** The same for the first picture, which should come soon. */
+    private static final int DRAWS_FOR_FIRST = 1;
+
     /** The same for a picture that stays, and so should be the right one. */
     private static final int DRAWS_FOR_STILL = 6;
 
@@ -50,12 +53,12 @@ final class Pace {
 
     /** Passes on units while the picture is late. Once per draw. */
     void feed(@NotNull ClipFeed feed, @NotNull VideoRenderer renderer) {
-        int patience = running ? DRAWS_FOR_PICTURE : DRAWS_FOR_STILL;
+        int patience = patience();
         ++drawsSinceFeed;
         for (int i = 0; i < CATCH_UP && isLate(feed, renderer); ++i) {
-            boolean early = feed.nextTimeUs() > clock.positionUs();
+            boolean early = isEarly(feed.nextTimeUs());
             // The unit before may be all that the picture waits for.
-            boolean wait = early && !awaiting && drawsSinceFeed < patience;
+            boolean wait = early && drawsSinceFeed < patience;
             if (wait || !feed.feed(renderer)) {
                 return;
             }
@@ -64,6 +67,18 @@ final class Pace {
                 return;
             }
         }
+    }
+
+    private int patience() {
+        if (!running) {
+            return DRAWS_FOR_STILL;
+        }
+        return awaiting ? DRAWS_FOR_FIRST : DRAWS_FOR_PICTURE;
+    }
+
+    /** The end, which makes the decoder give all out, is early for a picture that stays. */
+    private boolean isEarly(long timeUs) {
+        return timeUs < 0 ? !running : timeUs > clock.positionUs();
     }
 
     private boolean isLate(ClipFeed feed, VideoRenderer renderer) {

@@ -184,7 +184,7 @@ public interface VideoPlayer extends PictureView {
     /**
      * The time of the picture.
      *
-     * @return microseconds; after a seek the time that was sought
+     * @return microseconds; after a seek the time that was sought, until a later picture shows
      */
     default long positionUs() {
         return engine().positionUs();
