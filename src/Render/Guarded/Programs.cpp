@@ -28,8 +28,10 @@ constexpr char kExternalSource[] =
     "#define SourceSampler samplerExternalOES\n";
 constexpr char k2DSource[] = "#define SourceSampler sampler2D\n";
 
+// Colors are highp throughout: Mesa's software GL takes lower precisions literally, and converts
+// each color to 16-bit floats and back.
 constexpr char kPictureShader[] =
-    "uniform SourceSampler Source;\n"
+    "uniform highp SourceSampler Source;\n"
     "varying highp vec2 sourcePlace;\n"
     "void main() {\n"
     "    gl_FragColor = texture2D(Source, sourcePlace);\n"
@@ -38,14 +40,14 @@ constexpr char kPictureShader[] =
 // The mask's rows are turned here, not in the vertices: all renderers round alike, so that they
 // choose the same texel of a mask that is sampled on the edges of its texels.
 constexpr char kMaskedShader[] =
-    "uniform SourceSampler Source;\n"
-    "uniform sampler2D Mask;\n"
+    "uniform highp SourceSampler Source;\n"
+    "uniform highp sampler2D Mask;\n"
     "varying highp vec2 sourcePlace;\n"
     "varying highp vec2 maskPlace;\n"
-    "const lowp vec4 kKeyed = vec4(169.0 / 255.0, 210.0 / 255.0, 216.0 / 255.0, 0.0);\n"
+    "const highp vec4 kKeyed = vec4(169.0 / 255.0, 210.0 / 255.0, 216.0 / 255.0, 0.0);\n"
     "void main() {\n"
-    "    lowp vec4 color = texture2D(Source, sourcePlace);\n"
-    "    lowp vec4 mask = texture2D(Mask, vec2(maskPlace.x, 1.0 - maskPlace.y));\n"
+    "    highp vec4 color = texture2D(Source, sourcePlace);\n"
+    "    highp vec4 mask = texture2D(Mask, vec2(maskPlace.x, 1.0 - maskPlace.y));\n"
     "    bool keyed = mask.r == 0.0 && mask.g == 0.0 && mask.b == 0.0;\n"
     "    gl_FragColor = keyed ? kKeyed : vec4(color.rgb, mask.a);\n"
     "}\n";
@@ -60,7 +62,7 @@ constexpr char kStickerVertexShader[] =
     "}\n";
 
 constexpr char kStickerShader[] =
-    "uniform sampler2D Sticker;\n"
+    "uniform highp sampler2D Sticker;\n"
     "varying highp vec2 place;\n"
     "void main() {\n"
     "    gl_FragColor = texture2D(Sticker, place);\n"
