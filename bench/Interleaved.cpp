@@ -72,6 +72,10 @@ double Interleaved::medianMilliseconds(size_t work) const {
     return 1000 * Median(times_[work]);
 }
 
+double Interleaved::medianProcessorMilliseconds(size_t work) const {
+    return 1000 * Median(processorTimes_[work]);
+}
+
 double Interleaved::medianRatio(size_t work, size_t reference) const {
     return MedianRatio(times_, work, reference);
 }

@@ -19,6 +19,8 @@ public:
 
     /// \param work an index of the vector given to the constructor.
     double medianMilliseconds(size_t work) const;
+    /// The same with processor time.
+    double medianProcessorMilliseconds(size_t work) const;
     /// The time of \p work divided by that of \p reference, for each round; the median of that.
     double medianRatio(size_t work, size_t reference) const;
     /// The same with the processor time of the process and of the programs that it ran, instead of

@@ -27,6 +27,12 @@ void LeastPath::play(int count) {
     }
 }
 
+void LeastPath::prepare(int count) {
+    for (int i = 0; i < count; ++i) {
+        convert(decoder_.next());
+    }
+}
+
 void LeastPath::convert(const AVFrame& frame) {
     constexpr int kTelevisionHeight = 576;
     // libyuv's name for bytes in the order R, G, B, A.

@@ -15,6 +15,8 @@ public:
 
     /// Shows the next \p count pictures, each followed by glFinish.
     void play(int count);
+    /// Only decodes and converts them.
+    void prepare(int count);
 
     GLuint target() const { return target_; }
 

@@ -46,6 +46,7 @@ public:
         const void* pixels = pixels_.data();
         return {finished([this, pixels] { ours_.draw(pixels, zoom_); }),
                 finished([this, pixels] { direct_.draw(pixels); }),
+                finished([this, pixels] { linear_.draw(pixels); }),
                 [this, pixels] { libplacebo_->draw(pixels); },
                 [this, pixels] { gstreamer_->draw(pixels); }};
     }
@@ -53,6 +54,7 @@ public:
     bool picturesAreAlike() const {
         const Bytes picture = ReadTexture(ours_.target(), frame_.width, frame_.height);
         return alike(picture, ReadTexture(direct_.target(), frame_.width, frame_.height)) &&
+               alike(picture, ReadTexture(linear_.target(), frame_.width, frame_.height)) &&
                alike(picture, libplacebo_->picture()) && alike(picture, gstreamer_->picture());
     }
 
@@ -82,12 +84,13 @@ private:
     Bytes pixels_ = MakePixels(frame_);
     GuardedFrames ours_{frame_};
     DirectRenderer direct_{frame_, scale_};
+    DirectRenderer linear_{frame_, scale_, GL_LINEAR};
     std::unique_ptr<Peer> libplacebo_ = MakeLibplaceboPeer(frame_, scale_);
     std::unique_ptr<Peer> gstreamer_ = MakeGStreamerPeer(frame_, scale_);
 };
 
 void Peers(benchmark::State& state) {
-    enum : size_t { kOurs, kDirect, kLibplacebo, kGStreamer };
+    enum : size_t { kOurs, kDirect, kLinear, kLibplacebo, kGStreamer };
     const FrameCase frame = {static_cast<int>(state.range(0)), static_cast<int>(state.range(1)),
                              state.range(2) == 4, false, 0};
     const bool enlarged = state.range(3) != 0;
@@ -96,12 +99,15 @@ void Peers(benchmark::State& state) {
     state.SetLabel(LabelOf(frame) + (enlarged ? ", enlarged" : ""));
     state.counters["ours ms"] = times.medianMilliseconds(kOurs);
     state.counters["direct ms"] = times.medianMilliseconds(kDirect);
+    state.counters["linear ms"] = times.medianMilliseconds(kLinear);
     state.counters["libplacebo ms"] = times.medianMilliseconds(kLibplacebo);
     state.counters["GStreamer ms"] = times.medianMilliseconds(kGStreamer);
     state.counters["libplacebo/ours"] = times.medianRatio(kLibplacebo, kOurs);
     state.counters["libplacebo/ours CPU"] = times.medianProcessorRatio(kLibplacebo, kOurs);
     state.counters["GStreamer/ours"] = times.medianRatio(kGStreamer, kOurs);
     state.counters["GStreamer/ours CPU"] = times.medianProcessorRatio(kGStreamer, kOurs);
+    state.counters["GStreamer/direct CPU"] = times.medianProcessorRatio(kGStreamer, kDirect);
+    state.counters["GStreamer/linear CPU"] = times.medianProcessorRatio(kGStreamer, kLinear);
     if (!contest.picturesAreAlike()) {
         throw std::runtime_error("the renderers do not draw the same picture");
     }

@@ -30,6 +30,12 @@ void main() {
 
 /// One program for pictures and stickers, as in the library. A uniform selects.
 constexpr char kFragmentShader[] = R"(
+#ifdef LEAN
+#define PRECISION highp
+#else
+#define PRECISION lowp
+#endif
+precision PRECISION sampler2D;
 uniform sampler2D source;
 uniform sampler2D mask;
 uniform sampler2D sticker;
@@ -40,12 +46,12 @@ in highp vec2 pictureCoord;
 #else
 in highp vec2 maskCoord;
 #endif
-out mediump vec4 color;
+out PRECISION vec4 color;
 
-mediump vec4 pictureColor() {
-    lowp vec4 picture = texture(source, pictureCoord);
+PRECISION vec4 pictureColor() {
+    PRECISION vec4 picture = texture(source, pictureCoord);
 #ifdef MASKED
-    lowp vec4 key = texture(mask, maskCoord);
+    PRECISION vec4 key = texture(mask, maskCoord);
     if (key.rgb == vec3(0.0)) {
         return vec4(169.0 / 255.0, 210.0 / 255.0, 216.0 / 255.0, 0.0);
     }

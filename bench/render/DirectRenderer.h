@@ -8,8 +8,9 @@
 /// Its GL objects live as long as their context.
 class DirectRenderer {
 public:
-    /// \param scale how much larger the picture is than the output.
-    DirectRenderer(const FrameCase& frame, float scale);
+    /// \param scale  how much larger the picture is than the output.
+    /// \param filter GL_NEAREST or GL_LINEAR.
+    DirectRenderer(const FrameCase& frame, float scale, GLint filter = GL_NEAREST);
 
     void draw(const void* pixels) const;
 
