@@ -56,6 +56,7 @@ Interleaved::Interleaved(std::vector<Work> works)
 
 double Interleaved::runRound() {
     double total = 0;
+    std::shuffle(order_.begin(), order_.end(), random_);
     for (const size_t work : order_) {
         const long faultsBefore = PageFaults();
         const double processorBefore = ProcessorSeconds();
@@ -64,7 +65,6 @@ double Interleaved::runRound() {
         pageFaults_[work] += PageFaults() - faultsBefore;
         total += times_[work].back();
     }
-    std::next_permutation(order_.begin(), order_.end());
     return total;
 }
 

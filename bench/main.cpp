@@ -1,6 +1,5 @@
 #include <GLES3/gl3.h>
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
 #include <algorithm>
 #include <cstring>
@@ -8,17 +7,10 @@
 #include <iostream>
 #include <string>
 
+#include "Heap.h"
 #include "offscreen/OffscreenContext.h"
 
 namespace {
-
-/// Keeps freed blocks of a frame's size in the heap. Otherwise the system maps new memory for each
-/// frame, and writing to it causes a page fault for every 4 KiB.
-void KeepLargeBlocks() {
-    constexpr int kMegabyte = 1 << 20;
-    mallopt(M_MMAP_THRESHOLD, 32 * kMegabyte);
-    mallopt(M_TRIM_THRESHOLD, 512 * kMegabyte);
-}
 
 /// Whether \p flag was given; removes it.
 bool TakeFlag(int& argc, char** argv, const char* flag) {

@@ -22,17 +22,18 @@ void Check(int result, const char* step) {
     }
 }
 
-LibavPtr<AVCodecContext> OpenEncoder(int width, int height) {
+LibavPtr<AVCodecContext> OpenEncoder(int width, int height, int slices) {
     const AVCodec* codec = avcodec_find_encoder_by_name("libx264");
     Check(codec != nullptr ? 0 : AVERROR_ENCODER_NOT_FOUND, "libx264");
     LibavPtr<AVCodecContext> encoder(avcodec_alloc_context3(codec));
     encoder->width = width;
     encoder->height = height;
     encoder->pix_fmt = AV_PIX_FMT_YUV420P;
-    encoder->colorspace = AVCOL_SPC_BT709;
+    encoder->colorspace = height > kTelevisionHeight ? AVCOL_SPC_BT709 : AVCOL_SPC_SMPTE170M;
     encoder->color_range = AVCOL_RANGE_MPEG;
     encoder->time_base = {1, kFramesPerSecond};
     encoder->max_b_frames = 0;
+    encoder->slices = slices;
     encoder->log_level_offset = AV_LOG_TRACE;
     av_opt_set(encoder->priv_data, "preset", "veryfast", 0);
     av_opt_set(encoder->priv_data, "crf", "23", 0);
@@ -109,8 +110,8 @@ Clip LoadClip(const std::string& path, size_t count) {
     return clip;
 }
 
-Clip GenerateClip(int width, int height, size_t count) {
-    const auto encoder = OpenEncoder(width, height);
+Clip GenerateClip(int width, int height, size_t count, int slices) {
+    const auto encoder = OpenEncoder(width, height, slices);
     Clip clip = {width, height, 0, {}};
     for (size_t i = 0; i < count; ++i) {
         const auto picture = Picture(*encoder, static_cast<int>(i));

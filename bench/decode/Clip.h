@@ -5,6 +5,9 @@
 
 #include "support/Libav.h"
 
+/// Higher clips are in the colors of BT.709, the others in those of BT.601.
+constexpr int kTelevisionHeight = 576;
+
 /// H.264 access units with start codes. The clip can be repeated: after the last unit the first can
 /// follow.
 struct Clip {
@@ -14,9 +17,15 @@ struct Clip {
     std::vector<LibavPtr<AVPacket>> units;
 };
 
+/// Such as "640x480".
+inline std::string SizeOf(const Clip& clip) {
+    return std::to_string(clip.width) + "x" + std::to_string(clip.height);
+}
+
 /// The first \p count units of a file, or all if it has fewer. \throws ToolError
 Clip LoadClip(const std::string& path, size_t count);
 
 /// A clip of moving wave patterns with some noise, so that every block of a picture has motion and
 /// a residual to decode.
-Clip GenerateClip(int width, int height, size_t count);
+/// \param slices of a picture
+Clip GenerateClip(int width, int height, size_t count, int slices = 1);

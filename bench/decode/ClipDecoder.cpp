@@ -3,15 +3,16 @@
 #include <algorithm>
 #include <stdexcept>
 
-ClipDecoder::ClipDecoder(const Clip& clip) : clip_(clip) {
+ClipDecoder::ClipDecoder(const Clip& clip, DecoderThreads threads) : clip_(clip) {
     const AVCodec* codec = avcodec_find_decoder(AV_CODEC_ID_H264);
     decoder_.reset(avcodec_alloc_context3(codec));
-    decoder_->thread_type = FF_THREAD_SLICE;
+    decoder_->thread_type = threads == DecoderThreads::kFrames ? FF_THREAD_FRAME : FF_THREAD_SLICE;
     decoder_->thread_count = 0;
     if (avcodec_open2(decoder_.get(), codec, nullptr) < 0) {
         throw std::runtime_error("libavcodec has no decoder");
     }
-    for (int i = 0; i < clip.reorderDepth; ++i) {
+    delay_ = threads == DecoderThreads::kFrames ? decoder_->thread_count - 1 : 0;
+    for (int i = 0; i < clip.reorderDepth + delay_; ++i) {
         decode();
     }
 }

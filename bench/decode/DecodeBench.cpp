@@ -1,11 +1,13 @@
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
 
+#include "AheadPath.h"
 #include "Contest.h"
 #include "Jvm.h"
 #include "LeastPath.h"
@@ -15,9 +17,8 @@
 
 namespace {
 
-constexpr int kPicturesPerTurn = 25;
 constexpr size_t kUnits = 100;
-constexpr int kRounds = 24;
+constexpr int kRounds = 5;
 
 using Pixels = std::vector<unsigned char>;
 
@@ -29,19 +30,29 @@ double MeanDifference(const Pixels& one, const Pixels& other) {
     return sum / static_cast<double>(one.size());
 }
 
+/// As many as take about the same time in each size.
+int PicturesPerTurn(const Clip& clip) {
+    constexpr int kPixels = 12 * 1280 * 720;
+    return std::clamp(kPixels / (clip.width * clip.height), 3, 25);
+}
+
 /// Compares the library with libavcodec alone and with the least code that shows the same pictures.
 class DecodeContest {
 public:
-    explicit DecodeContest(const Clip& clip) : clip_(clip) {}
+    explicit DecodeContest(const Clip& clip) : clip_(clip), pictures_(PicturesPerTurn(clip)) {}
 
     std::vector<Interleaved::Work> works() {
-        return {[this] { ours_.play(kPicturesPerTurn); },
-                [this] { guarded_.play(kPicturesPerTurn); },
-                [this] { bare_.play(kPicturesPerTurn); },
-                [this] { lean_.play(kPicturesPerTurn); },
-                [this] { prepared_.prepare(kPicturesPerTurn); },
-                [this] { decodeOnly(); }};
+        std::vector<Interleaved::Work> works;
+        for (ClipPath* path :
+             std::initializer_list<ClipPath*>{&ours_, &guarded_, &bare_, &lean_, &ahead_}) {
+            works.emplace_back([this, path] { path->play(pictures_); });
+        }
+        works.emplace_back([this] { prepared_.prepare(pictures_); });
+        works.emplace_back([this] { decodeOnly(); });
+        return works;
     }
+
+    int picturesPerTurn() const { return pictures_; }
 
     /// Differences come from rounding, and from the blue that libyuv's own constants cut.
     bool picturesAreAlike() const {
@@ -49,63 +60,60 @@ public:
         const Pixels picture = read(ours_.target());
         return MeanDifference(picture, read(guarded_.target())) < kTolerance &&
                MeanDifference(picture, read(bare_.target())) < kTolerance &&
-               MeanDifference(picture, read(lean_.target())) < kTolerance;
+               MeanDifference(picture, read(lean_.target())) < kTolerance &&
+               MeanDifference(picture, read(ahead_.target())) < kTolerance;
     }
 
 private:
     Pixels read(GLuint texture) const { return ReadTexture(texture, clip_.width, clip_.height); }
 
     void decodeOnly() {
-        for (int i = 0; i < kPicturesPerTurn; ++i) {
+        for (int i = 0; i < pictures_; ++i) {
             decoder_.next();
         }
     }
 
     OffscreenContext context_;
     const Clip& clip_;
+    int pictures_;
     LibraryPath ours_{clip_, Jvm(), WayIn::kSevenFunctions};
     LibraryPath guarded_{clip_, Jvm(), WayIn::kGuarded};
     LeastPath bare_{clip_, ShaderKind::kEquivalent};
     LeastPath lean_{clip_, ShaderKind::kLean};
     LeastPath prepared_{clip_, ShaderKind::kLean};
+    AheadPath ahead_{clip_, ShaderKind::kEquivalent};
     ClipDecoder decoder_{clip_};
 };
 
-enum : size_t { kOurs, kGuarded, kBare, kLean, kPrepared, kDecoding };
-
-void Report(benchmark::State& state, const Interleaved& times) {
-    const auto perPicture = [&](size_t work) {
-        return times.medianMilliseconds(work) / kPicturesPerTurn;
-    };
-    state.counters["ours ms"] = perPicture(kOurs);
-    state.counters["guarded ms"] = perPicture(kGuarded);
-    state.counters["bare ms"] = perPicture(kBare);
-    state.counters["lean ms"] = perPicture(kLean);
-    state.counters["decoding ms"] = perPicture(kDecoding);
-    state.counters["ours/bare"] = times.medianRatio(kOurs, kBare);
-    state.counters["ours/lean"] = times.medianRatio(kOurs, kLean);
-    state.counters["ours/bare CPU"] = times.medianProcessorRatio(kOurs, kBare);
+void Report(benchmark::State& state, const Interleaved& times, int pictures) {
+    enum : size_t { kOurs, kGuarded, kBare, kLean, kAhead, kPrepared, kDecoding };
+    static constexpr std::array kNames = {"ours",  "guarded",  "bare",    "lean",
+                                          "ahead", "prepared", "decoding"};
+    for (size_t work = 0; work < kNames.size(); ++work) {
+        const std::string name = kNames.at(work);
+        state.counters[name + " ms"] = times.medianMilliseconds(work) / pictures;
+        state.counters[name + " CPU ms"] = times.medianProcessorMilliseconds(work) / pictures;
+    }
+    for (const size_t work : {kOurs, kGuarded}) {
+        const std::string name = kNames.at(work);
+        for (const size_t opponent : {kBare, kLean, kAhead}) {
+            const std::string ratio = name + "/" + kNames.at(opponent);
+            state.counters[ratio] = times.medianRatio(work, opponent);
+            state.counters[ratio + " CPU"] = times.medianProcessorRatio(work, opponent);
+        }
+    }
+    // What follows the conversion: upload, draw, waking threads.
+    const double prepared = state.counters["prepared CPU ms"];
+    state.counters["conversion CPU ms"] = prepared - state.counters["decoding CPU ms"];
+    state.counters["ours' rest CPU ms"] = state.counters["ours CPU ms"] - prepared;
+    state.counters["guarded rest CPU ms"] = state.counters["guarded CPU ms"] - prepared;
     state.counters["ours/guarded"] = times.medianRatio(kOurs, kGuarded);
     state.counters["ours/guarded CPU"] = times.medianProcessorRatio(kOurs, kGuarded);
 }
 
-/// Processor time. What follows the conversion (upload, draw, waking threads) is the rest.
-void ReportPhases(benchmark::State& state, const Interleaved& times) {
-    const auto perPicture = [&](size_t work) {
-        return times.medianProcessorMilliseconds(work) / kPicturesPerTurn;
-    };
-    const double prepared = perPicture(kPrepared);
-    state.counters["decoding CPU ms"] = perPicture(kDecoding);
-    state.counters["conversion CPU ms"] = prepared - perPicture(kDecoding);
-    state.counters["ours' rest CPU ms"] = perPicture(kOurs) - prepared;
-    state.counters["guarded rest CPU ms"] = perPicture(kGuarded) - prepared;
-}
-
 void Contend(benchmark::State& state, const Clip& clip) {
     DecodeContest contest(clip);
-    const Interleaved times = RunContest(state, contest.works());
-    Report(state, times);
-    ReportPhases(state, times);
+    Report(state, RunContest(state, contest.works()), contest.picturesPerTurn());
     if (!contest.picturesAreAlike()) {
         throw std::runtime_error("the paths do not show the same picture");
     }
@@ -118,14 +126,14 @@ void RealClip(benchmark::State& state) {
         return;
     }
     const Clip clip = LoadClip(path, kUnits);
-    state.SetLabel(std::to_string(clip.width) + "x" + std::to_string(clip.height) + ", real");
+    state.SetLabel(SizeOf(clip) + ", real");
     Contend(state, clip);
 }
 
 void GeneratedClip(benchmark::State& state) {
-    const Clip clip =
-        GenerateClip(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)), kUnits);
-    state.SetLabel(std::to_string(clip.width) + "x" + std::to_string(clip.height) + ", generated");
+    const auto arguments = [&state](size_t i) { return static_cast<int>(state.range(i)); };
+    const Clip clip = GenerateClip(arguments(0), arguments(1), kUnits / 4, arguments(2));
+    state.SetLabel(SizeOf(clip));
     Contend(state, clip);
 }
 
@@ -135,9 +143,11 @@ void Configure(benchmark::internal::Benchmark* decoding) {
 
 BENCHMARK(RealClip)->Apply(Configure);
 BENCHMARK(GeneratedClip)
-    ->ArgNames({"width", "height"})
-    ->Args({1280, 720})
-    ->Args({1920, 1080})
+    ->ArgNames({"width", "height", "slices"})
+    ->ArgsProduct({{640}, {480}, {1, 4}})
+    ->ArgsProduct({{1280}, {720}, {1, 4}})
+    ->ArgsProduct({{1920}, {1080}, {1, 4}})
+    ->Args({3840, 2160, 1})
     ->Apply(Configure);
 
 }  // namespace

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr size_t kUnits = 4;
-constexpr int kRounds = 18;  // Each of the six orders of the three contestants, three times.
+constexpr int kRounds = 18;
 
 void FirstClipPicture(benchmark::State& state) {
     enum : size_t { kSeven, kGuarded, kBare };
@@ -36,7 +36,7 @@ void FirstClipPicture(benchmark::State& state) {
     };
     const Interleaved times = RunContest(
         state, {[&] { show(WayIn::kSevenFunctions); }, [&] { show(WayIn::kGuarded); }, showBare});
-    state.SetLabel(std::to_string(clip.width) + "x" + std::to_string(clip.height) + ", generated");
+    state.SetLabel(SizeOf(clip) + ", generated");
     state.counters["context ms"] = phases.medianMilliseconds(0);
     state.counters["creation ms"] = phases.medianMilliseconds(1);
     state.counters["picture ms"] = phases.medianMilliseconds(2);

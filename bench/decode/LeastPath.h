@@ -1,35 +1,27 @@
 #pragma once
 
-#include <vector>
-
 #include "ClipDecoder.h"
-#include "render/BareObjects.h"
+#include "ClipPath.h"
+#include "PicturePass.h"
 
-/// The least code that draws the pictures of a clip: libavcodec, libyuv, one upload, one draw. It
-/// saves, restores and checks no state, and no thread waits for another.
-///
-/// Its GL objects live as long as their context.
-class LeastPath {
+/// The least code that draws the pictures of a clip: libavcodec and a PicturePass, in lock-step. No
+/// thread waits for another.
+class LeastPath : public ClipPath {
 public:
-    LeastPath(const Clip& clip, ShaderKind kind);
+    /// \param clip must outlive this object.
+    LeastPath(const Clip& clip, ShaderKind kind) : decoder_(clip), pass_(clip, kind) {}
 
-    /// Shows the next \p count pictures, each followed by glFinish.
-    void play(int count);
-    /// Only decodes and converts them.
+    bool wantsUnit() override { return !waits_; }
+    void give() override;
+    bool show(int timeoutUs) override;
+    /// Only decodes and converts the next \p count pictures.
     void prepare(int count);
 
-    GLuint target() const { return target_; }
+    GLuint target() const { return pass_.target(); }
 
 private:
-    void convert(const AVFrame& frame);
-    void draw() const;
-
-    const Clip& clip_;
     ClipDecoder decoder_;
+    PicturePass pass_;
     std::vector<unsigned char> pixels_;
-    GLuint source_;
-    GLuint target_;
-    GLuint program_;
-    GLuint picture_;  ///< A vertex array.
-    GLuint framebuffer_ = 0;
+    bool waits_ = false;  ///< A picture.
 };

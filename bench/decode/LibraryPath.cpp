@@ -15,7 +15,7 @@ LibraryPath::LibraryPath(const Clip& clip, JavaVM* machine, WayIn wayIn) : clip_
     HostDecoder_setLockStep(decoder_, 1);
     HostDecoder_setReorderDepth(decoder_, clip.reorderDepth);
     for (int i = 0; i < clip.reorderDepth; ++i) {
-        feed();
+        give();
     }
 }
 
@@ -49,28 +49,19 @@ LibraryPath::~LibraryPath() {
     VEDestroyRenderer(handle_);
 }
 
-void LibraryPath::play(int count) {
-    int fed = 0;
-    for (int shown = 0; shown < count;) {
-        while (fed < count && HostDecoder_waitForInput(decoder_, 0) == HOST_READY) {
-            feed();
-            ++fed;
-        }
-        shown += showNext() ? 1 : 0;
-    }
+bool LibraryPath::wantsUnit() {
+    return HostDecoder_waitForInput(decoder_, 0) == HOST_READY;
 }
 
-void LibraryPath::feed() {
+void LibraryPath::give() {
     const AVPacket& unit = *clip_.units[unit_];
     unit_ = (unit_ + 1) % clip_.units.size();
     VEUpdateCompressedData(handle_, unit.data, unit.size);
 }
 
-/// Waits until there is room for another unit, up to a limit.
-bool LibraryPath::showNext() {
-    constexpr int64_t kPauseUs = 1000;
+bool LibraryPath::show(int timeoutUs) {
     HostFrames frames;
-    const HostResult result = HostDecoder_waitForFrame(decoder_, seen_, kPauseUs, &frames);
+    const HostResult result = HostDecoder_waitForFrame(decoder_, seen_, timeoutUs, &frames);
     if (result == HOST_TIMED_OUT) {
         return false;
     }

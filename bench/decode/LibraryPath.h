@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "Clip.h"
+#include "ClipPath.h"
 
 enum class WayIn {
     kSevenFunctions,  ///< VERenderer.h
@@ -13,25 +13,21 @@ enum class WayIn {
 };
 
 /// The library from units to drawn pictures, in lock-step: every picture is shown.
-class LibraryPath {
+class LibraryPath final : public ClipPath {
 public:
     /// \param clip must outlive this object.
     LibraryPath(const Clip& clip, JavaVM* machine, WayIn wayIn);
-    ~LibraryPath();
-    LibraryPath(const LibraryPath&) = delete;
-    LibraryPath& operator=(const LibraryPath&) = delete;
+    ~LibraryPath() override;
 
-    /// Shows the next \p count pictures, with glFinish after each. The decoder is idle before and
-    /// after.
-    void play(int count);
+    bool wantsUnit() override;
+    void give() override;
+    bool show(int timeoutUs) override;
 
     GLuint target() const { return target_; }
 
 private:
     void create(JavaVM* machine);
     void createGuarded(JavaVM* machine);
-    void feed();
-    bool showNext();
 
     const Clip& clip_;
     size_t unit_ = 0;

@@ -12,6 +12,7 @@ Each table stands between a comment that has its recipe and `<!-- end -->`:
 `run` is a program below build/release/bench, or a script from the project's root. Without `columns`, it
 writes the table itself. With PATTERN, only tables with a match in `run` are made.
 """
+import functools
 import json
 import pathlib
 import re
@@ -27,6 +28,7 @@ PROGRAMS = ROOT / "build/release/bench"
 TABLE = re.compile(r"(<!-- table\n(.*?)\n-->\n).*?(<!-- end -->)", re.DOTALL)
 
 
+@functools.lru_cache(maxsize=None)  # Several tables may be of the same run.
 def output_of(command):
     name, *options = shlex.split(command)
     program = next((path for path in PROGRAMS.rglob(name) if path.is_file()), ROOT / name)

@@ -16,7 +16,7 @@ namespace {
 using Bytes = std::vector<unsigned char>;
 
 constexpr int kWarmUpRounds = 10;
-constexpr int kRounds = 48;  // Each of the 24 orders of the four contestants, twice.
+constexpr int kRounds = 48;
 constexpr int kStickerSize = 64;
 constexpr size_t kStickerBytes = size_t{4} * kStickerSize * kStickerSize;
 

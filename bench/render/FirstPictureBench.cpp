@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int kWarmUpRounds = 2;
-constexpr int kRounds = 24;  // Each of the 24 orders of the four contestants once.
+constexpr int kRounds = 24;
 constexpr float kInitialZoom = 2;
 
 void ShowWithSevenFunctions(const FrameCase& frame, std::vector<unsigned char>& pixels) {
