@@ -67,6 +67,18 @@ final class Check {
         }
     }
 
+    static void place(float x, float y) {
+        if (!Float.isFinite(x) || !Float.isFinite(y)) {
+            throw new IllegalArgumentException("no place is " + x + ", " + y);
+        }
+    }
+
+    static void factor(float factor) {
+        if (!(factor > 0) || !Float.isFinite(factor)) {
+            throw new IllegalArgumentException("nothing is scaled by " + factor);
+        }
+    }
+
     static void rotation(int degrees) {
         if (degrees != 0 && degrees != 90 && degrees != 180 && degrees != 270) {
             throw new IllegalArgumentException("pictures are not turned by " + degrees);

@@ -109,8 +109,10 @@ public class VideoEngineTest extends EngineTest {
         refused("0 is not a texture", () -> engine.setMaskTexture(0));
         refused("pictures are not turned by 1", () -> engine.setRotation(1));
         Sticker sticker = new Sticker(picture());
-        refused("no sticker is at NaN, 1.0", () -> sticker.moveTo(Float.NaN, 1));
-        refused("no sticker has the scale 0.0", () -> sticker.setScale(0));
+        refused("no place is NaN, 1.0", () -> sticker.moveTo(Float.NaN, 1));
+        refused("nothing is scaled by 0.0", () -> sticker.setScale(0));
+        refused("no place is 0.0, NaN", () -> engine.drag(0, Float.NaN));
+        refused("nothing is scaled by NaN", () -> engine.zoomBy(Float.NaN));
         assertDrawn(LEFT, RIGHT);
 
         Bitmap tooWide = Bitmap.createBitmap(1 << 17, 1, Bitmap.Config.ARGB_8888);

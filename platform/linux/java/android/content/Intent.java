@@ -1,6 +1,7 @@
 package android.content;
 
 import android.net.Uri;
+import org.jetbrains.annotations.Nullable;
 
 /** What a screen is asked to do. */
 public class Intent {
@@ -15,6 +16,7 @@ public class Intent {
 
     public Intent(Context packageContext, Class<?> cls) {}
 
+    @Nullable
     public Uri getData() {
         return data;
     }

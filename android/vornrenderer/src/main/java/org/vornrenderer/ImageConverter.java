@@ -6,7 +6,7 @@ import android.media.Image;
 import android.opengl.GLES30;
 import org.jetbrains.annotations.NotNull;
 
-/** Converts images of YUV_420_888 to a texture of RGBA. Runs on the GL thread. */
+/** Converts images of YUV_420_888 and NV21 to a texture of RGBA. Runs on the GL thread. */
 final class ImageConverter {
     private static final int PLANES = 3;
     private static final int CORNERS = 4;
@@ -68,9 +68,10 @@ final class ImageConverter {
      */
     @NotNull
     RenderTarget convert(@NotNull Image image) {
-        if (image.getFormat() != ImageFormat.YUV_420_888) {
+        int format = image.getFormat();
+        if (format != ImageFormat.YUV_420_888 && format != ImageFormat.NV21) {
             throw new IllegalArgumentException(
-                    "the image has the format " + image.getFormat() + ", not YUV_420_888");
+                    "the image has the format " + format + ", not YUV_420_888 or NV21");
         }
         int width = image.getWidth();
         int height = image.getHeight();

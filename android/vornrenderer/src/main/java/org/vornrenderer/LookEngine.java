@@ -60,8 +60,10 @@ abstract class LookEngine {
      *
      * @param right in pixels of the screen
      * @param down in pixels of the screen
+     * @throws IllegalArgumentException if a value is not finite
      */
     public final void drag(float right, float down) {
+        Check.place(right, down);
         look.view.drag(right / place.width(), down / place.height());
     }
 
@@ -69,8 +71,10 @@ abstract class LookEngine {
      * Zooms the picture in or out, around its middle.
      *
      * @param factor more than 1 to zoom in
+     * @throws IllegalArgumentException if it is not positive or not finite
      */
     public final void zoomBy(float factor) {
+        Check.factor(factor);
         look.view.zoomBy(factor);
     }
 

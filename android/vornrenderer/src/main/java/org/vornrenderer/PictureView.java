@@ -81,7 +81,7 @@ public interface PictureView {
      * in those of cameras (BT.601, full range). Its crop is that of the first image of its size. After a
      * pause or a context loss the next image shows. Any thread.
      *
-     * @param image of YUV_420_888; the view closes it, also if a newer one comes before its turn
+     * @param image of YUV_420_888 or NV21; the view closes it, also if a newer one comes before its turn
      */
     default void show(@NotNull Image image) {
         engine().imageSlot().offer(image);

@@ -45,7 +45,11 @@ final class PlaneTexture {
         int last = begin + (height - 1) * rowBytes;
         GLES30.glBindTexture(GLES30.GL_TEXTURE_2D, texture.name());
         Texture.beginUpload(rowBytes / step);
-        copyRows(0, width, height - 1, FORMATS[step], bytes);
+        int together = rowBytes % step == 0 ? height - 1 : 1; // GL's rows are whole samples.
+        for (int row = 0; row < height - 1; row += together) {
+            bounds.position(begin + row * rowBytes);
+            copyRows(row, width, together, FORMATS[step], bytes);
+        }
         bounds.position(last);
         copyRows(height - 1, width, 1, FORMATS[step], complete(bytes, width * step));
         bounds.position(begin);
@@ -53,7 +57,7 @@ final class PlaneTexture {
     }
 
     private static void check(ByteBuffer bytes, int width, int height, int step, int rowBytes) {
-        if (step < 1 || step >= FORMATS.length || rowBytes % step != 0 || rowBytes < width * step) {
+        if (step < 1 || step >= FORMATS.length || rowBytes < width * step) {
             throw new IllegalArgumentException(
                     "rows of " + width + " samples, " + step + " bytes apart, in " + rowBytes);
         }

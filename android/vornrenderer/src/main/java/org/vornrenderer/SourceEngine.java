@@ -152,7 +152,7 @@ abstract class SourceEngine extends ClipEngine {
      * in those of cameras (BT.601, full range). Its crop is that of the first image of its size. After a
      * pause or a context loss the next image shows.
      *
-     * @param image of YUV_420_888; the engine closes it
+     * @param image of YUV_420_888 or NV21; the engine closes it
      */
     public final void show(@NotNull Image image) {
         Objects.requireNonNull(image);

@@ -38,9 +38,7 @@ public final class Sticker {
      * @throws IllegalArgumentException if a value is not finite
      */
     public void moveTo(float newX, float newY) {
-        if (!Float.isFinite(newX) || !Float.isFinite(newY)) {
-            throw new IllegalArgumentException("no sticker is at " + newX + ", " + newY);
-        }
+        Check.place(newX, newY);
         x = newX;
         y = newY;
     }
@@ -52,9 +50,7 @@ public final class Sticker {
      * @throws IllegalArgumentException if it is not positive or not finite
      */
     public void setScale(float newScale) {
-        if (!(newScale > 0) || !Float.isFinite(newScale)) {
-            throw new IllegalArgumentException("no sticker has the scale " + newScale);
-        }
+        Check.factor(newScale);
         scale = newScale;
     }
 

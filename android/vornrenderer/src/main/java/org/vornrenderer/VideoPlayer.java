@@ -5,6 +5,7 @@ import android.content.Context;
 import android.graphics.Bitmap;
 import android.net.Uri;
 import java.io.FileDescriptor;
+import java.util.Objects;
 import java.util.function.Consumer;
 import java.util.function.LongConsumer;
 import java.util.function.LongSupplier;
@@ -62,8 +63,10 @@ public interface VideoPlayer extends PictureView {
      *
      * @param right in pixels of the view
      * @param down in pixels of the view
+     * @throws IllegalArgumentException if a value is not finite
      */
     default void drag(float right, float down) {
+        Check.place(right, down);
         queueEvent(() -> engine().drag(right, down));
     }
 
@@ -71,8 +74,10 @@ public interface VideoPlayer extends PictureView {
      * Zooms the picture in or out, around its middle.
      *
      * @param factor more than 1 to zoom in
+     * @throws IllegalArgumentException if it is not positive or not finite
      */
     default void zoomBy(float factor) {
+        Check.factor(factor);
         queueEvent(() -> engine().zoomBy(factor));
     }
 
@@ -87,6 +92,7 @@ public interface VideoPlayer extends PictureView {
      * @param clip the address of a file with H.264 video
      */
     default void play(@NotNull Uri clip) {
+        Objects.requireNonNull(clip);
         Context context = getContext();
         queueEvent(() -> engine().play(context, clip));
     }
@@ -99,6 +105,7 @@ public interface VideoPlayer extends PictureView {
      * @param length of the clip, in bytes
      */
     default void play(@NotNull FileDescriptor file, long offset, long length) {
+        Objects.requireNonNull(file);
         queueEvent(() -> engine().play(file, offset, length));
     }
 
@@ -151,6 +158,7 @@ public interface VideoPlayer extends PictureView {
      * @param mode {@link ScaleMode#FIT} at the start
      */
     default void setScaleMode(@NotNull ScaleMode mode) {
+        Objects.requireNonNull(mode);
         queueEvent(() -> engine().setScaleMode(mode));
     }
 
@@ -205,6 +213,7 @@ public interface VideoPlayer extends PictureView {
      * @param taker gets the picture on the UI thread, or null before the first picture
      */
     default void capture(@NotNull Consumer<Bitmap> taker) {
+        Objects.requireNonNull(taker);
         queueEvent(
                 () -> {
                     Bitmap picture = engine().capture();
@@ -218,6 +227,7 @@ public interface VideoPlayer extends PictureView {
      * @param taker gets it on the UI thread, or null before the view was drawn
      */
     default void captureScreen(@NotNull Consumer<Bitmap> taker) {
+        Objects.requireNonNull(taker);
         queueEvent(
                 () -> {
                     Bitmap screen = engine().captureScreen();
