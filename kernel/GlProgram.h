@@ -45,7 +45,8 @@ struct ovrUniform {
 ///   `ViewMatrix[NUM_VIEWS]` and `ProjectionMatrix[NUM_VIEWS]` are uniforms in version 100. From
 ///   version 300 on they belong to the uniform block `SceneMatrices`, and sources write
 ///   `sm.ViewMatrix` and `sm.ProjectionMatrix`. The block has the layout `shared`, in practice four
-///   matrices of 64 bytes one after the other.
+///   matrices of 64 bytes one after the other. WebGL draws only while the block has
+///   a buffer, even if the source does not use it.
 /// - `VIEW_ID` is the index of the view: `uniform lowp int ViewID`, or `gl_ViewID_OVR` if multiview
 ///   is on and GL has GL_OVR_multiview2.
 /// - `TransformVertex(p)` is projection × view × model × p for that view. It may be a macro: put an

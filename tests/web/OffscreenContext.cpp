@@ -15,8 +15,10 @@ EM_JS(EMSCRIPTEN_WEBGL_CONTEXT_HANDLE, OpenContext, (), {
     return gl ? GL.registerContext(gl, {majorVersion : 2}) : 0;
 });
 
-EM_JS(void, ForgetContext, (EMSCRIPTEN_WEBGL_CONTEXT_HANDLE context),
-      { GL.deleteContext(context); });
+EM_JS(void, CloseContext, (EMSCRIPTEN_WEBGL_CONTEXT_HANDLE context), {
+    GL.contexts[context].GLctx.getExtension("WEBGL_lose_context").loseContext();
+    GL.deleteContext(context);
+});
 
 }  // namespace
 
@@ -29,7 +31,7 @@ OffscreenContext::OffscreenContext() : context_(reinterpret_cast<void*>(OpenCont
 }
 
 OffscreenContext::~OffscreenContext() {
-    ForgetContext(reinterpret_cast<EMSCRIPTEN_WEBGL_CONTEXT_HANDLE>(context_));
+    CloseContext(reinterpret_cast<EMSCRIPTEN_WEBGL_CONTEXT_HANDLE>(context_));
 }
 
 int main(int argc, char** argv) {

@@ -132,10 +132,15 @@ Painter::Painter(Size size, const Image& panorama, const Image& photo)
     GLES3::glGenTextures(2, textures_);
     FillTexture(textures_[0], panorama);
     FillTexture(textures_[1], photo);
+    // The block of all programs. No shader uses it, but WebGL wants a buffer for it.
+    GLES3::glGenBuffers(1, &sceneMatrices_);
+    GLES3::glBindBufferBase(GL_UNIFORM_BUFFER, faces_.SceneMatrices.Binding, sceneMatrices_);
+    GLES3::glBufferData(GL_UNIFORM_BUFFER, 4 * sizeof(Matrix), nullptr, GL_STATIC_DRAW);
     SetUpDrawing();
 }
 
 Painter::~Painter() {
+    GLES3::glDeleteBuffers(1, &sceneMatrices_);
     GLES3::glDeleteTextures(2, textures_);
     OVR::DeleteProgram(oneColor_);
     OVR::DeleteProgram(vertexColor_);

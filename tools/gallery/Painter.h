@@ -30,4 +30,5 @@ private:
     OVR::GlProgram vertexColor_;
     OVR::GlProgram oneColor_;
     GLuint textures_[2] = {};  ///< Panorama and photo.
+    GLuint sceneMatrices_ = 0;
 };

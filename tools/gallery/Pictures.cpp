@@ -8,8 +8,6 @@
 
 #include "kernel/Math.h"
 #include "support/BitmapFont.h"
-#include "support/FrameConverter.h"
-#include "support/VideoReader.h"
 
 namespace {
 
@@ -94,14 +92,6 @@ Image DrawPanorama() {
     return panorama;
 }
 
-Image LoadPhoto(const std::string& path) {
-    if (path.empty()) {
-        return Paint(kPhotoSize, LandscapeColor);
-    }
-    VideoReader reader(path);
-    const AVFrame& frame = reader.First();
-    FrameConverter converter({frame.width, frame.height}, AV_PIX_FMT_RGBA);
-    Image photo({frame.width, frame.height});
-    std::copy_n(converter.Convert(frame), converter.ByteSize(), photo.pixels.begin());
-    return photo;
+Image DrawLandscape() {
+    return Paint(kPhotoSize, LandscapeColor);
 }

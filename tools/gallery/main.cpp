@@ -10,9 +10,11 @@
 #include "offscreen/OffscreenContext.h"
 #include "support/CommandLine.h"
 #include "support/ComparePicture.h"
+#include "support/FrameConverter.h"
 #include "support/PngFile.h"
 #include "support/RunTool.h"
 #include "support/ToolError.h"
+#include "support/VideoReader.h"
 
 namespace {
 
@@ -34,6 +36,16 @@ bool Parse(int argc, char** argv, Arguments& arguments) {
     return line.Parse(argc, argv);
 }
 
+/// The first picture of the file \p path. \throws ToolError
+Image LoadPhoto(const std::string& path) {
+    VideoReader reader(path);
+    const AVFrame& frame = reader.First();
+    FrameConverter converter({frame.width, frame.height}, AV_PIX_FMT_RGBA);
+    Image photo({frame.width, frame.height});
+    std::copy_n(converter.Convert(frame), converter.ByteSize(), photo.pixels.begin());
+    return photo;
+}
+
 /// \throws ToolError when \p folder has a picture without a scene
 void CheckNothingElseIn(const std::string& folder) {
     for (const auto& file : std::filesystem::directory_iterator(folder)) {
@@ -50,7 +62,8 @@ void DrawAll(const Arguments& arguments) {
     if (!GLES3::LoadGLFunctions()) {
         throw ToolError("this GL lacks functions of OpenGL ES 3");
     }
-    Painter painter(arguments.size, DrawPanorama(), LoadPhoto(arguments.photo));
+    const Image photo = arguments.photo.empty() ? DrawLandscape() : LoadPhoto(arguments.photo);
+    Painter painter(arguments.size, DrawPanorama(), photo);
     for (const Scene& scene : Scenes()) {
         const Image picture = painter.Draw(scene);
         const std::string file = "/" + scene.name + ".png";
