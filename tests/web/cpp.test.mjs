@@ -26,7 +26,7 @@ async function runTests({ leftOut, pictures }) {
     return callMain([`--gtest_filter=-${leftOut}`]);
 }
 
-test('pictures, meshes and programs are those of the desktop', { timeout: 120_000 }, async (t) => {
+test('pictures, meshes and programs are those of the desktop', { timeout: 600_000 }, async (t) => {
     const origin = await serve({ '/kernel/': PICTURES, '/': 'build/web/tests/web' });
     const browser = await launch();
     t.after(() => browser.close());

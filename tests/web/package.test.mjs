@@ -57,12 +57,12 @@ test('has types for strict programs', () => {
 });
 
 for (const name of ['pictures', 'sources', 'stickers', 'keptState', 'ownCanvas', 'worker', 'errors', 'contextLost']) {
-    test(`draws: ${name}`, { timeout: 60_000 }, async () => {
+    test(`draws: ${name}`, { timeout: 600_000 }, async () => {
         assert.deepEqual(await page.evaluate(async (part) => (await import('./drawing.js'))[part](), name), []);
     });
 }
 
-test('costs', { timeout: 120_000 }, async () => {
+test('costs', { timeout: 600_000 }, async () => {
     const { library, shown, bare } = await page.evaluate(async () => (await import('./drawing.js')).cost());
     console.log(`cost of a frame of 1280 x 720: upload and quad alone ${bare.toFixed(2)} ms; ` +
         `into a texture ${(library / bare).toFixed(2)} times, onto a canvas ${(shown / bare).toFixed(2)} times as much`);
