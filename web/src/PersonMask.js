@@ -1,6 +1,8 @@
 // The mask of the person in a picture, computed in a worker at its own pace.
 
 const WIDTH = 256;
+/** Milliseconds of a mask that disturbs no picture. */
+const QUICK = 100;
 
 export class PersonMask {
     /** Milliseconds that the last mask took. */
@@ -38,7 +40,7 @@ export class PersonMask {
     }
 
     /**
-     * Asks for the mask of a picture unless one is being computed. After each mask there is a pause
+     * Asks for the mask of a picture unless one is being computed. After a slow mask there is a pause
      * as long, so that the picture goes on where one processor does all.
      */
     update(source, width, height) {
@@ -78,14 +80,15 @@ export class PersonMask {
     #receive({ mask, problem, generation }) {
         const now = performance.now();
         this.#busy = false;
-        this.#pauseEnd = now + Math.min(now - this.#asked, 1000);
+        const ms = now - this.#asked;
+        this.#pauseEnd = ms < QUICK ? now : now + Math.min(ms, 1000);
         if (problem) {
             this.onProblem(`The person mask failed: ${problem}`);
         } else if (generation === this.#generation) {
             this.#bitmap?.close();
             this.#bitmap = mask;
             this.#isNew = true;
-            this.ms = now - this.#asked;
+            this.ms = ms;
         } else {
             mask.close();
         }
