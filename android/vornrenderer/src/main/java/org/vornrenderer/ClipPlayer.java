@@ -7,6 +7,9 @@ import org.jetbrains.annotations.Nullable;
 
 /** A clip in time. Runs on the GL thread, but for the queries of volatile values. */
 final class ClipPlayer implements PictureSource {
+    /** A surface gives the last picture out some milliseconds after the decoder. */
+    private static final int DRAWS_FOR_LAST = 2;
+
     private final VideoEngine.Listener listener;
     private final Pace pace = new Pace();
     private ClipFeed.Source source;
@@ -17,6 +20,9 @@ final class ClipPlayer implements PictureSource {
     private OpenClip clip;
 
     private boolean hasPicture;
+
+    /** Without a new picture since the decoder gave out the last. */
+    private int drawsAtEnd;
 
     /** Pictures before this time only lead there. */
     private long soughtUs;
@@ -75,6 +81,7 @@ final class ClipPlayer implements PictureSource {
     }
 
     private void go(long timeUs) {
+        drawsAtEnd = 0;
         soughtUs = timeUs;
         positionUs = timeUs;
         pace.await(timeUs);
@@ -125,12 +132,14 @@ final class ClipPlayer implements PictureSource {
     }
 
     private boolean drawPicture(Look look) {
+        boolean ended = clip.ended(); // Asked before: the last picture may come during the draw.
         boolean isNew = clip.draw(pace, look);
         if (isNew) {
+            drawsAtEnd = 0;
             hasPicture = true;
             pace.drawn();
             positionUs = Math.max(soughtUs, clip.pictureTimeUs());
-        } else if (playing && clip.ended()) {
+        } else if (playing && ended && ++drawsAtEnd == DRAWS_FOR_LAST) {
             end();
         }
         return isNew;
