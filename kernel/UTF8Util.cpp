@@ -1,5 +1,7 @@
 #include "kernel/UTF8Util.h"
 
+#include <cstring>
+
 namespace OVR {
 namespace UTF8Util {
 namespace {
@@ -55,6 +57,29 @@ uint32_t DecodeMultibyte(const char*& cursor, const char* end) {
     return ch;
 }
 
+/// \param cursor not \p end.
+uint32_t Next(const char*& cursor, const char* end) {
+    const auto lead = static_cast<uint8_t>(*cursor);
+    if (lead < 0x80) {
+        ++cursor;
+        return lead;
+    }
+    return DecodeMultibyte(cursor, end);
+}
+
+/// Size of the ASCII characters in front of \p utf8, in whole words.
+size_t AsciiSize(std::string_view utf8) {
+    constexpr uint64_t kHighBits = 0x8080808080808080;
+    size_t size = 0;
+    for (uint64_t word = 0; size + sizeof(word) <= utf8.size(); size += sizeof(word)) {
+        std::memcpy(&word, utf8.data() + size, sizeof(word));
+        if ((word & kHighBits) != 0) {
+            break;
+        }
+    }
+    return size;
+}
+
 bool IsChar(uint32_t ch) {
     return ch <= 0x10FFFF && (ch < 0xD800 || ch > 0xDFFF);
 }
@@ -66,20 +91,21 @@ uint32_t CharOf(wchar_t wide) {
 }  // namespace
 
 size_t GetLength(std::string_view utf8) {
-    const char* cursor = utf8.data();
-    const char* const end = cursor + utf8.size();
-    size_t length = 0;
+    size_t length = AsciiSize(utf8);
+    const char* cursor = utf8.data() + length;
+    const char* const end = utf8.data() + utf8.size();
     for (; cursor != end; ++length) {
-        DecodeNextChar(cursor, end);
+        Next(cursor, end);
     }
     return length;
 }
 
 size_t GetByteIndex(std::string_view utf8, size_t index) {
-    const char* cursor = utf8.data();
-    const char* const end = cursor + utf8.size();
-    for (; index > 0 && cursor != end; --index) {
-        DecodeNextChar(cursor, end);
+    const size_t ascii = AsciiSize(utf8.substr(0, index));
+    const char* cursor = utf8.data() + ascii;
+    const char* const end = utf8.data() + utf8.size();
+    for (index -= ascii; index > 0 && cursor != end; --index) {
+        Next(cursor, end);
     }
     return static_cast<size_t>(cursor - utf8.data());
 }
@@ -116,15 +142,7 @@ size_t EncodeChar(char* dest, uint32_t ch) {
 }
 
 uint32_t DecodeNextChar(const char*& cursor, const char* end) {
-    if (cursor == end) {
-        return 0;
-    }
-    const auto lead = static_cast<uint8_t>(*cursor);
-    if (lead < 0x80) {
-        ++cursor;
-        return lead;
-    }
-    return DecodeMultibyte(cursor, end);
+    return cursor != end ? Next(cursor, end) : 0;
 }
 
 size_t EncodeString(char* dest, size_t destSize, std::wstring_view wide) {

@@ -7,9 +7,12 @@ void LeastPath::give() {
     waits_ = true;
 }
 
-void LeastPath::prepare(int count) {
+void LeastPath::convertOne(int count) {
+    if (converted_ == nullptr) {
+        converted_ = &decoder_.next();
+    }
     for (int i = 0; i < count; ++i) {
-        pass_.convert(decoder_.next(), pixels_);
+        pass_.convert(*converted_, pixels_);
     }
 }
 

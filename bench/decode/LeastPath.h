@@ -14,14 +14,15 @@ public:
     bool wantsUnit() override { return !waits_; }
     void give() override;
     bool show(int timeoutUs) override;
-    /// Only decodes and converts the next \p count pictures.
-    void prepare(int count);
+    /// Only converts one of them, \p count times.
+    void convertOne(int count);
 
     GLuint target() const { return pass_.target(); }
 
 private:
     ClipDecoder decoder_;
     PicturePass pass_;
+    const AVFrame* converted_ = nullptr;  ///< By convertOne.
     std::vector<unsigned char> pixels_;
     bool waits_ = false;  ///< A picture.
 };

@@ -1,7 +1,9 @@
 // The kernel's texts against std::string, at the same edits.
 
+#include <cstdint>
 #include <cstdio>
 #include <string>
+#include <string_view>
 
 #include "Contest.h"
 #include "kernel/String.h"
@@ -68,6 +70,30 @@ void StandardEdits() {
     for (int i = 0; i < 50; ++i) {
         text.insert(8, kReplaced);
         text.erase(8, sizeof(kReplaced) - 1);
+    }
+    benchmark::DoNotOptimize(text.c_str());
+}
+
+/// As StandardEdits, with positions that count characters, as those of a String do.
+void StandardCharEdits() {
+    const auto byteOf = [](std::string_view text, size_t position) {
+        const auto startsChar = [](char byte) {
+            return (static_cast<uint8_t>(byte) & 0xC0) != 0x80;
+        };
+        size_t index = 0;
+        for (size_t seen = 0; index < text.size(); ++index) {
+            if (startsChar(text[index]) && seen++ == position) {
+                break;
+            }
+        }
+        return index;
+    };
+    std::string text(kLine);
+    for (int i = 0; i < 50; ++i) {
+        text.insert(byteOf(text, 8), kReplaced);
+        const size_t start = byteOf(text, 8);
+        const std::string_view rest = std::string_view(text).substr(start);
+        text.erase(start, byteOf(rest, sizeof(kReplaced) - 1));
     }
     benchmark::DoNotOptimize(text.c_str());
 }
@@ -152,8 +178,9 @@ void ReservedFormats() {
 
 TEXTS(copy, "String, copy", 100, Copies<String>, Copies<std::string>);
 TEXTS(append, "String, append", 100, StringAppends, StandardAppends);
-// Positions of a String count characters, those of a std::string bytes.
-TEXTS(edit, "String, insert and remove", 100, StringEdits, StandardEdits);
+TEXTS(edit, "String, insert and remove", 100, StringEdits, StandardCharEdits);
+TEXTS(byteEdit, "String, insert and remove, by bytes in std::string", 100, StringEdits,
+      StandardEdits);
 TEXTS(buffer, "StringBuffer, append", 1000, BufferAppends, ReservedAppends);
 TEXTS(chars, "StringBuffer, append a character", 1000, BufferChars, ReservedChars);
 TEXTS(grow, "StringBuffer, append unreserved", 1000, BufferGrows, StandardGrows);
