@@ -1,6 +1,6 @@
 #!/bin/bash
-# Compiles the sample, and the layout, the Java and the C++ code of docs/android.md as for Android: resources and manifests
-# against the system's own, classes against those of the Android platform for Linux, which are compared
+# Compiles the sample, and the layout, the Java, the C++ and the CMake code of docs/android.md as for Android, and
+# checks its commands: resources and manifests against the system's own, classes against those of the Android platform for Linux, which are compared
 # with a list of what Android has.
 # sample.sh SOURCE WORK API-JAR PLATFORM-JAR KIT-JAR
 set -euo pipefail
@@ -70,7 +70,33 @@ compile "$main/java" "$work/java"
 } >"$work/MainActivity.java"
 compile "$work/MainActivity.java"
 
+# The C++ code, as the page's CMake code builds it; the package stands in for that of the AAR.
 java_home=$(dirname "$(dirname "$(readlink -f "$(command -v javac)")")")
-"$source/docs/examples/extract.sh" "$page" cpp |
-    c++ -std=c++17 -Wall -Wextra -Werror -fsyntax-only -I"$source/include" -I"$java_home/include" \
-        -I"$java_home/include/linux" -x c++ -
+app=$work/app
+mkdir -p "$app"
+"$source/docs/examples/extract.sh" "$page" cpp >"$app/app.cpp"
+cat >"$app/CMakeLists.txt" <<END
+cmake_minimum_required(VERSION 3.25)
+project(app CXX)
+add_library(app OBJECT app.cpp)
+$("$source/docs/examples/extract.sh" "$page" cmake)
+END
+cat >"$app/vornrendererConfig.cmake" <<END
+add_library(vornrenderer::vornrenderer INTERFACE IMPORTED)
+target_include_directories(vornrenderer::vornrenderer INTERFACE $source/include)
+END
+grep -q 'create("vornrenderer")' "$source/android/vornrenderer/build.gradle.kts"
+cmake -S "$app" -B "$app/build" -G Ninja -Dvornrenderer_DIR="$app" -DCMAKE_CXX_STANDARD=17 \
+    -DCMAKE_CXX_FLAGS="-Wall -Wextra -Werror -I$java_home/include -I$java_home/include/linux" >"$app/log"
+cmake --build "$app/build" >>"$app/log" || { cat "$app/log" && exit 1; }
+
+# The commands, and the modules that they name.
+for text in "$page" "$source/android/README.md"; do
+    "$source/docs/examples/extract.sh" "$text" sh | tee "$work/commands" | bash -n
+    grep -o ' :[a-z-]*' "$work/commands" | tr -d ' ' | while read -r module; do
+        grep -qF "\"$module\"" "$source/android/settings.gradle.kts" || {
+            echo "FAILED: $text names $module, which is no module" >&2
+            exit 1
+        }
+    done
+done

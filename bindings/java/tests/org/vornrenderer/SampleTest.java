@@ -15,6 +15,7 @@ import android.view.MotionEvent;
 import android.view.View;
 import android.widget.Toasts;
 import java.io.File;
+import java.lang.reflect.Method;
 import java.nio.ByteBuffer;
 import java.util.concurrent.CountDownLatch;
 import org.junit.After;
@@ -115,6 +116,28 @@ public class SampleTest {
             screen = Screens.of(view::queueEvent);
         }
         Screens.save(screen, "view-stickers.png");
+    }
+
+    @Test
+    public void thePageDecoratesAPhoto() throws Exception {
+        VornTextureView view = start(SAMPLE + "StickerActivity");
+        view.clearStickers();
+        Bitmap one = Bitmap.createBitmap(1, 1, Bitmap.Config.ARGB_8888);
+        one.setPixel(0, 0, 0xFF0080FF);
+        Bitmap white = one.copy(Bitmap.Config.ARGB_8888, true);
+        white.setPixel(0, 0, 0xFFFFFFFF);
+        Method apply =
+                Class.forName("Decorations")
+                        .getDeclaredMethod(
+                                "apply", VideoPlayer.class, Bitmap.class, Bitmap.class, Bitmap.class);
+        apply.setAccessible(true);
+        apply.invoke(null, view, one, white, white);
+        assertNotNull(view.stickerAt(200, 80));
+        int color = 0;
+        while (color != 0xFF0080FF) { // Until the photo is drawn.
+            Thread.sleep(20);
+            color = Screens.of(view::queueEvent).getPixel(Screens.WIDTH / 2, Screens.HEIGHT / 2);
+        }
     }
 
     @Test
