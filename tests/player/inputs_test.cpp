@@ -1,5 +1,7 @@
 // Several inputs in one output, and inputs and outputs that are pipes.
 
+#include <fstream>
+
 #include "Clip.h"
 #include "PlayerFixture.h"
 
@@ -85,4 +87,24 @@ TEST_F(InputsTest, PipesCarryPicturesAndSoundBothWays) {
               "vornplay: stdout: cannot be written: No space left on device\n");
     EXPECT_EQ(Play("nosuch://clip --out url.mkv").errors,
               "vornplay: nosuch://clip: Protocol not found; -v shows more\n");
+}
+
+/// Python's server sends only whole files.
+TEST_F(InputsTest, ServersMaySendOnlyWholeFiles) {
+    MakeClip(Path("in.mkv"), ClipKind());
+    PlayWell("in.mkv --out in.mp4");
+    std::ofstream(Path("serve.py")) << R"(
+import http.server, subprocess, sys, threading
+server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), http.server.SimpleHTTPRequestHandler)
+threading.Thread(target=server.serve_forever, daemon=True).start()
+sys.exit(subprocess.call(sys.argv[1].replace("SERVER", "http://127.0.0.1:%d" % server.server_port), shell=True)))";
+    const auto play = [this](const std::string& arguments) {
+        return Run("python3 serve.py",
+                   "'" VORNPLAY " --overwrite --out out.mkv " + arguments + "'");
+    };
+    for (const std::string clip : {"in.mkv", "in.mp4"}) {
+        EXPECT_EQ(play("SERVER/" + clip + " --start 0.4").status, 0);
+        EXPECT_EQ(ReadFrames(Path("out.mkv")).size(), 10U) << clip;
+    }
+    EXPECT_NE(play("SERVER/none.mp4").errors.find("404 Not Found"), std::string::npos);
 }

@@ -107,7 +107,7 @@ void VideoFile::Seek(Seeking seeking) {
         const std::optional<StampScan> scan = ScanStamps(path_);
         seeking = scan.has_value() && scan->restart ? Seeking::kByReading : seeking;
     }
-    if (seeking == Seeking::kByReading) {
+    if (seeking == Seeking::kByReading || IsStream()) {
         return;
     }
     const double ticks = startSeconds_ / av_q2d(stream_->time_base);
@@ -155,8 +155,12 @@ PictureShape VideoFile::Shape(bool turn) const {
 }
 
 std::string VideoFile::NoPicture() const {
-    if (path_ == "-" && IsIndexed()) {
-        return path_ + ": its index is at the end, which a pipe reaches too late; name the file";
+    if (IsStream() && IsIndexed()) {
+        return path_ +
+               (path_ == "-"
+                    ? ": its index is at the end, which a pipe reaches too late; name the file"
+                    : ": its index is at the end, and the server sends only whole files; "
+                      "download it first");
     }
     return path_ + (startSeconds_ > 0.0 ? ": no picture from the start time on"
                                         : ": no picture in it can be decoded");
@@ -230,6 +234,11 @@ int64_t VideoFile::MissingTime() const {
 int64_t VideoFile::MissingFrames() const {
     const bool counted = startSeconds_ <= 0.0 && stream_->nb_frames > packets_;
     return counted ? stream_->nb_frames - packets_ : MissingTime();
+}
+
+/// Whether it can only be read from its beginning on, as pipes and some servers give it.
+bool VideoFile::IsStream() const {
+    return input_->pb != nullptr && input_->pb->seekable == 0;
 }
 
 bool VideoFile::IsIndexed() const {

@@ -86,6 +86,7 @@ private:
     void Note(const AVPacket& packet);
     void KeepIfAudio(const AVPacket& packet);
     void End(int readResult);
+    bool IsStream() const;
     bool IsIndexed() const;
     int64_t MissingFrames() const;
     int64_t MissingTime() const;
