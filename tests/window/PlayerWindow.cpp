@@ -82,8 +82,8 @@ int CountDifferent(const Image& one, const Image& other, int tolerance) {
     return count;
 }
 
-bool ShowsText(const Image& image, const std::string& text) {
-    for (const int pixels : {12, 15, 30}) {
+bool ShowsText(const Image& image, const std::string& text, const std::vector<int>& heights) {
+    for (const int pixels : heights) {
         Font font(pixels);
         Image letters({font.Width(text), font.LineHeight()});
         font.Write(letters, 0, 0, text, {255, 255, 255});

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "ChildProcess.h"
 #include "PlayerFixture.h"
@@ -13,6 +14,10 @@ class PlayerWindow : public PlayerTest {
 protected:
     void SetUp() override;
 
+    /// As a desktop's settings do.
+    void SetDotsPerInch(int dots) const {
+        screen_->SetResources("Xft.dpi:\t" + std::to_string(dots) + "\n");
+    }
     /// Starts the player and waits for its window.
     void Open(const std::string& arguments);
     /// Likewise on Wayland. The window fills a screen of \p size pixels, \p density of which make
@@ -71,4 +76,5 @@ private:
 /// How many pixels of two pictures differ by more than this in a channel.
 int CountDifferent(const Image& one, const Image& other, int tolerance);
 /// Whether \p text is written somewhere in white.
-bool ShowsText(const Image& image, const std::string& text);
+bool ShowsText(const Image& image, const std::string& text,
+               const std::vector<int>& heights = {12, 15, 30});

@@ -1,5 +1,6 @@
 #include "VirtualScreen.h"
 
+#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
@@ -49,6 +50,13 @@ VirtualScreen::VirtualScreen(FILE* server, std::string name, _XDisplay* display)
 VirtualScreen::~VirtualScreen() {
     XCloseDisplay(display_);
     pclose(server_);
+}
+
+void VirtualScreen::SetResources(const std::string& lines) const {
+    XChangeProperty(display_, DefaultRootWindow(display_), XA_RESOURCE_MANAGER, XA_STRING, 8,
+                    PropModeReplace, reinterpret_cast<const unsigned char*>(lines.data()),
+                    static_cast<int>(lines.size()));
+    XFlush(display_);
 }
 
 void VirtualScreen::Disconnect(unsigned long window) const {

@@ -26,6 +26,9 @@ public:
     Image Capture(unsigned long window) const;
     Size SizeOf(unsigned long window) const;
 
+    /// Replaces the resources of all programs.
+    void SetResources(const std::string& lines) const;
+
     /// Drops a file onto a window, and waits until it was taken.
     void Drop(unsigned long window, const std::string& path) const;
 

@@ -96,3 +96,16 @@ TEST_F(ShowingTest, FiguresAndKeysComeAndGo) {
     Key("h");
     EXPECT_TRUE(SeesText("save the frame as PNG"));
 }
+
+TEST_F(ShowingTest, TextsAndTheSmallestWindowGrowAsTheDesktopWants) {
+    constexpr Size kSmallest = {320, 240};
+    SetDotsPerInch(192);
+    WriteImage("dark.png", Solid({64, 48}, {10, 20, 30, 255}));
+    Open("dark.png");
+    Key("l");
+    EXPECT_TRUE(Sees([&kSmallest](const Image& seen) {
+        return seen.size.width == 2 * kSmallest.width && seen.size.height == 2 * kSmallest.height &&
+               ShowsText(seen, "Loop: on", {24});
+    }));
+    EXPECT_EQ(Quit(), 0) << Log();
+}

@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "support/ToolError.h"
+#include "window/TextScale.h"
 
 namespace {
 
@@ -14,7 +15,7 @@ namespace {
     throw ToolError(what + ": " + SDL_GetError());
 }
 
-/// All texts fit into it.
+/// All usual texts fit into it.
 constexpr Size kSmallest = {320, 240};
 
 /// As large as the picture, or as the screen allows.
@@ -64,7 +65,9 @@ GlWindow::GlWindow(const std::string& title, Size picture) {
     if (window_ == nullptr) {
         Fail("no window");
     }
-    SDL_SetWindowMinimumSize(window_.get(), kSmallest.width, kSmallest.height);
+    textScale_ = TextScaleOf(*window_);
+    SDL_SetWindowMinimumSize(window_.get(), static_cast<int>(kSmallest.width * textScale_),
+                             static_cast<int>(kSmallest.height * textScale_));
     context_.reset(SDL_GL_CreateContext(window_.get()));
     if (context_ == nullptr) {
         Fail("no OpenGL ES 3 in the window");
@@ -84,6 +87,7 @@ Layout GlWindow::LayoutOf(Size picture) const {
         *length = std::max(1, *length);
     }
     layout.picture = picture;
+    layout.textScale = textScale_;
     return layout;
 }
 

@@ -29,4 +29,5 @@ private:
 
     std::unique_ptr<SDL_Window, DestroyWindow> window_;
     std::unique_ptr<void, DeleteContext> context_;
+    double textScale_ = 1.0;
 };

@@ -22,6 +22,7 @@ struct Layout {
     Size window;    ///< In the units of the pointer.
     Size drawable;  ///< In pixels; more than the window's on a display of high density.
     Size picture;
+    double textScale = 1.0;  ///< What the user's desktop asks for, besides the density.
 
     /// Where the picture is: in the middle, as large as fits.
     Area PictureArea() const;
@@ -35,6 +36,9 @@ struct Layout {
 
     /// Pixels of the drawable per unit of the pointer.
     double Density() const;
+
+    /// The size of texts and controls, which is 1 on a usual screen.
+    double UiScale() const { return Density() * textScale; }
 
     /// The place of the pointer in pixels of the drawable.
     Point DrawableAt(int pointerX, int pointerY) const {

@@ -10,7 +10,7 @@ constexpr std::chrono::milliseconds kBarTime(2500);
 constexpr double kMargin = 8.0;
 
 int Margin(const Layout& layout) {
-    return static_cast<int>(kMargin * layout.Density());
+    return static_cast<int>(kMargin * layout.UiScale());
 }
 
 }  // namespace
@@ -41,9 +41,10 @@ void Hud::SetFont(const Layout& layout) {
     constexpr Size kSmall = {480, 360};
     constexpr double kUsualPixels = 15.0;
     constexpr double kSmallPixels = 12.0;
-    const bool small = layout.window.width < kSmall.width || layout.window.height < kSmall.height;
+    const bool small = layout.window.width < kSmall.width * layout.textScale ||
+                       layout.window.height < kSmall.height * layout.textScale;
     const int pixels =
-        static_cast<int>(std::lround((small ? kSmallPixels : kUsualPixels) * layout.Density()));
+        static_cast<int>(std::lround((small ? kSmallPixels : kUsualPixels) * layout.UiScale()));
     if (!font_.has_value() || font_->Pixels() != pixels) {
         font_.emplace(pixels);
     }

@@ -48,15 +48,16 @@ std::string TimeText(double seconds, int decimals) {
 }
 
 void TimeLine::Place(Font& font, const PlayState& state, const Layout& layout) {
-    constexpr int kLeastWidth = 200;
-    constexpr int kLeastHeight = 100;
+    constexpr double kLeastWidth = 200.0;
+    constexpr double kLeastHeight = 100.0;
     constexpr double kMargin = 8.0;
     constexpr double kHeight = 36.0;
     constexpr double kIcon = 36.0;
     state_ = state;
-    unit_ = layout.Density();
+    unit_ = layout.UiScale();
     bar_ = {};
-    if (layout.window.width < kLeastWidth || layout.window.height < kLeastHeight) {
+    if (layout.drawable.width < kLeastWidth * unit_ ||
+        layout.drawable.height < kLeastHeight * unit_) {
         return;
     }
     const int margin = static_cast<int>(kMargin * unit_);
