@@ -95,7 +95,7 @@ void CallVoidMethodV(JNIEnv*, jobject object, jmethodID method, va_list) {
     }
     if (auto frame = self.queue->Acquire()) {
         self.timestampNs = frame->timestampNs;
-        self.queue->Recycle(std::move(frame));
+        self.queue->Release(std::move(frame));
     }
 }
 

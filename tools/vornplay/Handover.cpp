@@ -95,6 +95,18 @@ void Refuse(const Options& options, const std::string& objection) {
 
 }  // namespace
 
+std::future<void> PrepareJava(const VideoFile& file, const Options& options) {
+    if (options.handover == Handover::kPixels || !Objection(file, options).empty()) {
+        return {};
+    }
+    return std::async(std::launch::async, [platform = options.platform] {
+        std::string objection;  // JavaFor tries again, and reports it.
+        if (JavaVM* java = StartJava(platform, objection)) {
+            java->DetachCurrentThread();
+        }
+    });
+}
+
 JavaVM* JavaFor(const VideoFile& file, const Options& options) {
     if (options.handover == Handover::kPixels) {
         return nullptr;

@@ -2,8 +2,14 @@
 
 #include <jni.h>
 
+#include <future>
+
 #include "Options.h"
 #include "support/VideoFile.h"
+
+/// Starts the JVM on another thread if JavaFor() may need it, so that other work goes on meanwhile.
+/// \return wait for it before JavaFor(); not valid if there is nothing to wait for
+std::future<void> PrepareJava(const VideoFile& file, const Options& options);
 
 /// Decides how the frames of \p file go to the renderer.
 /// \return the JVM, started, if they go compressed; null if they go as pixels

@@ -47,10 +47,15 @@ void FrameQueue::Queue(std::unique_ptr<WindowFrame> frame) {
 
 std::unique_ptr<WindowFrame> FrameQueue::Acquire() {
     const std::lock_guard<std::mutex> lock(mutex_);
-    if (newest_ != nullptr && latchListener_.call != nullptr) {
+    return std::move(newest_);
+}
+
+void FrameQueue::Release(std::unique_ptr<WindowFrame> frame) {
+    Recycle(std::move(frame));
+    const std::lock_guard<std::mutex> lock(mutex_);
+    if (latchListener_.call != nullptr) {
         latchListener_.call(latchListener_.context);
     }
-    return std::move(newest_);
 }
 
 void FrameQueue::SetLatchListener(const LatchListener& listener) {

@@ -39,7 +39,9 @@ public:
     std::unique_ptr<WindowFrame> Dequeue(int width, int height);
     /// Makes \p frame the newest, and calls the listener on this thread.
     void Queue(std::unique_ptr<WindowFrame> frame);
-    /// Sets the listener that Acquire() calls for each frame, with the queue locked.
+    /// Gives back a frame without queueing it.
+    void Recycle(std::unique_ptr<WindowFrame> frame);
+    /// Sets the listener that Release() calls for each frame, with the queue locked.
     void SetLatchListener(const LatchListener& listener);
     void RemoveLatchListener(const void* context);
     /// \}
@@ -48,7 +50,8 @@ public:
     /// \{
     /// \return the newest frame; null if it was already acquired.
     std::unique_ptr<WindowFrame> Acquire();
-    void Recycle(std::unique_ptr<WindowFrame> frame);
+    /// Gives back an acquired frame. In lock-step the next picture then takes its memory.
+    void Release(std::unique_ptr<WindowFrame> frame);
     void SetDefaultSize(int width, int height);
     void SetListener(Listener listener);
     /// Frees all frames and accepts no more.

@@ -16,7 +16,7 @@ TextureConsumer::Result TextureConsumer::Update() {
     glBindTexture(GL_TEXTURE_EXTERNAL_OES, texture_);
     if (auto frame = queue_->Acquire()) {
         result = Latch(*frame);
-        queue_->Recycle(std::move(frame));
+        queue_->Release(std::move(frame));
     }
     return result;
 }
@@ -60,7 +60,6 @@ void TextureConsumer::Release() {
     queue_->Abandon();
     const std::lock_guard<std::mutex> lock(mutex_);
     image_ = nullptr;
-    previous_ = nullptr;
 }
 
 int64_t TextureConsumer::Timestamp() const {
@@ -87,7 +86,6 @@ TextureConsumer::Result TextureConsumer::CheckContext() {
 }
 
 TextureConsumer::Result TextureConsumer::Latch(const WindowFrame& frame) {
-    std::swap(image_, previous_);
     if (image_ == nullptr || !image_->Fits(frame)) {
         image_ = SharedImage::Create(frame.width, frame.height);
         if (image_ == nullptr) {

@@ -55,10 +55,7 @@ private:
     bool attached_ = true;
     EGLDisplay display_ = EGL_NO_DISPLAY;
     EGLContext context_ = EGL_NO_CONTEXT;
-    /// The image of the latched frame, and of the one before. Draws may still read the latter, so
-    /// the next upload goes to the older of the two.
-    std::unique_ptr<SharedImage> image_;
-    std::unique_ptr<SharedImage> previous_;
+    std::unique_ptr<SharedImage> image_;  ///< Of the latched frame.
     int64_t timestampNs_ = 0;
     Matrix matrix_ = kIdentity;
 };

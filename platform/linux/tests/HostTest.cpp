@@ -80,7 +80,7 @@ TEST_F(HostOfDecoder, LockStepHoldsForThePictureThatIsThereAlready) {
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(next(10 * kShortUs), AMEDIACODEC_INFO_TRY_AGAIN_LATER);
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::microseconds(10 * kShortUs));
-    window.queue->Recycle(window.queue->Acquire());
+    window.queue->Release(window.queue->Acquire());
     EXPECT_GE(next(kLongUs), 0);
 }
 
@@ -97,7 +97,7 @@ TEST_F(HostOfDecoder, SteppingHoldsAPictureThatWasShown) {
         if (shown) {
             auto frame = window.queue->Acquire();
             EXPECT_NEAR(frame->pixels[0], (30 + 4 * i - 16) * 255.0 / 219, 2) << i;
-            window.queue->Recycle(std::move(frame));
+            window.queue->Release(std::move(frame));
         }
         EXPECT_EQ(HostDecoder_waitForFrame(host.get(), i + 1, kShortUs, &frames), HOST_TIMED_OUT);
         EXPECT_EQ(frames.delivered, i + 1);

@@ -9,6 +9,7 @@
 #include <iostream>
 #include <utility>
 
+#include "Handover.h"
 #include "RunSummary.h"
 #include "support/RunTool.h"
 #include "support/ToolError.h"
@@ -59,10 +60,22 @@ bool HasDisplay() {
 WindowPlayer::WindowPlayer(const Options& options) : WindowPlayer(options, FileOf(options)) {}
 
 WindowPlayer::WindowPlayer(const Options& options, std::optional<VideoFile> file)
-    : session_(TitleOf(options), PictureSize(options, file)), options_(options) {
+    : startup_("process and file"),
+      java_(file.has_value() ? PrepareJava(*file, options) : std::future<void>()),
+      session_(TitleOf(options), PictureSize(options, file)),
+      options_(options) {
+    startup_.Note("window");
     session_.hud.Say(kHelpHint);
+    if (java_.valid()) {
+        java_.wait();
+        startup_.Note("rest of the JVM");
+    }
     if (file.has_value()) {
         Start(options, std::move(*file));
+        startup_.Note("picture");
+        if (options.verbose) {
+            std::cerr << "vornplay: " << startup_.Text() << '\n';
+        }
     }
 }
 
@@ -70,6 +83,7 @@ WindowPlayer::WindowPlayer(const Options& options, std::optional<VideoFile> file
 void WindowPlayer::Start(const Options& options, VideoFile file) {
     session_.clip.reset();  // First: platforms have few decoders.
     session_.clip = std::make_unique<Clip>(options, std::move(file), session_.speaker);
+    startup_.Note("clip");
     session_.window.SetTitle(TitleOf(options));
     session_.hud.ShowTimeLine();
     ShowNew(Clock::now());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <future>
 #include <optional>
 
 #include "Options.h"
@@ -7,6 +8,7 @@
 #include "window/Pointer.h"
 #include "window/PresentPass.h"
 #include "window/Session.h"
+#include "window/Startup.h"
 
 /// Plays the input in a window that the user controls.
 class WindowPlayer {
@@ -35,6 +37,8 @@ private:
     void ShowPointer() const;
     void Report();
 
+    Startup startup_;
+    std::future<void> java_;  ///< Starts while the window opens.
     Session session_;
     PresentPass pass_;
     Keys keys_{session_};
