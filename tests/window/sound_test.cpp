@@ -129,12 +129,13 @@ TEST_F(SoundTest, GoesOnAcrossStampsThatBeginAgainAndWaitsForLateSound) {
 /// makes the test longer. A busy machine may disturb a try.
 TEST_F(SoundTest, PicturesFollowTheSound) {
     const char* wanted = std::getenv("VORN_SOUND_SECONDS");
-    const int seconds = wanted != nullptr ? static_cast<int>(std::strtol(wanted, nullptr, 10)) : 9;
+    const int seconds =
+        wanted != nullptr ? static_cast<int>(std::strtol(wanted, nullptr, 10)) : SOUND_SECONDS;
     MakeClip(seconds + 6);
     // The device holds up to two periods of 11 ms that are not heard yet, and a frame stays for 40.
     constexpr double kExpected = 0.036;
     double worst = 1.0;
-    for (int tries = 0; tries < 4 && worst > 0.02; ++tries) {
+    for (int tries = 0; tries < 3 && worst > 0.02; ++tries) {
         const std::vector<double> ahead = Listen(seconds);
         const auto third = static_cast<ptrdiff_t>(ahead.size() / 3);
         const double first = Median({ahead.begin(), ahead.begin() + third}) - kExpected;
