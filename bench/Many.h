@@ -38,6 +38,7 @@ public:
     void run(const std::function<void(const Members&)>& work) {
         if (threads_.empty()) {
             Members all;
+            all.reserve(members_.size());
             for (const auto& member : members_) {
                 all.push_back(member.get());
             }

@@ -30,6 +30,7 @@ void ClipPath::play(int count) {
 void ClipPath::PlayAll(const std::vector<ClipPath*>& paths, int count) {
     constexpr int kPauseUs = 1000;
     std::vector<Progress> playing;
+    playing.reserve(paths.size());
     for (ClipPath* path : paths) {
         playing.push_back({path, 0, 0});
     }

@@ -40,6 +40,7 @@ void ManyClips(benchmark::State& state) {
         return [&many, path] {
             many.run([path](const std::vector<Paths*>& each) {
                 std::vector<ClipPath*> paths;
+                paths.reserve(each.size());
                 for (Paths* one : each) {
                     paths.push_back(&(one->*path));
                 }
