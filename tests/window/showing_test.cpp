@@ -103,7 +103,7 @@ TEST_F(ShowingTest, TextsAndTheSmallestWindowGrowAsTheDesktopWants) {
     WriteImage("dark.png", Solid({64, 48}, {10, 20, 30, 255}));
     Open("dark.png");
     Key("l");
-    EXPECT_TRUE(Sees([&kSmallest](const Image& seen) {
+    EXPECT_TRUE(Sees([](const Image& seen) {
         return seen.size.width == 2 * kSmallest.width && seen.size.height == 2 * kSmallest.height &&
                ShowsText(seen, "Loop: on", {24});
     }));
