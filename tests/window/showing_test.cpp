@@ -98,7 +98,7 @@ TEST_F(ShowingTest, FiguresAndKeysComeAndGo) {
 }
 
 TEST_F(ShowingTest, TextsAndTheSmallestWindowGrowAsTheDesktopWants) {
-    constexpr Size kSmallest = {320, 240};
+    static constexpr Size kSmallest = {320, 240};
     SetDotsPerInch(192);
     WriteImage("dark.png", Solid({64, 48}, {10, 20, 30, 255}));
     Open("dark.png");
