@@ -36,7 +36,7 @@ private:
 
     std::vector<Work> works_;
     std::vector<size_t> order_;
-    std::minstd_rand random_;  ///< The same orders in each run.
+    std::minstd_rand random_{std::random_device{}()};
     Times times_;
     Times processorTimes_;
     std::vector<long> pageFaults_;  ///< Of all rounds: [work].

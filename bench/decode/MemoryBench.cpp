@@ -28,10 +28,9 @@ void MemoryOfClip(benchmark::State& state) {
         std::filesystem::temp_directory_path() / ("memorybench-" + height + ".h264");
     RunProcess({MAKE_CLIP, width, height, std::to_string(kUnits), path});
     const auto megabytes = [&](const std::string& name) {
-        std::vector<double> peaks;
-        for (int i = 0; i < kRounds; ++i) {
-            peaks.push_back(RunProcess({PLAY_CLIP, name, path, std::to_string(kUnits)}) /
-                            kMegabyte);
+        std::vector<double> peaks(kRounds);
+        for (double& peak : peaks) {
+            peak = RunProcess({PLAY_CLIP, name, path, std::to_string(kUnits)}) / kMegabyte;
         }
         return Median(peaks);
     };
