@@ -2,8 +2,9 @@
 import math
 import re
 
-WIDTH, HEIGHT = 640, 320
-LEFT, RIGHT, TOP, BOTTOM = 60, 620, 44, 280
+WIDTH, HEIGHT = 640, 340
+LEFT, RIGHT, BOTTOM = 60, 620, 300
+ROW = 18
 COLORS = ("#2f81f7", "#e0823d", "#3fa45b", "#a371f7")
 DASHES = ("none", "7 5", "2 4")
 STYLE = "font: 13px system-ui, sans-serif; fill: #7d8590"
@@ -56,25 +57,34 @@ def grid(xs, ys, to_x, to_y):
     return parts + [text(to_x(x), BOTTOM + 20, x) for x in xs]
 
 
+def key(variant, columns, dash, y):
+    """A row that names the lines of a variant, from right to left."""
+    parts = [text(RIGHT, y, variant, "end")] if variant else []
+    x = RIGHT - (7 * len(variant) + 16 if variant else 0)
+    for column in reversed(columns):
+        name = column.split("/")[0].removesuffix(" ms")
+        parts.append(text(x, y, name, "end"))
+        x -= 7 * len(name) + 8
+        parts.append(line([(x - 24, y - 4), (x, y - 4)], COLORS[columns.index(column)], dash))
+        x -= 40
+    return parts
+
+
 def svg(rows, unit, columns):
     """\\param rows with a label and a value for each column; \\param unit of the values"""
     lines = series(rows, columns)
     xs = sorted({x for points in lines.values() for x, _ in points})
     values = [y for points in lines.values() for _, y in points]
+    variants = list(dict.fromkeys(variant for variant, _ in lines))
     ys = ticks(min(values), max(values))
     to_x = scale(xs, LEFT + 20, RIGHT - 20, True)
-    to_y = scale(ys, BOTTOM, TOP, ys[0] > 0)
-    variants = list(dict.fromkeys(variant for variant, _ in lines))
+    to_y = scale(ys, BOTTOM, ROW * (len(variants) + 2), ys[0] > 0)
     parts = [text(LEFT, 16, unit, "start"), *grid(xs, ys, to_x, to_y)]
-    key = RIGHT
-    for (variant, column), points in reversed(lines.items()):
+    for index, variant in enumerate(variants):
+        parts += key(variant, columns, DASHES[index], 16 + ROW * (index + 1))
+    for (variant, column), points in lines.items():
         color, dash = COLORS[columns.index(column)], DASHES[variants.index(variant)]
         parts.append(line([(to_x(x), to_y(y)) for x, y in points], color, dash))
-        name = ", ".join(filter(None, (column.split("/")[0].removesuffix(" ms"), variant)))
-        parts.append(text(key, 16, name, "end"))
-        key -= 7 * len(name) + 8
-        parts.append(line([(key - 24, 12), (key, 12)], color, dash))
-        key -= 40
     subject = re.sub(r"^\d+ |,.*", "", rows[-1]["label"])
     parts.append(text((LEFT + RIGHT) / 2, HEIGHT - 6, subject))
     return (f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {WIDTH} {HEIGHT}" style="{STYLE}">\n'
