@@ -5,16 +5,12 @@
 PicturePass::PicturePass(const Clip& clip, ShaderKind kind)
     : width_(clip.width),
       height_(clip.height),
-      source_(MakeTexture(GL_RGBA, width_, height_, nullptr)),
+      source_(MakeTexture(GL_RGBA, width_, height_, nullptr, GL_LINEAR)),
       target_(MakeTexture(GL_RGBA, width_, height_, nullptr)),
+      framebuffer_(MakeFramebuffer(target_)),
       program_(MakeProgram(kind, false)),
+      isSticker_(glGetUniformLocation(program_, "isSticker")),
       picture_(MakeQuad(-1, 1, -1, 1).vertexArray) {
-    glBindTexture(GL_TEXTURE_2D, source_);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    glGenFramebuffers(1, &framebuffer_);
-    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer_);
-    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, target_, 0);
     glBindVertexArray(0);
 }
 
@@ -35,7 +31,7 @@ void PicturePass::draw(const std::vector<unsigned char>& pixels) const {
     glViewport(0, 0, width_, height_);
     glClear(GL_COLOR_BUFFER_BIT);
     glUseProgram(program_);
-    glUniform1i(glGetUniformLocation(program_, "isSticker"), 0);
+    glUniform1i(isSticker_, 0);
     glBindVertexArray(picture_);
     DrawBoundQuad();
     glBindVertexArray(0);

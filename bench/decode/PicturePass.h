@@ -25,7 +25,8 @@ private:
     int height_;
     GLuint source_;
     GLuint target_;
+    GLuint framebuffer_;
     GLuint program_;
-    GLuint picture_;  ///< A vertex array.
-    GLuint framebuffer_ = 0;
+    GLint isSticker_;  ///< Location of the uniform.
+    GLuint picture_;   ///< A vertex array.
 };

@@ -15,8 +15,13 @@ struct BareQuad {
 
 /// \param format GL_RGB or GL_RGBA.
 /// \param pixels may be null.
-/// \return a texture with GL_NEAREST filters and clamped edges. Leaves texture 0 bound.
-GLuint MakeTexture(GLenum format, int width, int height, const void* pixels);
+/// \param filter GL_NEAREST or GL_LINEAR.
+/// \return a texture with clamped edges. Leaves texture 0 bound.
+GLuint MakeTexture(GLenum format, int width, int height, const void* pixels,
+                   GLint filter = GL_NEAREST);
+
+/// \return a framebuffer that draws into \p texture. Leaves it bound.
+GLuint MakeFramebuffer(GLuint texture);
 
 /// How much larger the library's initial view shows a picture than the output: cot(47° / 2), seen
 /// from distance 2.

@@ -14,9 +14,7 @@ BareRenderer::BareRenderer(const FrameCase& frame, ShaderKind kind, GLuint stick
     if (frame.masked) {
         mask_ = makeStream();
     }
-    glGenFramebuffers(1, &framebuffer_);
-    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer_);
-    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, target_, 0);
+    framebuffer_ = MakeFramebuffer(target_);
     glBindVertexArray(0);
 }
 

@@ -2,16 +2,11 @@
 
 DirectRenderer::DirectRenderer(const FrameCase& frame, float scale, GLint filter)
     : frame_(frame),
-      source_(MakeTexture(frame.format(), frame.width, frame.height, nullptr)),
+      source_(MakeTexture(frame.format(), frame.width, frame.height, nullptr, filter)),
       target_(MakeTexture(GL_RGBA, frame.width, frame.height, nullptr)),
+      framebuffer_(MakeFramebuffer(target_)),
       program_(MakeProgram(ShaderKind::kLean, false, scale)),
       picture_(MakeQuad(-1, 1, -1, 1).vertexArray) {
-    glBindTexture(GL_TEXTURE_2D, source_);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, filter);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, filter);
-    glGenFramebuffers(1, &framebuffer_);
-    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer_);
-    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, target_, 0);
     glBindVertexArray(0);
 }
 

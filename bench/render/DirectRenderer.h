@@ -20,7 +20,7 @@ private:
     FrameCase frame_;
     GLuint source_;
     GLuint target_;
-    GLuint framebuffer_ = 0;
+    GLuint framebuffer_;
     GLuint program_;
     GLuint picture_;  ///< A vertex array.
 };
