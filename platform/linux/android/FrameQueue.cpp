@@ -14,6 +14,15 @@ WindowFrame::WindowFrame(int frameWidth, int frameHeight)
       height(frameHeight),
       pixels(new uint8_t[kPixelSize * static_cast<size_t>(width) * static_cast<size_t>(height)]) {}
 
+WindowFrame::WindowFrame(const NativeWindowPicture& posted)
+    : width(posted.width), height(posted.height), picture(posted) {}
+
+WindowFrame::~WindowFrame() {
+    if (pixels == nullptr) {
+        picture.free(picture.context);
+    }
+}
+
 std::unique_ptr<WindowFrame> FrameQueue::Dequeue(int width, int height) {
     std::unique_lock<std::mutex> lock(mutex_);
     if (abandoned_) {
@@ -35,9 +44,7 @@ void FrameQueue::Queue(std::unique_ptr<WindowFrame> frame) {
         return;
     }
     std::swap(newest_, frame);
-    if (frame != nullptr) {
-        spare_.push_back(std::move(frame));
-    }
+    KeepPixels(frame);
     const Listener listener = listener_;
     lock.unlock();
     if (listener) {
@@ -72,9 +79,7 @@ void FrameQueue::RemoveLatchListener(const void* context) {
 
 void FrameQueue::Recycle(std::unique_ptr<WindowFrame> frame) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    if (!abandoned_) {
-        spare_.push_back(std::move(frame));
-    }
+    KeepPixels(frame);
 }
 
 void FrameQueue::SetDefaultSize(int width, int height) {
@@ -99,6 +104,12 @@ void FrameQueue::Abandon() {
 bool FrameQueue::IsAbandoned() const {
     const std::lock_guard<std::mutex> lock(mutex_);
     return abandoned_;
+}
+
+void FrameQueue::KeepPixels(std::unique_ptr<WindowFrame>& frame) {
+    if (!abandoned_ && frame != nullptr && frame->pixels != nullptr) {
+        spare_.push_back(std::move(frame));
+    }
 }
 
 std::unique_ptr<WindowFrame> FrameQueue::TakeSpare() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <android/native_window.h>
+#include <system/window.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -9,9 +9,13 @@
 #include <mutex>
 #include <vector>
 
-/// A picture in RGBA, first row first.
+/// A picture: RGBA, first row first, or one that the producer reads when it is shown.
 struct WindowFrame {
-    WindowFrame(int width, int height);
+    WindowFrame(int frameWidth, int frameHeight);
+    explicit WindowFrame(const NativeWindowPicture& posted);
+    ~WindowFrame();
+    WindowFrame(const WindowFrame&) = delete;
+    WindowFrame& operator=(const WindowFrame&) = delete;
 
     int width;
     int height;
@@ -19,10 +23,11 @@ struct WindowFrame {
     ARect crop = {};    ///< The part that has the picture; empty: all.
     int transform = 0;  ///< Bits of ANativeWindowTransform.
     std::unique_ptr<uint8_t[]> pixels;
+    NativeWindowPicture picture = {};  ///< If there are no pixels.
 };
 
 /// Hands pictures from windows to a surface texture. It keeps the newest picture only and reuses
-/// the memory of the others, so there are three at most: one is filled, one waits, one is shown.
+/// the pixels of the others, so there are three at most: one is filled, one waits, one is shown.
 /// Thread-safe.
 class FrameQueue {
 public:
@@ -50,7 +55,7 @@ public:
     /// \{
     /// \return the newest frame; null if it was already acquired.
     std::unique_ptr<WindowFrame> Acquire();
-    /// Gives back an acquired frame. In lock-step the next picture then takes its memory.
+    /// Gives back an acquired frame.
     void Release(std::unique_ptr<WindowFrame> frame);
     void SetDefaultSize(int width, int height);
     void SetListener(Listener listener);
@@ -61,6 +66,7 @@ public:
 
 private:
     std::unique_ptr<WindowFrame> TakeSpare();
+    void KeepPixels(std::unique_ptr<WindowFrame>& frame);
 
     mutable std::mutex mutex_;
     std::unique_ptr<WindowFrame> newest_;

@@ -17,6 +17,15 @@ std::atomic<bool> strict{getenv("LINUX_PLATFORM_STRICT") != nullptr};
 
 }  // namespace
 
+void ANativeWindow::Post(std::unique_ptr<WindowFrame> frame) {
+    std::unique_lock<std::mutex> lock(mutex);
+    frame->timestampNs = timestampNs.value_or(Now());
+    frame->crop = crop;
+    frame->transform = transform;
+    lock.unlock();
+    queue->Queue(std::move(frame));
+}
+
 extern "C" {
 
 void ANativeWindow_acquire(ANativeWindow* window) {
@@ -89,11 +98,8 @@ int32_t ANativeWindow_unlockAndPost(ANativeWindow* window) {
         return -EINVAL;
     }
     auto frame = std::move(window->locked);
-    frame->timestampNs = window->timestampNs.value_or(Now());
-    frame->crop = window->crop;
-    frame->transform = window->transform;
     lock.unlock();
-    window->queue->Queue(std::move(frame));
+    window->Post(std::move(frame));
     return 0;
 }
 
@@ -122,6 +128,14 @@ int native_window_set_buffers_timestamp(ANativeWindow* window, int64_t timestamp
 int native_window_set_crop(ANativeWindow* window, const ARect* crop) {
     const std::lock_guard<std::mutex> lock(window->mutex);
     window->crop = crop != nullptr ? *crop : ARect{};
+    return 0;
+}
+
+int native_window_post_picture(ANativeWindow* window, const NativeWindowPicture* picture) {
+    if (window->queue->IsAbandoned()) {
+        return -ENODEV;
+    }
+    window->Post(std::make_unique<WindowFrame>(*picture));
     return 0;
 }
 

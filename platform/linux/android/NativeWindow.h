@@ -16,6 +16,9 @@ struct ANativeWindow {
     const std::shared_ptr<FrameQueue> queue;
     std::atomic<int> references{1};
 
+    /// Queues a frame with the time stamp, crop and transform that were set.
+    void Post(std::unique_ptr<WindowFrame> frame);
+
     std::mutex mutex;  ///< Guards all below.
     int width = 0;     ///< 0, 0: the consumer's default.
     int height = 0;

@@ -4,6 +4,7 @@
 // After gl3.h, whose types it uses.
 #include <GLES2/gl2ext.h>
 
+#include <algorithm>
 #include <cstdint>
 
 #include "GlStateGuard.h"
@@ -15,6 +16,24 @@ EGLImage ImageOf(GLuint texture) {
     auto* buffer = reinterpret_cast<EGLClientBuffer>(static_cast<uintptr_t>(texture));
     return eglCreateImage(eglGetCurrentDisplay(), eglGetCurrentContext(), EGL_GL_TEXTURE_2D, buffer,
                           nullptr);
+}
+
+void UploadRows(int width, int row, int rows, const uint8_t* rgba) {
+    glTexSubImage2D(GL_TEXTURE_2D, 0, 0, row, width, rows, GL_RGBA, GL_UNSIGNED_BYTE, rgba);
+}
+
+/// By parts that stay in the processor's cache until GL has copied them.
+void UploadPicture(const NativeWindowPicture& picture) {
+    constexpr int kPartSize = 128 << 10;
+    constexpr int kPixelSize = 4;
+    const int stride = picture.width * kPixelSize;
+    const int most = std::max(2, kPartSize / stride / 2 * 2);
+    const std::unique_ptr<uint8_t[]> part(new uint8_t[static_cast<size_t>(most) * stride]);
+    for (int row = 0; row < picture.height; row += most) {
+        const int rows = std::min(most, picture.height - row);
+        picture.read(picture.context, row, rows, part.get());
+        UploadRows(picture.width, row, rows, part.get());
+    }
 }
 
 /// The image keeps the texture's storage after the texture is deleted.
@@ -59,8 +78,11 @@ void SharedImage::Upload(const WindowFrame& frame) const {
     glGenTextures(1, &texture);
     glBindTexture(GL_TEXTURE_2D, texture);
     ShowIn(GL_TEXTURE_2D);
-    glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, width_, height_, GL_RGBA, GL_UNSIGNED_BYTE,
-                    frame.pixels.get());
+    if (frame.pixels != nullptr) {
+        UploadRows(width_, 0, height_, frame.pixels.get());
+    } else {
+        UploadPicture(frame.picture);
+    }
     glDeleteTextures(1, &texture);
 }
 

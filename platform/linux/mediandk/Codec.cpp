@@ -214,20 +214,20 @@ media_status_t Codec::ReleaseOutput(size_t index, bool render, std::optional<int
     if (picture.frame == nullptr) {
         flow_->End();
     } else if (render) {
-        Show(picture, timestampNs);
+        Show(std::move(picture), timestampNs);
     } else {
         flow_->EndTurn();
     }
     return status;
 }
 
-void Codec::Show(const Picture& picture, std::optional<int64_t> timestampNs) {
+void Codec::Show(Picture picture, std::optional<int64_t> timestampNs) {
     constexpr int64_t kNanosecondsPerMicrosecond = 1000;
     const auto renderer = Renderer();
-    if (renderer != nullptr &&
-        renderer->Render(picture,
-                         timestampNs.value_or(picture.timeUs * kNanosecondsPerMicrosecond))) {
-        flow_->Deliver(picture.unit);
+    const int64_t unit = picture.unit;
+    const int64_t shownNs = timestampNs.value_or(picture.timeUs * kNanosecondsPerMicrosecond);
+    if (renderer != nullptr && renderer->Render(std::move(picture), shownNs)) {
+        flow_->Deliver(unit);
     } else {
         flow_->EndTurn();
     }

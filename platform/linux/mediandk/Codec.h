@@ -65,7 +65,7 @@ private:
                                               const PictureFormat& announced);
     std::shared_ptr<WindowRenderer> NewRenderer(ANativeWindow* window);
     std::shared_ptr<WindowRenderer> Renderer();
-    void Show(const Picture& picture, std::optional<int64_t> timestampNs);
+    void Show(Picture picture, std::optional<int64_t> timestampNs);
 
     size_t InputCapacity(const AMediaFormat& format) const;
 

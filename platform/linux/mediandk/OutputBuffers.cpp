@@ -19,7 +19,7 @@ void Describe(const Picture& picture, AMediaCodecBufferInfo* info) {
 
 bool OutputBuffers::Push(Picture picture) {
     std::unique_lock<std::mutex> lock(mutex_);
-    freed_.wait(lock, [this] { return closed_ || FindFree() != nullptr; });
+    roomMade_.wait(lock, [this] { return closed_ || HasRoom(); });
     if (closed_) {
         return false;
     }
@@ -45,6 +45,7 @@ ssize_t OutputBuffers::Dequeue(AMediaCodecBufferInfo* info, int64_t timeoutUs) {
         return AMEDIACODEC_INFO_OUTPUT_FORMAT_CHANGED;
     }
     queue_.pop_front();
+    roomMade_.notify_one();
     slot->owner = Owner::kClient;
     Describe(slot->picture, info);
     return slot - slots_.data();
@@ -75,7 +76,7 @@ media_status_t OutputBuffers::Release(size_t index, Picture* picture) {
         return AMEDIA_ERROR_INVALID_PARAMETER;
     }
     *picture = std::exchange(slots_[index], Slot()).picture;
-    freed_.notify_one();
+    roomMade_.notify_one();
     return AMEDIA_OK;
 }
 
@@ -87,8 +88,12 @@ PictureFormat OutputBuffers::Format() {
 void OutputBuffers::Close() {
     const std::lock_guard<std::mutex> lock(mutex_);
     closed_ = true;
-    freed_.notify_all();
+    roomMade_.notify_all();
     pushed_.notify_all();
+}
+
+bool OutputBuffers::HasRoom() {
+    return queue_.size() < kMostQueued && FindFree() != nullptr;
 }
 
 OutputBuffers::Slot* OutputBuffers::FindFree() {

@@ -17,7 +17,7 @@ public:
     /// \param announced the format that the client already knows.
     explicit OutputBuffers(const PictureFormat& announced) : announced_(announced) {}
 
-    /// Waits for a free buffer. \return false after Close().
+    /// Waits until there is room. \return false after Close().
     bool Push(Picture picture);
 
     /// \name The client's side
@@ -41,15 +41,18 @@ private:
         Picture picture;
         std::vector<uint8_t> planes;
     };
+    /// Enough for a client that keeps some.
+    static constexpr size_t kCount = 4;
     /// Enough to keep the decoder busy while the client shows a picture, and few enough for the
     /// pictures to stay in the processor's cache.
-    static constexpr size_t kCount = 3;
+    static constexpr size_t kMostQueued = 1;
 
+    bool HasRoom();
     Slot* FindFree();
     bool HeldByClient(size_t index) const;
 
     std::mutex mutex_;
-    std::condition_variable freed_;
+    std::condition_variable roomMade_;
     std::condition_variable pushed_;
     std::array<Slot, kCount> slots_;
     std::deque<Slot*> queue_;

@@ -39,9 +39,9 @@ size_t PlanarSize(const PictureFormat& format);
 /// Whether ConvertToRgba and ConvertToPlanar support the layout.
 bool CanConvert(const PictureFormat& format);
 
-/// The padding becomes green.
-/// \param stride of \p rgba, in bytes.
-void ConvertToRgba(const Picture& picture, uint8_t* rgba, int stride);
+/// Converts \p rows rows of the buffer, from \p row on, which is even. The padding becomes green.
+/// \param rgba bufferWidth times \p rows pixels.
+void ConvertToRgba(const Picture& picture, int row, int rows, uint8_t* rgba);
 
 /// Leaves the padding as it is.
 /// \param planes PlanarSize bytes: Y, U, V, chroma halved both ways.

@@ -78,13 +78,21 @@ const Conversion* Find(AVPixelFormat layout) {
     return found != kConversions.end() ? found : nullptr;
 }
 
-void FillPadding(const PictureFormat& format, uint8_t* rgba, int stride) {
+void FillPadding(const PictureFormat& format, int firstRow, int rows, uint8_t* rgba) {
     constexpr uint32_t kGreen = 0xFF00FF00;
-    for (int row = 0; row < format.bufferHeight; ++row) {
-        auto* pixels = reinterpret_cast<uint32_t*>(rgba + static_cast<ptrdiff_t>(row) * stride);
+    auto* pixels = reinterpret_cast<uint32_t*>(rgba);
+    for (int row = firstRow; row < firstRow + rows; ++row, pixels += format.bufferWidth) {
         std::fill(pixels + (row < format.height ? format.width : 0), pixels + format.bufferWidth,
                   kGreen);
     }
+}
+
+/// The bytes of a plane for the picture's rows from \p row on.
+const uint8_t* RowOf(const Picture& picture, int plane, int row) {
+    const AVFrame& frame = *picture.frame;
+    const bool halved = plane > 0 && picture.format.layout == AV_PIX_FMT_YUV420P;
+    return frame.data[plane] +
+           static_cast<ptrdiff_t>(halved ? row / 2 : row) * frame.linesize[plane];
 }
 
 }  // namespace
@@ -93,14 +101,19 @@ bool CanConvert(const PictureFormat& format) {
     return Find(format.layout) != nullptr;
 }
 
-void ConvertToRgba(const Picture& picture, uint8_t* rgba, int stride) {
+void ConvertToRgba(const Picture& picture, int row, int rows, uint8_t* rgba) {
+    constexpr int kPixelSize = 4;
     const AVFrame& frame = *picture.frame;
-    Find(picture.format.layout)
-        ->toRgba(frame.data[0], frame.linesize[0], frame.data[2], frame.linesize[2], frame.data[1],
-                 frame.linesize[1], rgba, stride,
-                 ExchangedConstants(picture.format.matrix, picture.format.fullRange), frame.width,
-                 frame.height);
-    FillPadding(picture.format, rgba, stride);
+    const PictureFormat& format = picture.format;
+    const int shown = std::min(rows, frame.height - row);
+    if (shown > 0) {
+        Find(format.layout)
+            ->toRgba(RowOf(picture, 0, row), frame.linesize[0], RowOf(picture, 2, row),
+                     frame.linesize[2], RowOf(picture, 1, row), frame.linesize[1], rgba,
+                     format.bufferWidth * kPixelSize,
+                     ExchangedConstants(format.matrix, format.fullRange), frame.width, shown);
+    }
+    FillPadding(format, row, rows, rgba);
 }
 
 void ConvertToPlanar(const Picture& picture, uint8_t* planes) {

@@ -4,6 +4,18 @@
 
 #include <utility>
 
+namespace {
+
+void Read(void* picture, int32_t row, int32_t rows, uint8_t* rgba) {
+    ConvertToRgba(*static_cast<Picture*>(picture), row, rows, rgba);
+}
+
+void Free(void* picture) {
+    delete static_cast<Picture*>(picture);
+}
+
+}  // namespace
+
 WindowRenderer::WindowRenderer(ANativeWindow* window, int transform,
                                std::shared_ptr<FrameFlow> flow)
     : window_(native_window_new_reference(window)), transform_(transform), flow_(std::move(flow)) {
@@ -16,20 +28,19 @@ WindowRenderer::~WindowRenderer() {
     ANativeWindow_release(window_);
 }
 
-bool WindowRenderer::Render(const Picture& picture, int64_t timestampNs) {
-    constexpr int kPixelSize = 4;
+bool WindowRenderer::Render(Picture picture, int64_t timestampNs) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    const PictureFormat& format = picture.format;
-    ANativeWindow_setBuffersGeometry(window_, format.bufferWidth, format.bufferHeight,
-                                     WINDOW_FORMAT_RGBA_8888);
-    ANativeWindow_Buffer buffer;
-    if (ANativeWindow_lock(window_, &buffer, nullptr) != 0) {
-        return false;
-    }
-    ConvertToRgba(picture, static_cast<uint8_t*>(buffer.bits), buffer.stride * kPixelSize);
+    const PictureFormat format = picture.format;
     native_window_set_buffers_timestamp(window_, timestampNs);
     ANativeWindow_setBuffersTransform(window_, transform_);
     const ARect crop = {0, 0, format.width, format.height};
     native_window_set_crop(window_, &crop);
-    return ANativeWindow_unlockAndPost(window_) == 0;
+    auto waiting = std::make_unique<Picture>(std::move(picture));
+    const NativeWindowPicture posted = {format.bufferWidth, format.bufferHeight, Read, Free,
+                                        waiting.get()};
+    if (native_window_post_picture(window_, &posted) != 0) {
+        return false;
+    }
+    waiting.release();  // NOLINT(bugprone-unused-return-value): Free does it.
+    return true;
 }

@@ -19,7 +19,7 @@ public:
     WindowRenderer& operator=(const WindowRenderer&) = delete;
 
     /// \return false if the window's consumer was released, which is not an error.
-    bool Render(const Picture& picture, int64_t timestampNs);
+    bool Render(Picture picture, int64_t timestampNs);
 
 private:
     ANativeWindow* window_;

@@ -88,15 +88,15 @@ TEST_F(HostOfDecoder, SteppingHoldsAPictureThatWasShown) {
     constexpr int kCount = 8;
     HostDecoder_setStepping(host.get(), 1);
     client.Feed(Encode(stream, kCount));
-    HostDecoder_endStream(host.get(), -1);
     const Drainer drainer(client.Get());
+    HostDecoder_endStream(host.get(), -1);
     HostFrames frames;
     for (int i = 0; i < kCount; ++i) {
         ASSERT_EQ(HostDecoder_waitForFrame(host.get(), i, -1, &frames), HOST_READY);
         const bool shown = i % 3 != 1;
         if (shown) {
             auto frame = window.queue->Acquire();
-            EXPECT_NEAR(frame->pixels[0], (30 + 4 * i - 16) * 255.0 / 219, 2) << i;
+            EXPECT_NEAR(ReadPixels(*frame)[0], (30 + 4 * i - 16) * 255.0 / 219, 2) << i;
             window.queue->Release(std::move(frame));
         }
         EXPECT_EQ(HostDecoder_waitForFrame(host.get(), i + 1, kShortUs, &frames), HOST_TIMED_OUT);
@@ -131,8 +131,8 @@ TEST(HostOfDecoders, AppliesToTheThreadsNewestAsLongAsThatLives) {
 TEST_F(HostOfDecoder, DoesNotWaitForPicturesThatNobodyCanShow) {
     window.queue->Abandon();
     client.Feed(Encode(stream, 12));
-    HostDecoder_endStream(host.get(), -1);
     const Drainer drainer(client.Get());
+    HostDecoder_endStream(host.get(), -1);
     EXPECT_EQ(HostDecoder_waitForFrame(host.get(), 0, kLongUs, nullptr), HOST_ENDED);
 }
 

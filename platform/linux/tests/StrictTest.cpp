@@ -68,7 +68,8 @@ TEST_F(Strict, PadsPicturesInGreenOutsideOfTheCrop) {
     EXPECT_EQ(frame->crop.bottom, 182);
     EXPECT_EQ(frame->transform, ANATIVEWINDOW_TRANSFORM_ROTATE_90);
     EXPECT_EQ(frame->timestampNs, 2 * kFrameTimeUs * 1000);
-    const auto* pixels = reinterpret_cast<const uint32_t*>(frame->pixels.get());
+    const auto rgba = ReadPixels(*frame);
+    const auto* pixels = reinterpret_cast<const uint32_t*>(rgba.data());
     int wrong = 0;
     for (int i = 0; i < 384 * 192; ++i) {
         const bool padding = i % 384 >= 322 || i / 384 >= 182;

@@ -45,6 +45,33 @@ void Post(ANativeWindow* window, int width, int height, const Pixels& pixels, in
     ASSERT_EQ(ANativeWindow_unlockAndPost(window), 0);
 }
 
+/// A picture that the consumer reads from the producer.
+struct ReadPicture {
+    ReadPicture(int pictureWidth, int pictureHeight, int seed)
+        : width(pictureWidth), height(pictureHeight), pixels(Pattern(width, height, seed)) {}
+
+    int Post(ANativeWindow* window) {
+        const NativeWindowPicture picture = {width, height, Read, Free, this};
+        return native_window_post_picture(window, &picture);
+    }
+
+    static void Read(void* context, int32_t row, int32_t rows, uint8_t* rgba) {
+        auto& self = *static_cast<ReadPicture*>(context);
+        const ptrdiff_t stride = ptrdiff_t{4} * self.width;
+        EXPECT_EQ(row % 2, 0);
+        std::copy_n(self.pixels.begin() + row * stride, rows * stride, rgba);
+        self.rowsRead += rows;
+    }
+
+    static void Free(void* context) { ++static_cast<ReadPicture*>(context)->frees; }
+
+    int width;
+    int height;
+    Pixels pixels;
+    int rowsRead = 0;
+    int frees = 0;
+};
+
 std::array<float, 16> TransformOf(const JavaObject& texture) {
     JNIEnv* env = java::Env();
     std::array<float, 16> matrix{};
@@ -107,6 +134,29 @@ TEST_F(SurfaceTexture, ShowsTheNewestPictureFirstRowFirst) {
     EXPECT_EQ(texture->Call("updateTexImage"), "");
     EXPECT_EQ(ReadExternal(name, 33, 17), Pattern(33, 17, 2));
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
+TEST_F(SurfaceTexture, ReadsAPictureWhenItIsShownAndFreesItOnce) {
+    constexpr int kWidth = 640;
+    constexpr int kHeight = 163;  // Read in more than one part, the last one with an odd row.
+    ReadPicture replaced(kWidth, kHeight, 0);
+    ReadPicture shown(kWidth, kHeight, 1);
+    ReadPicture abandoned(kWidth, kHeight, 2);
+    EXPECT_EQ(replaced.Post(window), 0);
+    EXPECT_EQ(shown.Post(window), 0);
+    EXPECT_EQ(replaced.frees, 1);
+    EXPECT_EQ(shown.rowsRead, 0);
+    EXPECT_EQ(texture->Call("updateTexImage"), "");
+    EXPECT_EQ(shown.rowsRead, kHeight);
+    EXPECT_EQ(shown.frees, 1);
+    EXPECT_EQ(ReadExternal(name, kWidth, kHeight), shown.pixels);
+
+    EXPECT_EQ(abandoned.Post(window), 0);
+    EXPECT_EQ(texture->Call("release"), "");
+    EXPECT_EQ(abandoned.frees, 1);
+    EXPECT_EQ(replaced.rowsRead + abandoned.rowsRead, 0);
+    EXPECT_EQ(shown.Post(window), -ENODEV);
+    EXPECT_EQ(shown.frees, 1) << "it remains the caller's";
 }
 
 TEST_F(SurfaceTexture, MapsTheUprightPictureToTheCroppedAndTurnedBuffer) {

@@ -24,6 +24,23 @@ int native_window_set_buffers_timestamp(ANativeWindow* window, int64_t timestamp
 /// of it. Null selects the whole buffer.
 int native_window_set_crop(ANativeWindow* window, const ARect* crop);
 
+/// A picture in a form of the producer's, such as YUV, which is read when the consumer latches it.
+typedef struct NativeWindowPicture {
+    int32_t width;
+    int32_t height;
+    /// Writes \p rows rows, from \p row on, without gaps, first row first, in RGBA. \p row is even.
+    /// Runs on the consumer's thread.
+    void (*read)(void* context, int32_t row, int32_t rows, uint8_t* rgba);
+    /// Runs once, when the picture is needed no more, on any thread. It must not call the window.
+    void (*free)(void* context);
+    void* context;
+} NativeWindowPicture;
+
+/// Posts a picture with the window's time stamp, crop and transform, like
+/// ANativeWindow_unlockAndPost. \return -ENODEV if the consumer was released; the picture then
+/// remains the caller's.
+int native_window_post_picture(ANativeWindow* window, const NativeWindowPicture* picture);
+
 /// Calls \p listener with \p context, on the consumer's thread, whenever the consumer latches a
 /// buffer. All windows of a consumer share one listener. It must not call the window.
 void native_window_set_latch_listener(ANativeWindow* window, void (*listener)(void* context),
