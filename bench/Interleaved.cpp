@@ -7,6 +7,8 @@
 #include <numeric>
 #include <utility>
 
+#include "Median.h"
+
 namespace {
 
 double SecondsOf(const Interleaved::Work& work) {
@@ -35,12 +37,6 @@ long PageFaults() {
     rusage usage = {};
     getrusage(RUSAGE_SELF, &usage);
     return usage.ru_minflt;
-}
-
-double Median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
 }
 
 }  // namespace
@@ -77,18 +73,11 @@ double Interleaved::medianProcessorMilliseconds(size_t work) const {
 }
 
 double Interleaved::medianRatio(size_t work, size_t reference) const {
-    return MedianRatio(times_, work, reference);
+    return MedianRatio(times_[work], times_[reference]);
 }
 
 double Interleaved::medianProcessorRatio(size_t work, size_t reference) const {
-    return MedianRatio(processorTimes_, work, reference);
-}
-
-double Interleaved::MedianRatio(const Times& times, size_t work, size_t reference) {
-    std::vector<double> ratios(times[work].size());
-    std::transform(times[work].begin(), times[work].end(), times[reference].begin(), ratios.begin(),
-                   std::divides<>());
-    return Median(std::move(ratios));
+    return MedianRatio(processorTimes_[work], processorTimes_[reference]);
 }
 
 double Interleaved::meanPageFaults(size_t work) const {

@@ -32,8 +32,6 @@ public:
 private:
     using Times = std::vector<std::vector<double>>;  ///< Seconds: [work][round].
 
-    static double MedianRatio(const Times& times, size_t work, size_t reference);
-
     std::vector<Work> works_;
     std::vector<size_t> order_;
     std::minstd_rand random_{std::random_device{}()};

@@ -1,6 +1,6 @@
 #include "Phases.h"
 
-#include <algorithm>
+#include "Median.h"
 
 void Phases::start() {
     next_ = 0;
@@ -16,8 +16,5 @@ void Phases::lap() {
 }
 
 double Phases::medianMilliseconds(size_t phase) const {
-    std::vector<double> values = milliseconds_.at(phase);
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
+    return Median(milliseconds_.at(phase));
 }

@@ -38,8 +38,9 @@ set(CPACK_COMPONENT_DEV_DEPENDS runtime)
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME vornrenderer-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION video)
-# For the texts of the player's window.
-set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "fonts-dejavu-core")
+# For the texts of the player's window, and what it loads by itself.
+string(REGEX MATCH "^[0-9]+" LIBAVFILTER_MAJOR "${LIBAVFILTER_VERSION}")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "fonts-dejavu-core, libavfilter${LIBAVFILTER_MAJOR}")
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION
   "vornplay renders clips and pictures; motionmask makes masks of what moves in them.")
 set(CPACK_COMPONENT_TOOLS_DEPENDS runtime)

@@ -3,11 +3,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "Median.h"
 #include "Process.h"
 
 namespace {
@@ -15,11 +15,6 @@ namespace {
 constexpr size_t kUnits = 25;
 constexpr int kRounds = 3;
 constexpr double kMegabyte = 1e6;
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
-}
 
 void MemoryOfClip(benchmark::State& state) {
     const std::string width = std::to_string(state.range(0));

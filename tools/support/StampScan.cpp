@@ -42,10 +42,10 @@ StampScan Scan(VideoFile& file) {
 
 }  // namespace
 
-std::optional<StampScan> ScanStamps(const std::string& path) {
-    if (!IsSmall(path)) {
+std::optional<StampScan> ScanStamps(const VideoFile& file) {
+    if (!IsUnsure(file) || !IsSmall(file.Path())) {
         return std::nullopt;
     }
-    VideoFile file(path);
-    return IsUnsure(file) ? std::optional(Scan(file)) : std::nullopt;
+    VideoFile whole(file.Path());
+    return Scan(whole);
 }

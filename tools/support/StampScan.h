@@ -1,7 +1,8 @@
 #pragma once
 
 #include <optional>
-#include <string>
+
+class VideoFile;
 
 /// What reading all packets of a video says of its times.
 struct StampScan {
@@ -9,6 +10,6 @@ struct StampScan {
     double seconds = 0.0;  ///< How long the video lasts.
 };
 
-/// Nothing if the kind of file says so itself, or if the file is too large to be read for that.
-/// \throws ToolError
-std::optional<StampScan> ScanStamps(const std::string& path);
+/// Opens the file again for that. Nothing if the kind of file says so itself, or if the file is too
+/// large to be read. \throws ToolError
+std::optional<StampScan> ScanStamps(const VideoFile& file);

@@ -81,6 +81,10 @@ void VideoFile::KeepIfAudio(const AVPacket& packet) {
     }
 }
 
+int VideoFile::BestAudio() const {
+    return av_find_best_stream(input_.get(), AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
+}
+
 std::vector<const AVCodecParameters*> VideoFile::Audio() const {
     std::vector<const AVCodecParameters*> tracks;
     for (unsigned i = 0; i < input_->nb_streams; ++i) {
@@ -104,7 +108,7 @@ std::vector<std::string> VideoFile::AudioCodecs() const {
 /// either way the caller drops the frames before the start.
 void VideoFile::Seek(Seeking seeking) {
     if (seeking == Seeking::kAsFits && MayRestart(*input_->iformat)) {
-        const std::optional<StampScan> scan = ScanStamps(path_);
+        const std::optional<StampScan> scan = ScanStamps(*this);
         seeking = scan.has_value() && scan->restart ? Seeking::kByReading : seeking;
     }
     if (seeking == Seeking::kByReading || IsStream()) {

@@ -43,6 +43,8 @@ public:
     const AVCodecParameters& Codec() const { return *stream_->codecpar; }
     /// Whether it is a file in a directory, and no pipe, device or URL.
     bool IsRegular() const;
+    /// The index of the stream that players choose; negative if there is no sound.
+    int BestAudio() const;
     /// The parameters of each audio track.
     std::vector<const AVCodecParameters*> Audio() const;
     /// The name of the codec of each audio track.

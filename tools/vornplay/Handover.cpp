@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <iostream>
 #include <string_view>
 
@@ -13,18 +14,22 @@
 
 namespace {
 
-bool IsVideo(const VideoFile& file) {
-    const std::string_view format = file.Format().name;
+bool IsVideo(const AVInputFormat& type) {
+    const std::string_view format = type.name;
     return format.find("image2") == std::string_view::npos &&
            format.find("_pipe") == std::string_view::npos;
+}
+
+bool IsOfThePlatform(AVCodecID codec) {
+    return codec == AV_CODEC_ID_H264 || codec == AV_CODEC_ID_MJPEG;
 }
 
 bool IsDecodable(const AVCodecParameters& codec) {
     constexpr std::array kLayouts = {AV_PIX_FMT_YUV420P,  AV_PIX_FMT_YUVJ420P, AV_PIX_FMT_YUV422P,
                                      AV_PIX_FMT_YUVJ422P, AV_PIX_FMT_YUV444P,  AV_PIX_FMT_YUVJ444P,
                                      AV_PIX_FMT_GRAY8};
-    const bool known = codec.codec_id == AV_CODEC_ID_H264 || codec.codec_id == AV_CODEC_ID_MJPEG;
-    return known && std::find(kLayouts.begin(), kLayouts.end(), codec.format) != kLayouts.end();
+    return IsOfThePlatform(codec.codec_id) &&
+           std::find(kLayouts.begin(), kLayouts.end(), codec.format) != kLayouts.end();
 }
 
 /// Why the video cannot go compressed; empty if it can.
@@ -34,7 +39,7 @@ std::string Objection(const VideoFile& file, const Options& options) {
     const Size upright = shape.Upright({codec.width, codec.height});
     const bool scaled = options.size.width > 0 && (options.size.width != upright.width ||
                                                    options.size.height != upright.height);
-    if (!IsVideo(file) || !IsDecodable(codec)) {
+    if (!IsVideo(file.Format()) || !IsDecodable(codec)) {
         return "no H.264 or Motion-JPEG video of 8 bits";
     }
     if (options.rgb || options.rgba) {
@@ -53,6 +58,20 @@ std::string Objection(const VideoFile& file, const Options& options) {
     }
     // Frames that go as pixels are scaled with more care.
     return scaled && options.handover != Handover::kCompressed ? "--size is not the input's" : "";
+}
+
+/// Whether the file's header names a video of a codec that the platform decodes.
+bool NamesOurCodec(const std::string& path) {
+    AVFormatContext* input = nullptr;
+    if (avformat_open_input(&input, path.c_str(), nullptr, nullptr) < 0) {
+        return false;
+    }
+    const bool found = std::any_of(
+        input->streams, input->streams + input->nb_streams,
+        [](const AVStream* stream) { return IsOfThePlatform(stream->codecpar->codec_id); });
+    const bool video = IsVideo(*input->iformat);
+    avformat_close_input(&input);
+    return found && video;
 }
 
 /// \return null if there is no JVM, and then why in \p objection
@@ -95,13 +114,16 @@ void Refuse(const Options& options, const std::string& objection) {
 
 }  // namespace
 
-std::future<void> PrepareJava(const VideoFile& file, const Options& options) {
-    if (options.handover == Handover::kPixels || !Objection(file, options).empty()) {
+std::future<void> PrepareJava(const Options& options) {
+    std::error_code ignored;
+    if (options.handover == Handover::kPixels ||
+        !std::filesystem::is_regular_file(options.input, ignored)) {
         return {};
     }
-    return std::async(std::launch::async, [platform = options.platform] {
+    return std::async(std::launch::async, [input = options.input, platform = options.platform] {
         std::string objection;  // JavaFor tries again, and reports it.
-        if (JavaVM* java = StartJava(platform, objection)) {
+        JavaVM* java = NamesOurCodec(input) ? StartJava(platform, objection) : nullptr;
+        if (java != nullptr) {
             java->DetachCurrentThread();
         }
     });

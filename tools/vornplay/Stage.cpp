@@ -33,16 +33,16 @@ double LastSeconds(const VideoFile& file, const std::optional<StampScan>& scan) 
 }
 
 /// Only a window lets its user look for a time.
-std::optional<StampScan> ScanFor(const Options& options) {
-    return options.WantsWindow() ? ScanStamps(options.input) : std::nullopt;
+std::optional<StampScan> ScanFor(const Options& options, const VideoFile& file) {
+    return options.WantsWindow() ? ScanStamps(file) : std::nullopt;
 }
 
 }  // namespace
 
 Stage::Stage(const Options& options, VideoFile file, const PartRange& range)
-    : Stage(options, std::move(file), range, ScanFor(options)) {}
+    : Stage(options, std::move(file), range, ScanFor(options, file)) {}
 
-Stage::Stage(const Options& options, VideoFile file, const PartRange& range,
+Stage::Stage(const Options& options, VideoFile&& file, const PartRange& range,
              const std::optional<StampScan>& scan)
     : options_(options),
       sticker_(LoadSticker(options)),

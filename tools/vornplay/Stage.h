@@ -52,7 +52,7 @@ public:
     Size FrameSize() const { return source_->GetRenderer().FrameSize(); }
 
 private:
-    Stage(const Options& options, VideoFile file, const PartRange& range,
+    Stage(const Options& options, VideoFile&& file, const PartRange& range,
           const std::optional<StampScan>& scan);
     RendererSettings Settings(const VideoFile& file) const;
     void Open(VideoFile file);

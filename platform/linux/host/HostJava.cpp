@@ -60,6 +60,14 @@ void CheckReadable(const std::string& classPath) {
     }
 }
 
+/// As Android does before it starts an application. Otherwise the first decoder waits for it.
+void LoadClasses(JNIEnv& env) {
+    for (const char* name : {"android/graphics/SurfaceTexture", "android/view/Surface"}) {
+        env.FindClass(name);
+        env.ExceptionClear();  // A class path without it is an error of its user.
+    }
+}
+
 JavaVM* Start(const HostJavaOptions& options) {
     const std::string javaHome = Or(options.javaHome, Or(getenv("JAVA_HOME"), DefaultJavaHome()));
     const std::string platform = PlatformDirectory();
@@ -69,22 +77,25 @@ JavaVM* Start(const HostJavaOptions& options) {
 
     std::string classPath = "-Djava.class.path=" + jar;
     std::string libraryPath = "-Djava.library.path=" + Or(options.libraryPath, platform);
-    std::string signals = "-Xrs";                // Leave signals to the program.
-    std::string collector = "-XX:+UseSerialGC";  // It has no extra threads.
+    std::string signals = "-Xrs";                      // Leave signals to the program.
+    std::string collector = "-XX:+UseSerialGC";        // It has no extra threads.
+    std::string compiler = "-XX:TieredStopAtLevel=1";  // The quick one: few calls a picture.
     std::string check = "-Xcheck:jni";
-    std::array<JavaVMOption, 5> list = {{{classPath.data(), nullptr},
+    std::array<JavaVMOption, 6> list = {{{classPath.data(), nullptr},
                                          {libraryPath.data(), nullptr},
                                          {signals.data(), nullptr},
                                          {collector.data(), nullptr},
+                                         {compiler.data(), nullptr},
                                          {check.data(), nullptr}}};
     const jint count = static_cast<jint>(list.size()) - (options.checkJni != 0 ? 0 : 1);
     JavaVMInitArgs arguments = {JNI_VERSION_10, count, list.data(), JNI_FALSE};
     JavaVM* vm = nullptr;
-    void* env = nullptr;
-    const jint status = create(&vm, &env, &arguments);
+    JNIEnv* env = nullptr;
+    const jint status = create(&vm, reinterpret_cast<void**>(&env), &arguments);
     if (status != JNI_OK) {
         throw std::runtime_error("the JVM does not start, error " + std::to_string(status));
     }
+    LoadClasses(*env);
     return vm;
 }
 

@@ -57,11 +57,13 @@ bool HasDisplay() {
     return std::getenv("WAYLAND_DISPLAY") != nullptr || std::getenv("DISPLAY") != nullptr;
 }
 
-WindowPlayer::WindowPlayer(const Options& options) : WindowPlayer(options, FileOf(options)) {}
+WindowPlayer::WindowPlayer(const Options& options)
+    : WindowPlayer{options, PrepareJava(options), FileOf(options)} {}  // In this order.
 
-WindowPlayer::WindowPlayer(const Options& options, std::optional<VideoFile> file)
+WindowPlayer::WindowPlayer(const Options& options, std::future<void>&& java,
+                           std::optional<VideoFile> file)
     : startup_("process and file"),
-      java_(file.has_value() ? PrepareJava(*file, options) : std::future<void>()),
+      java_(std::move(java)),
       session_(TitleOf(options), PictureSize(options, file)),
       options_(options) {
     startup_.Note("window");
@@ -231,9 +233,12 @@ WindowPlayer::Clock::duration WindowPlayer::Refresh() {
     } else {
         Clear(layout.drawable);
     }
-    session_.hud.Draw(Content(), layout);
+    if (clip == nullptr || picturesPresented_) {
+        session_.hud.Draw(Content(), layout);
+    }
     ShowPointer();
     session_.window.Present();
+    picturesPresented_ = picturesPresented_ || clip != nullptr;
     return drawing;
 }
 

@@ -23,7 +23,7 @@ public:
 private:
     using Clock = Playback::Clock;
 
-    WindowPlayer(const Options& options, std::optional<VideoFile> file);
+    WindowPlayer(const Options& options, std::future<void>&& java, std::optional<VideoFile> file);
     void Start(const Options& options, VideoFile file);
     bool Open(const std::string& input);
     bool Turn(int by);
@@ -38,13 +38,14 @@ private:
     void Report();
 
     Startup startup_;
-    std::future<void> java_;  ///< Starts while the window opens.
+    std::future<void> java_;  ///< Starts while file and window open.
     Session session_;
     PresentPass pass_;
     Keys keys_{session_};
     Pointer pointer_{session_, keys_};
     Options options_;
-    int place_ = 0;  ///< Of the input in the list of them.
+    int place_ = 0;                   ///< Of the input in the list of them.
+    bool picturesPresented_ = false;  ///< The first one does not wait for texts over it.
     bool broken_ = false;
 };
 

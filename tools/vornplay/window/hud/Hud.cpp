@@ -56,7 +56,10 @@ void Hud::Draw(const HudContent& content, const Layout& layout) {
     }
     SetFont(layout);
     PlaceBar(content.state, layout);
-    painter_.Begin(layout.drawable);
+    if (!painter_.has_value()) {
+        painter_.emplace();
+    }
+    painter_->Begin(layout.drawable);
     if (!content.invitation.empty()) {
         DrawCentered({{"", content.invitation}}, layout);
     }
@@ -65,7 +68,7 @@ void Hud::Draw(const HudContent& content, const Layout& layout) {
         DrawFigures(content.figures, layout);
     }
     if (barShows_) {
-        bar_.Draw(painter_);
+        bar_.Draw(*painter_);
     }
     Painter::End();
 }
@@ -111,7 +114,7 @@ bool Hud::DrawKeys(const TextRows& keys, const Layout& layout) {
 void Hud::DrawCentered(const TextRows& rows, const Layout& layout) {
     centerPanel_.Set(*font_, rows, layout.drawable.width - 2 * Margin(layout));
     const Size size = centerPanel_.PanelSize();
-    centerPanel_.DrawPanel(painter_, (layout.drawable.width - size.width) / 2,
+    centerPanel_.DrawPanel(*painter_, (layout.drawable.width - size.width) / 2,
                            (Bottom(layout) - size.height) / 2);
 }
 
@@ -121,7 +124,7 @@ void Hud::DrawLine(const Layout& layout) {
     }
     linePanel_.Set(*font_, {{"", line_}}, layout.drawable.width - 2 * Margin(layout));
     const int height = linePanel_.PanelSize().height;
-    linePanel_.DrawPanel(painter_, Margin(layout), Bottom(layout) - Margin(layout) - height);
+    linePanel_.DrawPanel(*painter_, Margin(layout), Bottom(layout) - Margin(layout) - height);
 }
 
 /// Only if there is room above the line.
@@ -132,6 +135,6 @@ void Hud::DrawFigures(const TextRows& figures, const Layout& layout) {
     figuresPanel_.Set(*font_, figures, layout.drawable.width - 2 * Margin(layout));
     const int line = line_.empty() ? 0 : linePanel_.PanelSize().height + Margin(layout);
     if (figuresPanel_.PanelSize().height + 2 * Margin(layout) <= Bottom(layout) - line) {
-        figuresPanel_.DrawPanel(painter_, Margin(layout), Margin(layout));
+        figuresPanel_.DrawPanel(*painter_, Margin(layout), Margin(layout));
     }
 }

@@ -48,7 +48,7 @@ private:
     void DrawCentered(const TextRows& rows, const Layout& layout);
     int Bottom(const Layout& layout) const;
 
-    Painter painter_;
+    std::optional<Painter> painter_;  ///< Made when it is needed: it has shaders to compile.
     std::optional<Font> font_;
     TimeLine bar_;
     TextPanel figuresPanel_;

@@ -30,38 +30,51 @@ size_t Samples(double seconds) {
     return static_cast<size_t>(std::llround(std::max(0.0, seconds) * Speaker::kRate));
 }
 
+/// Whether the file's header describes this stream, as sound.
+bool HasSound(const AVFormatContext& input, int track) {
+    if (static_cast<unsigned>(track) >= input.nb_streams) {
+        return false;
+    }
+    const AVCodecParameters& codec = *input.streams[track]->codecpar;
+    return codec.codec_type == AVMEDIA_TYPE_AUDIO && codec.codec_id != AV_CODEC_ID_NONE &&
+           codec.sample_rate > 0 && codec.ch_layout.nb_channels > 0;
+}
+
+/// Reads as much of the file as it takes. This also decodes video, so it is slow.
+bool FindSound(AVFormatContext& input, int track) {
+    return avformat_find_stream_info(&input, nullptr) >= 0 && HasSound(input, track);
+}
+
 }  // namespace
 
 void AudioReader::FreeConverter::operator()(SwrContext* converter) const {
     swr_free(&converter);
 }
 
-std::unique_ptr<AudioReader> AudioReader::Open(const std::string& path, double origin) {
+std::unique_ptr<AudioReader> AudioReader::Open(const VideoFile& file, double origin) {
     std::unique_ptr<AudioReader> reader(new AudioReader);
+    reader->path_ = file.Path();
     reader->origin_ = origin;
-    if (IsPipe(path) || !reader->OpenInput(path) || !reader->OpenDecoder()) {
+    reader->track_ = file.BestAudio();
+    if (reader->track_ < 0 || IsPipe(file.Path()) || !reader->OpenInput() ||
+        !reader->OpenDecoder()) {
         return nullptr;
     }
-    reader->NoteEnd();
+    reader->NoteEnd(*file.Context().streams[reader->track_]);
     return reader;
 }
 
-bool AudioReader::OpenInput(const std::string& path) {
-    path_ = path;
+bool AudioReader::OpenInput() {
     AVFormatContext* input = nullptr;
-    const int result = avformat_open_input(&input, path.c_str(), nullptr, nullptr);
+    const int result = avformat_open_input(&input, path_.c_str(), nullptr, nullptr);
     input_.reset(input);
-    if (result < 0 || avformat_find_stream_info(input, nullptr) < 0) {
-        return false;
-    }
-    const int index = av_find_best_stream(input, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
-    if (index < 0) {
+    if (result < 0 || !(HasSound(*input, track_) || FindSound(*input, track_))) {
         return false;
     }
     for (unsigned i = 0; i < input->nb_streams; ++i) {
         input->streams[i]->discard = AVDISCARD_ALL;
     }
-    stream_ = input->streams[index];
+    stream_ = input->streams[track_];
     stream_->discard = AVDISCARD_DEFAULT;
     return true;
 }
@@ -77,10 +90,11 @@ bool AudioReader::OpenDecoder() {
     return avcodec_open2(decoder_.get(), codec, nullptr) >= 0;
 }
 
-void AudioReader::NoteEnd() {
-    if (stream_->duration != AV_NOPTS_VALUE) {
-        const int64_t first = stream_->start_time == AV_NOPTS_VALUE ? 0 : stream_->start_time;
-        endSeconds_ = SecondsOf(first + stream_->duration);
+/// \param known the stream of a file that was read for that
+void AudioReader::NoteEnd(const AVStream& known) {
+    if (known.duration != AV_NOPTS_VALUE) {
+        const int64_t first = known.start_time == AV_NOPTS_VALUE ? 0 : known.start_time;
+        endSeconds_ = SecondsOf(first + known.duration);
     }
 }
 
@@ -94,7 +108,7 @@ void AudioReader::Seek(double seconds, bool byReading) {
     const double from = std::max(0.0, seconds - kRunUp) + origin_;
     const auto stamp = static_cast<int64_t>(from / av_q2d(stream_->time_base));
     if (byReading || av_seek_frame(input_.get(), stream_->index, stamp, AVSEEK_FLAG_BACKWARD) < 0) {
-        OpenInput(std::string(path_));  // Begins again; what comes before the time is cut off.
+        OpenInput();  // Begins again; what comes before the time is cut off.
     }
     avcodec_flush_buffers(decoder_.get());
     converter_.reset();

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "support/Libav.h"
+#include "support/VideoFile.h"
 #include "window/sound/Speaker.h"
 
 struct SwrContext;
@@ -14,9 +14,10 @@ struct SwrContext;
 /// with silence in its gaps.
 class AudioReader {
 public:
+    /// \param file the clip's; it is opened again for the sound
     /// \param origin the time stamp of the first picture, in seconds
     /// \return null if the file has no sound that can be decoded
-    static std::unique_ptr<AudioReader> Open(const std::string& path, double origin);
+    static std::unique_ptr<AudioReader> Open(const VideoFile& file, double origin);
 
     /// The next sample is that of a time. \param byReading does not trust the stamps: reads the
     /// file from its beginning
@@ -35,7 +36,7 @@ private:
     };
 
     AudioReader() = default;
-    bool OpenInput(const std::string& path);
+    bool OpenInput();
     bool OpenDecoder();
     bool Decode();
     bool Feed();
@@ -43,10 +44,11 @@ private:
     std::vector<Sample> Convert();
     void Align();
     std::vector<Sample> Silence();
-    void NoteEnd();
+    void NoteEnd(const AVStream& known);
     double SecondsOf(int64_t stamp) const;
 
     std::string path_;
+    int track_ = 0;  ///< The index of the stream.
     double origin_ = 0.0;
     std::unique_ptr<AVFormatContext, CloseInput> input_;
     AVStream* stream_ = nullptr;

@@ -3,7 +3,7 @@
 namespace {
 
 std::unique_ptr<AudioReader> Open(Speaker& speaker, const VideoFile& file) {
-    std::unique_ptr<AudioReader> reader = AudioReader::Open(file.Path(), -file.SecondsOf(0));
+    std::unique_ptr<AudioReader> reader = AudioReader::Open(file, -file.SecondsOf(0));
     return reader != nullptr && speaker.Open() ? std::move(reader) : nullptr;
 }
 

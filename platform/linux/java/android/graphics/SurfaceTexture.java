@@ -33,6 +33,20 @@ public class SurfaceTexture {
 
     private static final AtomicInteger creations = new AtomicInteger();
 
+    /** A class, since the first lambda of a process takes the JVM 10 ms. */
+    private static final class Destruction implements Runnable {
+        private final long consumer;
+
+        Destruction(long consumer) {
+            this.consumer = consumer;
+        }
+
+        @Override
+        public void run() {
+            nativeDestroy(consumer);
+        }
+    }
+
     /** The native part, with the lifetime of this object. */
     private final long consumer;
     private volatile OnFrameAvailableListener listener;
@@ -44,7 +58,7 @@ public class SurfaceTexture {
         }
         final long created = nativeCreate(texName);
         consumer = created;
-        CLEANER.register(this, () -> nativeDestroy(created));
+        CLEANER.register(this, new Destruction(created));
     }
 
     /**

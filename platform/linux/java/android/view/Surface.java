@@ -16,6 +16,19 @@ public class Surface {
     /** The native window, with one reference; 0 after release(). */
     private long window;
 
+    private static final class Destruction implements Runnable {
+        private final long window;
+
+        Destruction(long window) {
+            this.window = window;
+        }
+
+        @Override
+        public void run() {
+            nativeDestroy(window);
+        }
+    }
+
     /** @throws IllegalArgumentException for null, and for a texture that was released */
     public Surface(SurfaceTexture surfaceTexture) {
         if (surfaceTexture == null) {
@@ -23,7 +36,7 @@ public class Surface {
         }
         final long created = nativeCreate(surfaceTexture);
         window = created;
-        reference = CLEANER.register(this, () -> nativeDestroy(created));
+        reference = CLEANER.register(this, new Destruction(created));
     }
 
     public synchronized boolean isValid() {
