@@ -18,7 +18,7 @@
 namespace {
 
 constexpr size_t kUnits = 100;
-constexpr int kRounds = 5;
+constexpr int kRounds = 11;
 
 using Pixels = std::vector<unsigned char>;
 
