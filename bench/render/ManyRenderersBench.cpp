@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int kWarmUpRounds = 2;
-constexpr int kRounds = 15;
+constexpr int kRounds = 31;
 constexpr int kPicturesPerRound = 4;
 constexpr float kInitialZoom = 2;
 constexpr FrameCase kFrame = {640, 480, true, false, 0};
