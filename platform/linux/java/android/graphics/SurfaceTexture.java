@@ -33,7 +33,7 @@ public class SurfaceTexture {
 
     private static final AtomicInteger creations = new AtomicInteger();
 
-    /** A class, since the first lambda of a process takes the JVM 10 ms. */
+    /** Not a lambda: the first one of a process takes the JVM milliseconds. */
     private static final class Destruction implements Runnable {
         private final long consumer;
 
