@@ -8,8 +8,8 @@ extern "C" {
 #include <libavfilter/buffersrc.h>
 }
 
-/// The functions of libavfilter. It is loaded when the first clip needs it, since with the
-/// libraries that it needs it takes a program 25 ms to start.
+/// The functions of libavfilter. It is loaded for the first clip that needs it: with all that it
+/// depends on, it adds 25 ms to the start of a program.
 struct FilterLibrary {
     /// \throws ToolError if there is no such library
     static const FilterLibrary& Get();

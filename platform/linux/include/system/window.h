@@ -31,7 +31,7 @@ typedef struct NativeWindowPicture {
     /// Writes \p rows rows, from \p row on, without gaps, first row first, in RGBA. \p row is even.
     /// Runs on the consumer's thread.
     void (*read)(void* context, int32_t row, int32_t rows, uint8_t* rgba);
-    /// Runs once, when the picture is needed no more, on any thread. It must not call the window.
+    /// Runs once, when the picture is no longer needed, on any thread. It must not call the window.
     void (*free)(void* context);
     void* context;
 } NativeWindowPicture;
