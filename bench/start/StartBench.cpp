@@ -38,8 +38,9 @@ public:
 
     void report(benchmark::State& state, const std::string& name) const {
         state.counters[name + " ms"] = Median(milliseconds_);
+        const std::string prefix = name + ": ";
         for (const auto& [phase, times] : phases_) {
-            state.counters[name + ": " + phase] = Median(times);
+            state.counters[prefix + phase] = Median(times);
         }
     }
 
