@@ -22,20 +22,6 @@ void UploadRows(int width, int row, int rows, const uint8_t* rgba) {
     glTexSubImage2D(GL_TEXTURE_2D, 0, 0, row, width, rows, GL_RGBA, GL_UNSIGNED_BYTE, rgba);
 }
 
-/// By parts that stay in the processor's cache until GL has copied them.
-void UploadPicture(const NativeWindowPicture& picture) {
-    constexpr int kPartSize = 128 << 10;
-    constexpr int kPixelSize = 4;
-    const int stride = picture.width * kPixelSize;
-    const int most = std::max(2, kPartSize / stride / 2 * 2);
-    const std::unique_ptr<uint8_t[]> part(new uint8_t[static_cast<size_t>(most) * stride]);
-    for (int row = 0; row < picture.height; row += most) {
-        const int rows = std::min(most, picture.height - row);
-        picture.read(picture.context, row, rows, part.get());
-        UploadRows(picture.width, row, rows, part.get());
-    }
-}
-
 /// The image keeps the texture's storage after the texture is deleted.
 EGLImage NewImage(int width, int height) {
     const GlUploadStateGuard guard;
@@ -72,7 +58,7 @@ bool SharedImage::Fits(const WindowFrame& frame) const {
     return frame.width == width_ && frame.height == height_;
 }
 
-void SharedImage::Upload(const WindowFrame& frame) const {
+void SharedImage::Upload(const WindowFrame& frame) {
     const GlUploadStateGuard guard;
     GLuint texture = 0;
     glGenTextures(1, &texture);
@@ -84,6 +70,20 @@ void SharedImage::Upload(const WindowFrame& frame) const {
         UploadPicture(frame.picture);
     }
     glDeleteTextures(1, &texture);
+}
+
+/// By parts that stay in the processor's cache until GL has copied them.
+void SharedImage::UploadPicture(const NativeWindowPicture& picture) {
+    constexpr int kPartSize = 128 << 10;
+    constexpr int kPixelSize = 4;
+    const int stride = picture.width * kPixelSize;
+    const int most = std::max(2, kPartSize / stride / 2 * 2);
+    part_.resize(static_cast<size_t>(most) * stride);
+    for (int row = 0; row < picture.height; row += most) {
+        const int rows = std::min(most, picture.height - row);
+        picture.read(picture.context, row, rows, part_.data());
+        UploadRows(picture.width, row, rows, part_.data());
+    }
 }
 
 void SharedImage::ShowIn(unsigned target) const {

@@ -2,7 +2,9 @@
 
 #include <EGL/egl.h>
 
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "FrameQueue.h"
 
@@ -17,15 +19,17 @@ public:
     SharedImage& operator=(const SharedImage&) = delete;
 
     bool Fits(const WindowFrame& frame) const;
-    void Upload(const WindowFrame& frame) const;
+    void Upload(const WindowFrame& frame);
     /// Makes it the image of the texture that is bound to \p target.
     void ShowIn(unsigned target) const;
 
 private:
     SharedImage(int width, int height, EGLImage image);
+    void UploadPicture(const NativeWindowPicture& picture);
 
     const int width_;
     const int height_;
     EGLDisplay display_;
     EGLImage image_;
+    std::vector<uint8_t> part_;  ///< Of a picture that is read; kept for the next one.
 };

@@ -248,9 +248,11 @@ public class VideoPlayerTest extends ViewFixture {
     @Test
     public void aHundredLivesLeaveNothing() throws Exception {
         long[] before = null;
+        List<String> files = null;
         for (int life = 0; life < 100; ++life) {
             if (life == 30) {
                 before = resources();
+                files = openFiles();
             }
             view.play(clip("bars.mp4"));
             awaitPicture(0);
@@ -262,7 +264,11 @@ public class VideoPlayerTest extends ViewFixture {
         }
         long threads = before[0];
         awaitThat(() -> Thread.activeCount() <= threads); // They end by themselves.
-        assertEquals("open", List.of(), openClips());
+        List<String> filesBefore = files;
+        awaitThat(
+                () -> openFiles().size() <= filesBefore.size(),
+                () -> filesBefore + " became " + openFiles());
+        assertFalse(openFiles().toString(), openFiles().toString().contains(CLIPS.getPath()));
         long pages = resources()[1] - before[1];
         assertTrue(pages + " pages more", pages <= Integer.getInteger("vorn.growth"));
     }
@@ -273,14 +279,15 @@ public class VideoPlayerTest extends ViewFixture {
         return new long[] {Thread.activeCount(), Long.parseLong(pages)};
     }
 
-    /** Without other files, which the JVM opens when it likes. */
-    private static List<String> openClips() throws IOException {
-        List<String> clips = new ArrayList<>();
+    private static List<String> openFiles() {
+        List<String> names = new ArrayList<>();
         for (File descriptor : new File("/proc/self/fd").listFiles()) {
-            if (descriptor.getCanonicalPath().startsWith(CLIPS.getPath())) {
-                clips.add(descriptor.getCanonicalPath());
+            try {
+                names.add(Files.readSymbolicLink(descriptor.toPath()).toString());
+            } catch (IOException e) {
+                names.add("closed meanwhile");
             }
         }
-        return clips;
+        return names;
     }
 }

@@ -20,6 +20,7 @@ import java.util.concurrent.LinkedBlockingQueue;
 import java.util.concurrent.TimeUnit;
 import java.util.function.BiFunction;
 import java.util.function.BooleanSupplier;
+import java.util.function.Supplier;
 import org.junit.After;
 import org.junit.Before;
 import org.junit.runner.RunWith;
@@ -158,10 +159,15 @@ public abstract class ViewFixture {
     }
 
     static void awaitThat(BooleanSupplier condition) throws InterruptedException {
+        awaitThat(condition, () -> "it took too long");
+    }
+
+    static void awaitThat(BooleanSupplier condition, Supplier<String> otherwise)
+            throws InterruptedException {
         long end = System.nanoTime() + TimeUnit.SECONDS.toNanos(PATIENCE_S);
         while (!condition.getAsBoolean() && System.nanoTime() < end) {
             Thread.sleep(5);
         }
-        assertTrue(condition.getAsBoolean());
+        assertTrue(otherwise.get(), condition.getAsBoolean());
     }
 }
