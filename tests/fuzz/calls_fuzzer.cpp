@@ -81,6 +81,7 @@ Scene ReadScene(FuzzedDataProvider& input, Images& images, const Slot& slot) {
     images = {Opaque(Noise(kSize, seed)), Noise(kSize, seed + 300U), Noise({5, 4}, seed + 600U)};
     std::fill_n(images.mask.At(0, 3), 5 * Image::kChannels, uint8_t{0});
     Scene scene;
+    scene.random = true;
     scene.source = &images.source;
     scene.colorMirror = input.ConsumeBool();
     const bool masked =

@@ -144,5 +144,6 @@ void ExpectShows(const Image& drawn, const Scene& scene) {
         }
     }
     EXPECT_EQ(wrong, 0) << "channels differ";
-    EXPECT_LT(undecided, pixels / 8 + 2) << "the model says too little";
+    EXPECT_TRUE(scene.random || undecided < pixels / 8 + 2)
+        << undecided << " of " << pixels << " undecided: the model says too little";
 }
