@@ -63,8 +63,9 @@ private:
 };
 
 void Contend(benchmark::State& state, const std::string& clip) {
-    Process screen({"Xvfb", "-displayfd", "1", "-screen", "0", "2400x1400x24", "-nolisten", "tcp"},
-                   STDOUT_FILENO);
+    Process screen(
+        {"Xvfb", "-displayfd", "1", "-screen", "0", "2400x1400x24", "-nolisten", "tcp", "-noreset"},
+        STDOUT_FILENO);
     const std::string number = screen.waitForLine("\n");
     setenv("DISPLAY", (":" + number.substr(0, number.size() - 1)).c_str(), 1);
     Starts ours({VORNPLAY, clip, "--verbose"});

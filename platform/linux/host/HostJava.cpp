@@ -78,13 +78,15 @@ JavaVM* Start(const HostJavaOptions& options) {
     std::string classPath = "-Djava.class.path=" + jar;
     std::string libraryPath = "-Djava.library.path=" + Or(options.libraryPath, platform);
     std::string signals = "-Xrs";                      // Leave signals to the program.
-    std::string collector = "-XX:+UseSerialGC";        // It has no extra threads.
+    std::string collector = "-XX:+UseG1GC";            // Only it maps the archived heap of JDK 17.
+    std::string heap = "-Xms8m";                       // The default is part of the machine's size.
     std::string compiler = "-XX:TieredStopAtLevel=1";  // The quick one: few calls a picture.
     std::string check = "-Xcheck:jni";
-    std::array<JavaVMOption, 6> list = {{{classPath.data(), nullptr},
+    std::array<JavaVMOption, 7> list = {{{classPath.data(), nullptr},
                                          {libraryPath.data(), nullptr},
                                          {signals.data(), nullptr},
                                          {collector.data(), nullptr},
+                                         {heap.data(), nullptr},
                                          {compiler.data(), nullptr},
                                          {check.data(), nullptr}}};
     const jint count = static_cast<jint>(list.size()) - (options.checkJni != 0 ? 0 : 1);
