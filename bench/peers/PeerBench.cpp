@@ -35,6 +35,13 @@ Bytes MakePixels(const FrameCase& frame) {
     return pixels;
 }
 
+/// The others do not keep a frame either.
+VERendererOptions DrawingOnce() {
+    VERendererOptions options = VEMakeRendererOptions();
+    options.drawOnce = true;
+    return options;
+}
+
 class PeerContest {
 public:
     PeerContest(const FrameCase& frame, bool enlarged)
@@ -82,7 +89,7 @@ private:
     float zoom_;
     float scale_;
     Bytes pixels_ = MakePixels(frame_);
-    GuardedFrames ours_{frame_};
+    GuardedFrames ours_{frame_, DrawingOnce()};
     DirectRenderer direct_{frame_, scale_};
     DirectRenderer linear_{frame_, scale_, GL_LINEAR};
     std::unique_ptr<Peer> libplacebo_ = MakeLibplaceboPeer(frame_, scale_);

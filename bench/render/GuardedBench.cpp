@@ -31,6 +31,12 @@ VERendererOptions DrawingLater() {
     return options;
 }
 
+VERendererOptions DrawingOnce() {
+    VERendererOptions options = VEMakeRendererOptions();
+    options.drawOnce = true;
+    return options;
+}
+
 /// Raw frames that are enlarged, as the seven functions show them without a mask.
 class GuardedContest {
 public:
@@ -40,7 +46,8 @@ public:
           direct_(frame, kInitialScale),
           atOnce_(frame),
           keepState_(frame, KeepingState()),
-          later_(frame, DrawingLater()) {
+          later_(frame, DrawingLater()),
+          once_(frame, DrawingOnce()) {
         VERendererMode mode = {};
         mode.outputMode = VE_OUTPUT_PICTURE;
         mode.modeType = frame.alpha ? VE_MODE_RGBA : VE_MODE_RGB;
@@ -59,7 +66,8 @@ public:
                 drawn([this] { atOnce_.draw(pixels_.data(), kInitialZoom); }),
                 drawn([this] { atOnce_.draw(pixels_.data(), VE_ZOOM_FIT); }),
                 drawn([this] { keepState_.draw(pixels_.data(), kInitialZoom); }),
-                drawn([this] { later_.draw(pixels_.data(), kInitialZoom); })};
+                drawn([this] { later_.draw(pixels_.data(), kInitialZoom); }),
+                drawn([this] { once_.draw(pixels_.data(), VE_ZOOM_FIT); })};
     }
 
     bool picturesAreEqual() const {
@@ -89,12 +97,13 @@ private:
     GuardedFrames atOnce_;
     GuardedFrames keepState_;
     GuardedFrames later_;
+    GuardedFrames once_;
     GLuint target_ = 0;
     void* seven_ = nullptr;
 };
 
 void GuardedFrameTimes(benchmark::State& state) {
-    enum : size_t { kDirect, kSeven, kAtOnce, kCopied, kKeepState, kLater };
+    enum : size_t { kDirect, kSeven, kAtOnce, kCopied, kKeepState, kLater, kOnce };
     const FrameCase frame = {static_cast<int>(state.range(0)), static_cast<int>(state.range(1)),
                              state.range(2) == 4, false, 0};
     GuardedContest contest(frame);
@@ -106,6 +115,7 @@ void GuardedFrameTimes(benchmark::State& state) {
     state.counters["ours/direct CPU"] = times.medianProcessorRatio(kAtOnce, kDirect);
     state.counters["ours/seven"] = times.medianRatio(kAtOnce, kSeven);
     state.counters["copied/direct"] = times.medianRatio(kCopied, kDirect);
+    state.counters["uploaded/direct"] = times.medianRatio(kOnce, kDirect);
     state.counters["later/ours"] = times.medianRatio(kLater, kAtOnce);
     state.counters["keepState/ours"] = times.medianRatio(kKeepState, kAtOnce);
     if (!contest.picturesAreEqual()) {

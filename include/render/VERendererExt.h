@@ -166,7 +166,8 @@ typedef struct VERendererOptions {
     int32_t outputWidth;   ///< Size of the output texture; 0: the source's.
     int32_t outputHeight;  ///< Likewise.
     /// A GL_TEXTURE_2D. Without immutable storage it is given storage of the output's size that is
-    /// transparent black, with linear filters and clamped edges.
+    /// transparent black, with linear filters and clamped edges. It keeps its storage until the
+    /// renderer is closed.
     uint32_t outputTexture;
     int32_t outputFormat;  ///< VE_FORMAT_RGB or VE_FORMAT_RGBA; 0: RGBA.
     int32_t maskFormat;    ///< Of mask pixels: VE_MASK_RGB or VE_MASK_RGBA; 0: none are given.
@@ -189,6 +190,9 @@ typedef struct VERendererOptions {
     /// outputFormat is not used.
     bool toFramebuffer;
     uint32_t outputFramebuffer;  ///< 0: the window's.
+    /// Raw frames: each is drawn by the call that brings it and by no other, so a call without a
+    /// frame draws nothing. Saves a copy of frames that fit the output. Not with drawLater.
+    bool drawOnce;
 } VERendererOptions;
 
 /// Creates a renderer.
@@ -245,16 +249,16 @@ typedef struct VEDrawOptions {
 /// What was drawn.
 typedef struct VEDrawn {
     size_t structSize;
-    bool picture;     ///< The output shows a picture. False: nothing was drawn, there is none yet.
+    bool picture;     ///< A picture was drawn. False: there was none, the output is as before.
     bool newPicture;  ///< It is another one than in the call before.
     int64_t ptsUs;    ///< Its presentation time in µs: the unit's. VE_NO_TIME without a decoder.
 } VEDrawn;
 
 /// Draws the newest picture into the output.
 ///
-/// A call without a raw frame draws the last one. With VERendererOptions::drawLater the first call
-/// draws nothing, the second draws the first frame, and no frame is lost. Before there is a
-/// picture, the output stays as it is.
+/// A call without a raw frame draws the last one, or with VERendererOptions::drawOnce nothing. With
+/// VERendererOptions::drawLater the first call draws nothing, the second draws the first frame, and
+/// no frame is lost. Where nothing is drawn, the output stays as it is.
 ///
 /// \param options null: all zero.
 /// \param drawn   receives what was drawn; may be null.

@@ -51,4 +51,18 @@ TEST_F(ExtLatency, FramesAndMasksAreDrawnAtOnce) {
     Expect(renderer.drawFrame(nullptr), true, false);
 }
 
+TEST_F(ExtLatency, AFrameThatIsDrawnOnceIsNotDrawnAgain) {
+    options.drawOnce = true;
+    ExtRenderer renderer(options);
+    Expect(renderer.drawFrame(nullptr), false, false);
+    for (const Image* mask : {static_cast<Image*>(nullptr), &maskA}) {  // Uploaded, drawn.
+        Expect(renderer.drawFrame(&frames[0], mask), true, true);
+        const Image shown = renderer.readBack();
+        const Rgba color = frames[0].Pixel(2, 3);
+        EXPECT_EQ(mask != nullptr ? WithAlpha(color, 50) : color, shown.Pixel(2, 3));
+        Expect(renderer.drawFrame(nullptr, &maskB), false, false);
+        EXPECT_EQ(shown.pixels, renderer.readBack().pixels);
+    }
+}
+
 }  // namespace

@@ -127,6 +127,7 @@ TEST_F(ExtLifetime, CreationRefusesBadOptionsAndLeavesNothing) {
         {[](VERendererOptions& o) { o.outputHeight = -1; }, VE_ERROR_ARGUMENT},
         {[](VERendererOptions& o) { o.outputTexture = 0; }, VE_ERROR_ARGUMENT},
         {[](VERendererOptions& o) { o.toFramebuffer = true; }, VE_ERROR_ARGUMENT},
+        {[](VERendererOptions& o) { o.drawLater = o.drawOnce = true; }, VE_ERROR_ARGUMENT},
         {[](VERendererOptions& o) {
              o.outputTexture = 0;
              o.toFramebuffer = true;

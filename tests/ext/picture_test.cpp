@@ -115,17 +115,16 @@ TEST_F(ExtPicture, HasTheVeryBytesOfTheSevenFunctions) {
     }
 }
 
-/// Whether showing the scene copies the frame.
-bool Copies(const ExtRenderer& renderer, const Scene& scene) {
+/// How many calls of \p name it takes to show the scene.
+long CountCalls(const std::string& name, const ExtRenderer& renderer, const Scene& scene) {
     const GlRecorder recorder;
     renderer.show(scene);
     const std::vector<std::string> calls = GlRecorder::take();
-    return std::any_of(calls.begin(), calls.end(), [](const std::string& call) {
-        return call.rfind("glBlitFramebuffer", 0) == 0;
-    });
+    return std::count_if(calls.begin(), calls.end(),
+                         [&](const std::string& call) { return call.rfind(name, 0) == 0; });
 }
 
-TEST_F(ExtPicture, WhatFitsPixelByPixelIsCopiedAndHasTheSameBytes) {
+TEST_F(ExtPicture, WhatFitsPixelByPixelIsCopiedOrUploadedAndHasTheSameBytes) {
     const Image white = Solid({1, 1}, {255, 255, 255, 255});
     scene.zoom = VE_ZOOM_FIT;
     scene.sticker = &sticker;
@@ -134,14 +133,20 @@ TEST_F(ExtPicture, WhatFitsPixelByPixelIsCopiedAndHasTheSameBytes) {
         RendererHarness seven({VE_OUTPUT_MASKED, VE_MODE_RGB, 40, 24, VE_MASK_RGBA, 1, 1}, format);
         VERendererOptions options = OptionsOf(VE_SOURCE_RGB, 40, 24);
         options.outputFormat = format;
-        const ExtRenderer guarded(options);
+        const ExtRenderer copying(options);
+        options.outputTexture = NewTexture();
+        options.drawOnce = true;
+        const ExtRenderer uploading(options);
+        const int copies = format == VE_FORMAT_RGB ? 1 : 0;
         for (const bool mirror : {false, true}) {
             scene.colorMirror = !mirror;
             scene.mask = &white;
             seven.show(scene);
             scene.mask = nullptr;
-            EXPECT_NE(mirror, Copies(guarded, scene));
-            EXPECT_EQ(seven.readBack().pixels, guarded.readBack().pixels) << mirror;
+            EXPECT_EQ(mirror ? 0 : 1, CountCalls("glBlitFramebuffer", copying, scene));
+            EXPECT_EQ(mirror ? 0 : copies, CountCalls("glBlitFramebuffer", uploading, scene));
+            EXPECT_EQ(seven.readBack().pixels, copying.readBack().pixels) << mirror;
+            EXPECT_EQ(seven.readBack().pixels, uploading.readBack().pixels) << mirror;
         }
     }
 }

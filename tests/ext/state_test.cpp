@@ -76,6 +76,7 @@ TEST_P(ExtState, PictureAndStateAreRightFromAnyState) {
     VERendererOptions options = WithMask(OptionsOf(VE_SOURCE_RGB, 31, 17), mask, VE_MASK_RGB);
     options.keepState = std::get<0>(GetParam());
     options.drawLater = std::get<1>(GetParam()) % 2 == 0;
+    options.drawOnce = std::get<1>(GetParam()) == 1;
     const unsigned stickerTexture = NewTexture();
     Fill(stickerTexture, sticker);
     const int32_t place[] = {15, 15};
@@ -96,11 +97,11 @@ TEST_P(ExtState, PictureAndStateAreRightFromAnyState) {
                      [&] { ExpectDone([&] { return VECreateRenderer(&options, &renderer); }); });
     bool pending = false;
     for (const bool pixels : {true, true, false, false}) {
-        draw.frame = pixels ? frameBytes.data() : nullptr;
+        draw.frame = pixels || options.drawOnce ? frameBytes.data() : nullptr;
         draw.mask = pixels ? maskBytes.data() : nullptr;
         draw.hideMask = pixels;  // Frames are copied, later ones drawn.
         StateNames given;
-        if (options.drawLater ? pending : pixels) {
+        if (options.drawLater ? pending : draw.frame != nullptr) {
             given.insert("upload");
         }
         if (!options.drawLater || pending || !pixels) {

@@ -58,7 +58,8 @@ bool TakeAddress(JNIEnv* env, jobject buffer, jint position, const void*& addres
 
 jint Create(JNIEnv* env, jclass /*type*/, jint texture, jint format, jint source, jint width,
             jint height, jint outputWidth, jint outputHeight, jint maskFormat, jint maskWidth,
-            jint maskHeight, jboolean drawLater, jboolean keepState, jlongArray created) {
+            jint maskHeight, jboolean drawLater, jboolean drawOnce, jboolean keepState,
+            jlongArray created) {
     std::unique_ptr<Peer> peer(new (std::nothrow) Peer);
     if (peer == nullptr) {
         return VE_ERROR_MEMORY;
@@ -79,6 +80,7 @@ jint Create(JNIEnv* env, jclass /*type*/, jint texture, jint format, jint source
     options.maskWidth = maskWidth;
     options.maskHeight = maskHeight;
     options.drawLater = drawLater != JNI_FALSE;
+    options.drawOnce = drawOnce != JNI_FALSE;
     options.keepState = keepState != JNI_FALSE;
     options.javaVM = jvm;
     const VEResult result = VECreateRenderer(&options, &peer->renderer);
@@ -218,7 +220,7 @@ JNINativeMethod Method(const char* name, const char* signature, Function* functi
 
 bool RegisterMethods(JNIEnv* env) {
     const std::array methods = {
-        Method("create", "(IIIIIIIIIIZZ[J)I", Create),
+        Method("create", "(IIIIIIIIIIZZZ[J)I", Create),
         Method("draw", "(JLjava/nio/ByteBuffer;ILjava/nio/ByteBuffer;II[FIZFFF)I", Draw),
         Method("setMask", "(JIZ)V", SetMask),
         Method("setStickers", "(JI[I)I", SetStickers),

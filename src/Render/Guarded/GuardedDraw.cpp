@@ -45,7 +45,7 @@ std::unique_ptr<PictureSource> MakeSource(GLNames& names, const GLFeatures& feat
     const PixelLayout layout = {isRgb, options.sourceWidth, options.sourceHeight};
     const bool fits =
         options.sourceWidth == options.outputWidth && options.sourceHeight == options.outputHeight;
-    return std::make_unique<FrameSource>(names, layout, IsDelayed(options), fits);
+    return std::make_unique<FrameSource>(names, layout, IsDelayed(options), options.drawOnce, fits);
 }
 
 Mask MakeMask(GLNames& names, const VERendererOptions& options) {
@@ -107,14 +107,16 @@ GuardedDraw::GuardedDraw(const GLFeatures& features, const VERendererOptions& op
 VEDrawn GuardedDraw::draw(const VEDrawOptions& options) {
     const DrawScope scope(features_, keepState_);
     stage(options);
-    Picture picture = {};
-    const bool hasPicture = source_->take(options, picture);
     mask_.take(options);
-    if (!hasPicture) {
+    const bool asIs = showsAsIs(options);
+    Picture picture = {};
+    if (!source_->take(options, asIs ? output_.rgbaTexture() : 0, picture)) {
         return {sizeof(VEDrawn), false, false, VE_NO_TIME};
     }
     const OVR::Matrix4<float> view = output_.upright(MatrixOf(ViewOf(options)));
-    if (canCopy(picture, options)) {
+    if (picture.inOutput) {
+        output_.bind();
+    } else if (asIs && picture.framebuffer != 0) {
         output_.beginWith(picture.framebuffer);
     } else {
         output_.begin();
@@ -138,11 +140,11 @@ void GuardedDraw::stage(const VEDrawOptions& options) {
     source_->stage(options);
 }
 
-/// A draw would give the picture's pixels as they are. The copy gives the same, several times
-/// faster.
-bool GuardedDraw::canCopy(const Picture& picture, const VEDrawOptions& options) const {
-    return picture.framebuffer != 0 && output_.takesCopies() && Fits(ViewOf(options)) &&
-           options.rotation == 0 && !options.mirror && !isMasked(options);
+/// Whether a draw would give a picture of the output's size as it is. A copy gives the same,
+/// several times faster, and an upload even spares the copy.
+bool GuardedDraw::showsAsIs(const VEDrawOptions& options) const {
+    return output_.takesCopies() && Fits(ViewOf(options)) && options.rotation == 0 &&
+           !options.mirror && !isMasked(options);
 }
 
 bool GuardedDraw::isMasked(const VEDrawOptions& options) const {

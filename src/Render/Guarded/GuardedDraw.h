@@ -29,7 +29,7 @@ public:
 
 private:
     void stage(const VEDrawOptions& options);
-    bool canCopy(const Picture& picture, const VEDrawOptions& options) const;
+    bool showsAsIs(const VEDrawOptions& options) const;
     bool isMasked(const VEDrawOptions& options) const;
     void drawPicture(const Picture& picture, const VEDrawOptions& options,
                      const OVR::Matrix4<float>& view) const;

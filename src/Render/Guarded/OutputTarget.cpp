@@ -45,8 +45,9 @@ OutputTarget::OutputTarget(GLNames& names, const VERendererOptions& options)
 
 void OutputTarget::attach(const VERendererOptions& options) {
     GLES3::glBindTexture(GL_TEXTURE_2D, options.outputTexture);
-    takesCopies_ =
-        GiveStorage(options.outputFormat == VE_FORMAT_RGB ? GL_RGB : GL_RGBA, width_, height_);
+    const bool isRgb = options.outputFormat == VE_FORMAT_RGB;
+    takesCopies_ = GiveStorage(isRgb ? GL_RGB : GL_RGBA, width_, height_);
+    rgbaTexture_ = takesCopies_ && !isRgb ? options.outputTexture : 0;
     GLES3::glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffer_);
     GLES3::glFramebufferTexture2D(GL_DRAW_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D,
                                   options.outputTexture, 0);

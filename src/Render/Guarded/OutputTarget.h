@@ -14,6 +14,8 @@ public:
     /// GL_DRAW_FRAMEBUFFER. Throws Failure.
     OutputTarget(GLNames& names, const VERendererOptions& options);
 
+    /// Binds it for drawing.
+    void bind() const;
     /// Binds it for drawing and clears it.
     void begin() const;
     /// Binds it for drawing and copies the pixels of a framebuffer of its size. Changes the binding
@@ -22,6 +24,8 @@ public:
 
     /// Whether a copy of RGBA pixels gives what drawing them gives.
     bool takesCopies() const { return takesCopies_; }
+    /// The texture, if RGBA pixels can be uploaded to it; else 0.
+    uint32_t rgbaTexture() const { return rgbaTexture_; }
 
     /// \return \p view so that the picture's first row is drawn where this output has it.
     OVR::Matrix4<float> upright(const OVR::Matrix4<float>& view) const;
@@ -31,11 +35,11 @@ public:
 
 private:
     void attach(const VERendererOptions& options);
-    void bind() const;
 
     uint32_t framebuffer_;
     bool firstRowOnTop_;
     bool takesCopies_ = false;  ///< The storage is known.
+    uint32_t rgbaTexture_ = 0;
     int32_t width_;
     int32_t height_;
 };

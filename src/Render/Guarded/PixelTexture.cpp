@@ -93,13 +93,15 @@ void PixelTexture::stage(const void* pixels) {
 bool PixelTexture::commit(const void* pixels) {
     if (!delayed_) {
         if (pixels != nullptr) {
-            uploadAtOnce(pixels);
+            uploadTo(texture_, pixels);
+            filled_ = true;
         }
         return pixels != nullptr;
     }
     const bool due = pending_;
     if (due) {
-        upload(buffers_[1], nullptr);
+        upload(texture_, buffers_[1], nullptr);
+        filled_ = true;
     }
     pending_ = pixels != nullptr;
     if (pending_) {
@@ -116,20 +118,19 @@ void PixelTexture::copy(const void* pixels, uint8_t* rgba) const {
     }
 }
 
-void PixelTexture::uploadAtOnce(const void* pixels) {
+void PixelTexture::uploadTo(uint32_t texture, const void* pixels) {
     if (layout_.isRgb) {
         copy(pixels, widened_.data());
         pixels = widened_.data();
     }
-    upload(0, pixels);
+    upload(texture, 0, pixels);
 }
 
-void PixelTexture::upload(uint32_t buffer, const void* pixels) {
+void PixelTexture::upload(uint32_t texture, uint32_t buffer, const void* pixels) const {
     SetTightRows();
-    GLES3::glBindTexture(GL_TEXTURE_2D, texture_);
+    GLES3::glBindTexture(GL_TEXTURE_2D, texture);
     GLES3::glBindBuffer(GL_PIXEL_UNPACK_BUFFER, buffer);
     GLES3::glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, layout_.width, layout_.height, GL_RGBA,
                            GL_UNSIGNED_BYTE, pixels);
     GLES3::glBindBuffer(GL_PIXEL_UNPACK_BUFFER, 0);
-    filled_ = true;
 }

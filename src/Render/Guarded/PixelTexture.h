@@ -41,6 +41,9 @@ public:
     /// \return whether the texture has new contents. It is bound to GL_TEXTURE_2D then.
     bool commit(const void* pixels);
 
+    /// Brings \p pixels to another texture of this size, at once.
+    void uploadTo(uint32_t texture, const void* pixels);
+
     uint32_t name() const { return texture_; }
     /// Whether there are contents yet.
     bool filled() const { return filled_; }
@@ -48,8 +51,7 @@ public:
 private:
     void makeBuffers(GLNames& names);
     void copy(const void* pixels, uint8_t* rgba) const;
-    void uploadAtOnce(const void* pixels);
-    void upload(uint32_t buffer, const void* pixels);
+    void upload(uint32_t texture, uint32_t buffer, const void* pixels) const;
 
     PixelLayout layout_;
     size_t size_;  ///< Of the RGBA pixels, in bytes.

@@ -12,8 +12,9 @@ void RequireNoTexture(const VEDrawOptions& options) {
 
 }  // namespace
 
-FrameSource::FrameSource(GLNames& names, const PixelLayout& layout, bool delayed, bool fits)
-    : pixels_(names, layout, delayed) {
+FrameSource::FrameSource(GLNames& names, const PixelLayout& layout, bool delayed, bool once,
+                         bool fits)
+    : pixels_(names, layout, delayed), once_(once) {
     if (fits) {
         framebuffer_ = names.makeFramebuffer();
         GLES3::glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer_);
@@ -27,18 +28,23 @@ void FrameSource::stage(const VEDrawOptions& options) {
     pixels_.stage(options.frame);
 }
 
-bool FrameSource::take(const VEDrawOptions& options, Picture& picture) {
-    const bool isNew = pixels_.commit(options.frame);
-    picture = {pixels_.name(), framebuffer_, IdentityPlace(), isNew, VE_NO_TIME};
-    return pixels_.filled();
+bool FrameSource::take(const VEDrawOptions& options, uint32_t output, Picture& picture) {
+    const bool inOutput = once_ && framebuffer_ != 0 && output != 0 && options.frame != nullptr;
+    if (inOutput) {
+        pixels_.uploadTo(output, options.frame);
+    }
+    const bool isNew = inOutput || pixels_.commit(options.frame);
+    picture = {pixels_.name(), framebuffer_, IdentityPlace(), isNew, VE_NO_TIME, inOutput};
+    return once_ ? isNew : pixels_.filled();
 }
 
 void TextureSource::stage(const VEDrawOptions& options) {
     Require(options.frame == nullptr, VE_ERROR_UNSUPPORTED);
 }
 
-bool TextureSource::take(const VEDrawOptions& options, Picture& picture) {
-    picture = {options.sourceTexture, 0, SourcePlace(options.sourceMatrix), true, VE_NO_TIME};
+bool TextureSource::take(const VEDrawOptions& options, uint32_t /*output*/, Picture& picture) {
+    picture = {
+        options.sourceTexture, 0, SourcePlace(options.sourceMatrix), true, VE_NO_TIME, false};
     return options.sourceTexture != 0;
 }
 
@@ -70,8 +76,8 @@ void DecodedSource::stage(const VEDrawOptions& options) {
     hasNewPicture_ = (hasNewPicture_ || latched_.isNew) && hasPicture_;
 }
 
-bool DecodedSource::take(const VEDrawOptions& /*options*/, Picture& picture) {
-    picture = {texture_, 0, SourcePlace(latched_.matrix), hasNewPicture_, latched_.ptsUs};
+bool DecodedSource::take(const VEDrawOptions& /*options*/, uint32_t /*output*/, Picture& picture) {
+    picture = {texture_, 0, SourcePlace(latched_.matrix), hasNewPicture_, latched_.ptsUs, false};
     hasNewPicture_ = false;
     return hasPicture_;
 }

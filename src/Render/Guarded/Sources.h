@@ -9,16 +9,18 @@
 /// Frames from the application's memory.
 class FrameSource : public PictureSource {
 public:
+    /// \param once whether a frame is only for the draw that brings it.
     /// \param fits whether a frame has the output's size. Changes the binding of
     ///             GL_READ_FRAMEBUFFER then. Throws Failure, as PixelTexture does.
-    FrameSource(GLNames& names, const PixelLayout& layout, bool delayed, bool fits);
+    FrameSource(GLNames& names, const PixelLayout& layout, bool delayed, bool once, bool fits);
 
     void stage(const VEDrawOptions& options) override;
-    bool take(const VEDrawOptions& options, Picture& picture) override;
+    bool take(const VEDrawOptions& options, uint32_t output, Picture& picture) override;
     bool takesFrames() const override { return true; }
 
 private:
     PixelTexture pixels_;
+    bool once_;
     uint32_t framebuffer_ = 0;
 };
 
@@ -28,7 +30,7 @@ public:
     explicit TextureSource(bool external) : external_(external) {}
 
     void stage(const VEDrawOptions& options) override;
-    bool take(const VEDrawOptions& options, Picture& picture) override;
+    bool take(const VEDrawOptions& options, uint32_t output, Picture& picture) override;
     bool isExternal() const override { return external_; }
 
 private:
@@ -43,7 +45,7 @@ public:
     ~DecodedSource() override;
 
     void stage(const VEDrawOptions& options) override;
-    bool take(const VEDrawOptions& options, Picture& picture) override;
+    bool take(const VEDrawOptions& options, uint32_t output, Picture& picture) override;
     bool isExternal() const override { return true; }
     DecoderSource* decoder() override { return decoder_.get(); }
     VEResult close(VEContext context) override;

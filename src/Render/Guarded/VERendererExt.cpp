@@ -61,6 +61,7 @@ VERendererOptions CheckedOptions(const VERendererOptions* given) {
         Require(options.maskWidth > 0 && options.maskHeight > 0, VE_ERROR_ARGUMENT);
     }
     Require(options.toFramebuffer != (options.outputTexture != 0), VE_ERROR_ARGUMENT);
+    Require(!options.drawLater || !options.drawOnce, VE_ERROR_ARGUMENT);
     Require(options.outputWidth > 0 && options.outputHeight > 0 &&
                 IsOneOf(options.outputFormat, VE_FORMAT_RGB, VE_FORMAT_RGBA) &&
                 IsOneOf(options.maskFormat, VE_MASK_RGB, VE_MASK_RGBA) && options.closeWaitMs >= 0,

@@ -119,6 +119,15 @@ abstract class AbstractRenderer implements AutoCloseable {
     }
 
     /**
+     * Whether each raw frame is drawn only by the call that brings it.
+     *
+     * @return true after {@link VideoRenderer.Builder#drawOnce}
+     */
+    public final boolean drawsOnce() {
+        return settings.drawOnce;
+    }
+
+    /**
      * Whether draws give back all GL state that they change.
      *
      * @return what {@link VideoRenderer.Builder#keepState} set

@@ -28,6 +28,7 @@ final class NativeRenderer {
             int maskWidth,
             int maskHeight,
             boolean drawLater,
+            boolean drawOnce,
             boolean keepState,
             long[] created);
 

@@ -13,6 +13,7 @@ final class Settings {
     int maskWidth;
     int maskHeight;
     boolean drawLater;
+    boolean drawOnce;
     boolean keepState = true;
 
     Settings(VideoSource source, int width, int height) {
@@ -34,6 +35,7 @@ final class Settings {
         maskWidth = other.maskWidth;
         maskHeight = other.maskHeight;
         drawLater = other.drawLater;
+        drawOnce = other.drawOnce;
         keepState = other.keepState;
     }
 
@@ -69,6 +71,7 @@ final class Settings {
                         maskWidth,
                         maskHeight,
                         drawLater,
+                        drawOnce,
                         keepState,
                         created));
         return created[0];

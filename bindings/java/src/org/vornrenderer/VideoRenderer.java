@@ -28,7 +28,8 @@ import org.jetbrains.annotations.Nullable;
  *
  * <p><b>Latency.</b> Raw frames and their masks are drawn in the call that takes them, or one call
  * later if the renderer {@linkplain Builder#drawLater() draws later}: the first call draws nothing
- * then, the second draws the first frame. {@link #draw()} draws the last frame that was taken.
+ * then, the second draws the first frame. {@link #draw()} draws the last frame that was taken, unless
+ * the renderer {@linkplain Builder#drawOnce() draws once}.
  * Compressed video shows the newest picture of the decoder, with a mask of the same call. Before
  * there is a picture, the destination stays as it is.
  *
@@ -224,13 +225,28 @@ public final class VideoRenderer extends ComposingRenderer {
 
         /**
          * Draws raw frames and their masks one call later: GL copies them while the application goes
-         * on. For GPUs that make a call wait otherwise; elsewhere it is slower.
+         * on. For GPUs that make a call wait otherwise; elsewhere it is slower. Undoes {@link #drawOnce}.
          *
          * @return this
          */
         @NotNull
         public Builder drawLater() {
             settings.drawLater = true;
+            settings.drawOnce = false;
+            return this;
+        }
+
+        /**
+         * Draws each raw frame only in the call that brings it: {@link VideoRenderer#draw()} without a
+         * frame draws nothing then. Saves a copy of frames that fit the destination. Undoes {@link
+         * #drawLater}.
+         *
+         * @return this
+         */
+        @NotNull
+        public Builder drawOnce() {
+            settings.drawOnce = true;
+            settings.drawLater = false;
             return this;
         }
 

@@ -81,6 +81,20 @@ public class DrawTest extends GlTest {
     }
 
     @Test
+    public void aFrameThatIsDrawnOnceIsNotDrawnAgain() {
+        VideoRenderer.Builder builder = builder(VideoSource.RGBA, 8, 8).drawLater().drawOnce();
+        try (VideoRenderer renderer = builder.build()) {
+            assertTrue(renderer.drawsOnce() && !renderer.drawsLater());
+            Color color = new Color(10, 200, 30, 40);
+            assertTrue(renderer.draw(flat(PixelLayout.RGBA, 8, 8, color)));
+            renderer.setMirrored(true);
+            renderer.setView(0, 0, 3);
+            assertFalse(renderer.draw());
+            assertEquals(color, pixel(drawn(8, 8), 0, 0));
+        }
+    }
+
+    @Test
     public void aDestinationInRgbHasNoAlpha() {
         Color clear = new Color(1, 2, 3, 0);
         VideoRenderer.Builder builder = builder(VideoSource.RGBA, 8, 8);
