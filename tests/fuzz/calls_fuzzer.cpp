@@ -72,6 +72,7 @@ void Create(FuzzedDataProvider& input, World& world, Slot& slot) {
         OptionsOf(input.PickValueInArray({VE_SOURCE_RGB, VE_SOURCE_RGBA, VE_SOURCE_TEXTURE_2D}),
                   kSize.width, kSize.height);
     options.keepState = input.ConsumeBool();
+    options.drawOnce = input.ConsumeBool();
     slot.guarded = std::make_unique<ExtRenderer>(
         masked ? WithMask(options, Image(kSize), VE_MASK_RGBA) : options);
 }
@@ -87,12 +88,15 @@ Scene ReadScene(FuzzedDataProvider& input, Images& images, const Slot& slot) {
     const bool masked =
         slot.plain ? slot.plain->mode.outputMode == VE_OUTPUT_MASKED : input.ConsumeBool();
     scene.mask = masked ? &images.mask : nullptr;
-    if (slot.guarded != nullptr || masked) {
+    if (slot.guarded != nullptr && input.ConsumeBool()) {
+        scene.zoom = VE_ZOOM_FIT;
+    } else if (slot.guarded != nullptr || masked) {
         scene.viewX = input.ConsumeFloatingPointInRange(-1.0F, 1.0F);
         scene.zoom = input.ConsumeFloatingPointInRange(0.0F, 4.0F);
     }
     if (slot.guarded != nullptr) {
-        scene.viewY = input.ConsumeFloatingPointInRange(-1.0F, 1.0F);
+        scene.viewY =
+            scene.zoom == VE_ZOOM_FIT ? 0 : input.ConsumeFloatingPointInRange(-1.0F, 1.0F);
         scene.rotation = 180 * input.ConsumeIntegralInRange(0, 1);
     }
     for (int i = input.ConsumeIntegralInRange(0, 2); i > 0; --i) {
