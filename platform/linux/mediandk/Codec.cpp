@@ -139,7 +139,7 @@ media_status_t Codec::SetWindow(ANativeWindow* window) {
         return AMEDIA_ERROR_INVALID_OPERATION;
     }
     configuration_->renderer = NewRenderer(window);
-    flow_->ChangeWindow();
+    flow_->Withdraw();
     return AMEDIA_OK;
 }
 
@@ -226,10 +226,11 @@ void Codec::Show(Picture picture, std::optional<int64_t> timestampNs) {
     const auto renderer = Renderer();
     const int64_t unit = picture.unit;
     const int64_t shownNs = timestampNs.value_or(picture.timeUs * kNanosecondsPerMicrosecond);
+    flow_->Offer();
     if (renderer != nullptr && renderer->Render(std::move(picture), shownNs)) {
         flow_->Deliver(unit);
     } else {
-        flow_->EndTurn();
+        flow_->Withdraw();
     }
 }
 

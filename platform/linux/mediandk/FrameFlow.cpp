@@ -36,7 +36,12 @@ void FrameFlow::EndTurn() {
     changed_.notify_all();
 }
 
-void FrameFlow::ChangeWindow() {
+void FrameFlow::Offer() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    unlatched_ = true;
+}
+
+void FrameFlow::Withdraw() {
     const std::lock_guard<std::mutex> lock(mutex_);
     turnTaken_ = false;
     unlatched_ = false;
@@ -45,7 +50,6 @@ void FrameFlow::ChangeWindow() {
 
 void FrameFlow::Deliver(int64_t unit) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    unlatched_ = true;
     ++frames_.delivered;
     frames_.unit = unit;
     changed_.notify_all();

@@ -23,8 +23,10 @@ public:
     /// picture is latched, or EndTurn(). \return false on a timeout.
     bool TakeTurn(int64_t timeoutUs);
     void EndTurn();
-    /// Notes that nobody may latch the picture that the old window has.
-    void ChangeWindow();
+    /// Notes that the window gets a picture now. It may be latched before it is delivered.
+    void Offer();
+    /// Notes that nobody latches the picture offered last.
+    void Withdraw();
     /// Counts a picture that the window got.
     void Deliver(int64_t unit);
     /// Notes that the window got the last picture.

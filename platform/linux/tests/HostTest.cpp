@@ -84,6 +84,14 @@ TEST_F(HostOfDecoder, LockStepHoldsForThePictureThatIsThereAlready) {
     EXPECT_GE(next(kLongUs), 0);
 }
 
+TEST_F(HostOfDecoder, LockStepGoesOnWhenPicturesAreLatchedAtOnce) {
+    window.queue->SetListener([this] { window.queue->Release(window.queue->Acquire()); });
+    client.Feed(Encode(stream, 8));
+    const Drainer drainer(client.Get());
+    HostDecoder_endStream(host.get(), -1);
+    EXPECT_EQ(HostDecoder_waitForFrame(host.get(), 7, kLongUs, nullptr), HOST_READY);
+}
+
 TEST_F(HostOfDecoder, SteppingHoldsAPictureThatWasShown) {
     constexpr int kCount = 8;
     HostDecoder_setStepping(host.get(), 1);
