@@ -166,8 +166,8 @@ typedef struct VERendererOptions {
     int32_t outputWidth;   ///< Size of the output texture; 0: the source's.
     int32_t outputHeight;  ///< Likewise.
     /// A GL_TEXTURE_2D. Without immutable storage it is given storage of the output's size that is
-    /// transparent black, with linear filters and clamped edges. It keeps its storage until the
-    /// renderer is closed.
+    /// transparent black, with linear filters and clamped edges. Give it no other storage before
+    /// the renderer is closed.
     uint32_t outputTexture;
     int32_t outputFormat;  ///< VE_FORMAT_RGB or VE_FORMAT_RGBA; 0: RGBA.
     int32_t maskFormat;    ///< Of mask pixels: VE_MASK_RGB or VE_MASK_RGBA; 0: none are given.
