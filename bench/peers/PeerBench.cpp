@@ -35,13 +35,6 @@ Bytes MakePixels(const FrameCase& frame) {
     return pixels;
 }
 
-/// The others do not keep a frame either.
-VERendererOptions DrawingOnce() {
-    VERendererOptions options = VEMakeRendererOptions();
-    options.drawOnce = true;
-    return options;
-}
-
 class PeerContest {
 public:
     PeerContest(const FrameCase& frame, bool enlarged)

@@ -19,24 +19,6 @@ constexpr int kRounds = 60;
 constexpr int kDrawsPerRound = 2;
 constexpr float kInitialZoom = 2;
 
-VERendererOptions KeepingState() {
-    VERendererOptions options = VEMakeRendererOptions();
-    options.keepState = true;
-    return options;
-}
-
-VERendererOptions DrawingLater() {
-    VERendererOptions options = VEMakeRendererOptions();
-    options.drawLater = true;
-    return options;
-}
-
-VERendererOptions DrawingOnce() {
-    VERendererOptions options = VEMakeRendererOptions();
-    options.drawOnce = true;
-    return options;
-}
-
 /// Raw frames that are enlarged, as the seven functions show them without a mask.
 class GuardedContest {
 public:

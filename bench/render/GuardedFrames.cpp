@@ -12,6 +12,24 @@ void Check(VEResult result) {
 
 }  // namespace
 
+VERendererOptions KeepingState() {
+    VERendererOptions options = VEMakeRendererOptions();
+    options.keepState = true;
+    return options;
+}
+
+VERendererOptions DrawingLater() {
+    VERendererOptions options = VEMakeRendererOptions();
+    options.drawLater = true;
+    return options;
+}
+
+VERendererOptions DrawingOnce() {
+    VERendererOptions options = VEMakeRendererOptions();
+    options.drawOnce = true;
+    return options;
+}
+
 GuardedFrames::GuardedFrames(const FrameCase& frame, VERendererOptions options) {
     glGenTextures(1, &target_);
     options.source = frame.alpha ? VE_SOURCE_RGBA : VE_SOURCE_RGB;

@@ -3,6 +3,13 @@
 #include "FrameCase.h"
 #include "render/VERendererExt.h"
 
+/// \name Options that differ in one from the usual ones
+/// \{
+VERendererOptions KeepingState();
+VERendererOptions DrawingLater();
+VERendererOptions DrawingOnce();
+/// \}
+
 /// A guarded renderer of raw frames, as an application uses it.
 class GuardedFrames {
 public:

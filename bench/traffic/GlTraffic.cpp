@@ -92,19 +92,13 @@ void PrintRow(const std::string& name, const std::vector<int>& cells) {
 int main() {
     const TestContext context;
     const VERendererOptions usual = VEMakeRendererOptions();
-    VERendererOptions later = usual;
-    later.drawLater = true;
-    VERendererOptions keepState = usual;
-    keepState.keepState = true;
-    VERendererOptions once = usual;
-    once.drawOnce = true;
     const std::vector<Counts> frames = {
         CountSevenFunctions(),
         CountGuarded(usual, kInitialZoom),
-        CountGuarded(later, kInitialZoom),
+        CountGuarded(DrawingLater(), kInitialZoom),
         CountGuarded(usual, VE_ZOOM_FIT),
-        CountGuarded(keepState, VE_ZOOM_FIT),
-        CountGuarded(once, VE_ZOOM_FIT),
+        CountGuarded(KeepingState(), VE_ZOOM_FIT),
+        CountGuarded(DrawingOnce(), VE_ZOOM_FIT),
     };
     std::cout << "| | seven | guarded | drawLater | copied | copied, keepState | uploaded |\n"
                  "|---|--:|--:|--:|--:|--:|--:|\n";

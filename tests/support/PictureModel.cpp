@@ -4,7 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
+#include <set>
+#include <vector>
 
 namespace {
 
@@ -20,18 +21,32 @@ struct Point {
     double y;
 };
 
-bool NearInteger(double value) {
-    return std::abs(value - std::round(value)) < kTooClose;
+/// Colors of which a pixel has one: more than one where rounding decides.
+using Colors = std::vector<Rgba>;
+
+/// The texels of a row or column of \p size that may be nearest to \p place. On its ends, edges may
+/// be clamped or wrapped.
+std::set<int> NearestTexels(double place, int size) {
+    std::set<int> texels;
+    for (const double offset : {-kTooClose, kTooClose}) {
+        const int texel = static_cast<int>(std::floor(place * size + offset));
+        texels.insert({std::clamp(texel, 0, size - 1), (texel % size + size) % size});
+    }
+    return texels;
 }
 
-/// Nearest texel at (u, v); none when two are equally near.
-std::optional<Rgba> Sample(const Image& image, double u, double v) {
-    const double x = u * image.size.width;
-    const double y = v * image.size.height;
-    if (NearInteger(x) || NearInteger(y)) {
-        return std::nullopt;
+Colors Sample(const Image& image, double u, double v) {
+    Colors colors;
+    for (const int y : NearestTexels(v, image.size.height)) {
+        for (const int x : NearestTexels(u, image.size.width)) {
+            colors.push_back(image.Pixel(x, y));
+        }
     }
-    return image.Pixel(static_cast<int>(x), static_cast<int>(y));
+    return colors;
+}
+
+void Append(Colors& colors, const Colors& more) {
+    colors.insert(colors.end(), more.begin(), more.end());
 }
 
 /// The point of the picture's plane that is seen at the center of an output pixel.
@@ -60,20 +75,22 @@ Point InSource(const Scene& scene, double u, double v) {
     return p;
 }
 
-std::optional<Rgba> PicturePixel(const Scene& scene, const Point& p) {
+Colors PicturePixel(const Scene& scene, const Point& p) {
     const double u = (p.x + 1) / 2;
     const double v = (p.y + 1) / 2;
     const Point place = InSource(scene, u, v);
-    const std::optional<Rgba> color = Sample(*scene.source, place.x, place.y);
-    if (scene.mask == nullptr || !color) {
-        return color;
+    Colors colors = Sample(*scene.source, place.x, place.y);
+    if (scene.mask == nullptr) {
+        return colors;
     }
-    const std::optional<Rgba> key = Sample(*scene.mask, u, v);
-    if (!key) {
-        return std::nullopt;
+    Colors keyed;
+    for (const Rgba& key : Sample(*scene.mask, u, v)) {
+        const bool black = key[0] == 0 && key[1] == 0 && key[2] == 0;
+        for (const Rgba& color : colors) {
+            keyed.push_back(black ? kKeyColor : Rgba{color[0], color[1], color[2], key[3]});
+        }
     }
-    const bool black = (*key)[0] == 0 && (*key)[1] == 0 && (*key)[2] == 0;
-    return black ? kKeyColor : Rgba{(*color)[0], (*color)[1], (*color)[2], (*key)[3]};
+    return keyed;
 }
 
 enum class Cover { Outside, Inside, Edge };
@@ -87,8 +104,8 @@ Cover Covers(const Point& p, double left, double right, double top, double botto
     return inside > 0 ? Cover::Inside : Cover::Outside;
 }
 
-/// Draws the stickers over \p color, in order.
-void OverlayStickers(const Scene& scene, const Point& p, Size size, std::optional<Rgba>& color) {
+/// Draws the stickers over \p colors, in order.
+void OverlayStickers(const Scene& scene, const Point& p, Size size, Colors& colors) {
     const int halfWidth = size.width / 2;
     const int halfHeight = size.height / 2;
     for (const auto& [x, y] : scene.stickers) {
@@ -98,30 +115,34 @@ void OverlayStickers(const Scene& scene, const Point& p, Size size, std::optiona
         const double left = static_cast<double>(x - halfWidth) / halfWidth - 0.05;
         const double top = static_cast<double>(y - halfHeight) / halfHeight - 0.4;
         const Cover cover = Covers(p, left, left + 0.1, top, top + 0.2);
-        if (cover == Cover::Edge) {
-            color = std::nullopt;
-        } else if (cover == Cover::Inside) {
-            const double u = (p.x - left) / 0.1;
-            const double v = 1 - (p.y - top) / 0.2;  // First row nearest to the anchor.
-            color = Sample(*scene.sticker, scene.colorMirror ? u : 1 - u, v);
+        if (cover == Cover::Outside) {
+            continue;
         }
+        if (cover == Cover::Inside) {
+            colors.clear();
+        }
+        const double u = (p.x - left) / 0.1;
+        const double v = 1 - (p.y - top) / 0.2;  // First row nearest to the anchor.
+        Append(colors, Sample(*scene.sticker, scene.colorMirror ? u : 1 - u, v));
     }
 }
 
-/// What is seen at an output pixel; none where rounding decides.
-std::optional<Rgba> Predict(const Scene& scene, int x, int y, Size size) {
+/// What may be seen at an output pixel.
+Colors Predict(const Scene& scene, int x, int y, Size size) {
     const Point p =
         Unproject(scene, (2.0 * x + 1) / size.width - 1, (2.0 * y + 1) / size.height - 1);
-    std::optional<Rgba> color = scene.clear;
-    switch (Covers(p, -1, 1, -1, 1)) {
-        case Cover::Inside: color = PicturePixel(scene, p); break;
-        case Cover::Edge: color = std::nullopt; break;
-        case Cover::Outside: break;
+    const Cover cover = Covers(p, -1, 1, -1, 1);
+    Colors colors;
+    if (cover != Cover::Inside) {
+        colors.push_back(scene.clear);
+    }
+    if (cover != Cover::Outside) {
+        Append(colors, PicturePixel(scene, p));
     }
     if (scene.sticker != nullptr) {
-        OverlayStickers(scene, p, size, color);
+        OverlayStickers(scene, p, size, colors);
     }
-    return color;
+    return colors;
 }
 
 }  // namespace
@@ -130,20 +151,21 @@ double ViewScale(double zoom) {
     return 1.0 / std::tan(23.5 * kPi / 180.0) / (3.0 - 0.5 * zoom);
 }
 
-void ExpectShows(const Image& drawn, const Scene& scene) {
-    const int pixels = drawn.size.width * drawn.size.height;
+int ExpectMayShow(const Image& drawn, const Scene& scene) {
     int undecided = 0;
     int wrong = 0;
-    for (int i = 0; i < pixels; ++i) {
+    for (int i = 0; i < drawn.size.width * drawn.size.height; ++i) {
         const int x = i % drawn.size.width;
         const int y = i / drawn.size.width;
-        const std::optional<Rgba> expected = Predict(scene, x, y, drawn.size);
-        undecided += expected ? 0 : 1;
-        for (size_t c = 0; expected && c < expected->size(); ++c) {
-            wrong += drawn.Pixel(x, y).at(c) != expected->at(c) ? 1 : 0;
-        }
+        const Colors possible = Predict(scene, x, y, drawn.size);
+        undecided += possible.size() > 1 ? 1 : 0;
+        wrong += std::count(possible.begin(), possible.end(), drawn.Pixel(x, y)) == 0 ? 1 : 0;
     }
-    EXPECT_EQ(wrong, 0) << "channels differ";
-    EXPECT_TRUE(scene.random || undecided < pixels / 8 + 2)
-        << undecided << " of " << pixels << " undecided: the model says too little";
+    EXPECT_EQ(wrong, 0) << "pixels differ";
+    return undecided;
+}
+
+void ExpectShows(const Image& drawn, const Scene& scene) {
+    const int pixels = drawn.size.width * drawn.size.height;
+    EXPECT_LT(ExpectMayShow(drawn, scene), pixels / 8 + 2) << "the model says too little";
 }

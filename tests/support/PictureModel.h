@@ -17,13 +17,16 @@ struct Scene {
     /// As surface textures give it: column by column, t = 0 at the last row. Null for none.
     const float* sourceMatrix = nullptr;
     Rgba clear = {0, 0, 0, 0};
-    bool random = false;  ///< Any number of its pixels may lie close to edges.
 };
 
 /// How large the picture is drawn, as a part of the output, negative from behind.
 double ViewScale(double zoom);
 
-/// Expects that \p drawn shows the scene. Pixels do not count where the sample is so close to an
-/// edge of a texel, of the picture or of a sticker that rounding may decide; their number is
-/// bounded, unless the scene is random.
+/// Expects that \p drawn may show the scene. Where a sample is so close to an edge of a texel, of
+/// the picture or of a sticker that rounding may decide, the colors of both sides are right.
+///
+/// \return how many pixels have such a choice.
+int ExpectMayShow(const Image& drawn, const Scene& scene);
+
+/// The same, and that few pixels have a choice.
 void ExpectShows(const Image& drawn, const Scene& scene);

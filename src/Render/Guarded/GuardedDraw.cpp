@@ -109,12 +109,14 @@ VEDrawn GuardedDraw::draw(const VEDrawOptions& options) {
     stage(options);
     mask_.take(options);
     const bool asIs = showsAsIs(options);
-    Picture picture = {};
-    if (!source_->take(options, asIs ? output_.rgbaTexture() : 0, picture)) {
+    const uint32_t direct = asIs ? output_.rgbaTexture() : 0;
+    const bool uploaded = direct != 0 && source_->upload(options, direct);
+    Picture picture = {0, 0, {}, true, VE_NO_TIME};
+    if (!uploaded && !source_->take(options, picture)) {
         return {sizeof(VEDrawn), false, false, VE_NO_TIME};
     }
     const OVR::Matrix4<float> view = output_.upright(MatrixOf(ViewOf(options)));
-    if (picture.inOutput) {
+    if (uploaded) {
         output_.bind();
     } else if (asIs && picture.framebuffer != 0) {
         output_.beginWith(picture.framebuffer);

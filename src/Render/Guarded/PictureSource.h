@@ -16,7 +16,6 @@ struct Picture {
     OVR::Matrix4<float> place;
     bool isNew;
     int64_t ptsUs;
-    bool inOutput;  ///< The output has it already.
 };
 
 /// Where a guarded renderer's pictures come from. Each draw asks in two steps: stage may fail, and
@@ -33,9 +32,12 @@ public:
     /// Prepares the picture that \p options bring. Throws Failure, also for options that do not fit
     /// the source.
     virtual void stage(const VEDrawOptions& options) = 0;
-    /// \param output a texture that a frame of its size may be uploaded to; 0: none.
     /// \return whether there is a picture, and in \p picture the newest one.
-    virtual bool take(const VEDrawOptions& options, uint32_t output, Picture& picture) = 0;
+    virtual bool take(const VEDrawOptions& options, Picture& picture) = 0;
+    /// Brings the picture to \p output, an RGBA texture of the output's size, instead of take.
+    ///
+    /// \return false if only take can bring it.
+    virtual bool upload(const VEDrawOptions& /*options*/, uint32_t /*output*/) { return false; }
 
     /// Whether VEDrawOptions::frame is its picture.
     virtual bool takesFrames() const { return false; }

@@ -28,23 +28,26 @@ void FrameSource::stage(const VEDrawOptions& options) {
     pixels_.stage(options.frame);
 }
 
-bool FrameSource::take(const VEDrawOptions& options, uint32_t output, Picture& picture) {
-    const bool inOutput = once_ && framebuffer_ != 0 && output != 0 && options.frame != nullptr;
-    if (inOutput) {
+bool FrameSource::take(const VEDrawOptions& options, Picture& picture) {
+    const bool isNew = pixels_.commit(options.frame);
+    picture = {pixels_.name(), framebuffer_, IdentityPlace(), isNew, VE_NO_TIME};
+    return once_ ? isNew : pixels_.filled();
+}
+
+bool FrameSource::upload(const VEDrawOptions& options, uint32_t output) {
+    const bool can = once_ && framebuffer_ != 0 && options.frame != nullptr;
+    if (can) {
         pixels_.uploadTo(output, options.frame);
     }
-    const bool isNew = inOutput || pixels_.commit(options.frame);
-    picture = {pixels_.name(), framebuffer_, IdentityPlace(), isNew, VE_NO_TIME, inOutput};
-    return once_ ? isNew : pixels_.filled();
+    return can;
 }
 
 void TextureSource::stage(const VEDrawOptions& options) {
     Require(options.frame == nullptr, VE_ERROR_UNSUPPORTED);
 }
 
-bool TextureSource::take(const VEDrawOptions& options, uint32_t /*output*/, Picture& picture) {
-    picture = {
-        options.sourceTexture, 0, SourcePlace(options.sourceMatrix), true, VE_NO_TIME, false};
+bool TextureSource::take(const VEDrawOptions& options, Picture& picture) {
+    picture = {options.sourceTexture, 0, SourcePlace(options.sourceMatrix), true, VE_NO_TIME};
     return options.sourceTexture != 0;
 }
 
@@ -76,8 +79,8 @@ void DecodedSource::stage(const VEDrawOptions& options) {
     hasNewPicture_ = (hasNewPicture_ || latched_.isNew) && hasPicture_;
 }
 
-bool DecodedSource::take(const VEDrawOptions& /*options*/, uint32_t /*output*/, Picture& picture) {
-    picture = {texture_, 0, SourcePlace(latched_.matrix), hasNewPicture_, latched_.ptsUs, false};
+bool DecodedSource::take(const VEDrawOptions& /*options*/, Picture& picture) {
+    picture = {texture_, 0, SourcePlace(latched_.matrix), hasNewPicture_, latched_.ptsUs};
     hasNewPicture_ = false;
     return hasPicture_;
 }

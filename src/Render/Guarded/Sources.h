@@ -15,7 +15,8 @@ public:
     FrameSource(GLNames& names, const PixelLayout& layout, bool delayed, bool once, bool fits);
 
     void stage(const VEDrawOptions& options) override;
-    bool take(const VEDrawOptions& options, uint32_t output, Picture& picture) override;
+    bool take(const VEDrawOptions& options, Picture& picture) override;
+    bool upload(const VEDrawOptions& options, uint32_t output) override;
     bool takesFrames() const override { return true; }
 
 private:
@@ -30,7 +31,7 @@ public:
     explicit TextureSource(bool external) : external_(external) {}
 
     void stage(const VEDrawOptions& options) override;
-    bool take(const VEDrawOptions& options, uint32_t output, Picture& picture) override;
+    bool take(const VEDrawOptions& options, Picture& picture) override;
     bool isExternal() const override { return external_; }
 
 private:
@@ -45,7 +46,7 @@ public:
     ~DecodedSource() override;
 
     void stage(const VEDrawOptions& options) override;
-    bool take(const VEDrawOptions& options, uint32_t output, Picture& picture) override;
+    bool take(const VEDrawOptions& options, Picture& picture) override;
     bool isExternal() const override { return true; }
     DecoderSource* decoder() override { return decoder_.get(); }
     VEResult close(VEContext context) override;
