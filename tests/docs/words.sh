@@ -7,11 +7,11 @@ unnamed='on purpose|by design|deliberate'
 everything=(./*.md CMakePresets.json android bench bindings cmake docs gl include kernel packaging platform scripts
     src tests tools)
 failed=0
-if grep -rnIiE --exclude=words.sh "$british|java (virtual )?machine" "${everything[@]}"; then
+if grep -rnIiE --exclude=words.sh --exclude-dir=node_modules "$british|java (virtual )?machine" "${everything[@]}"; then
     echo "FAILED: use American spelling, and \"JVM\"" >&2
     failed=1
 fi
-if grep -rnIiE --exclude=words.sh "$unnamed" "${everything[@]}"; then
+if grep -rnIiE --exclude=words.sh --exclude-dir=node_modules "$unnamed" "${everything[@]}"; then
     echo "FAILED: name a row of docs/compatibility.md" >&2
     failed=1
 fi
